@@ -1,0 +1,63 @@
+// What a host tells the program. Every event enters by the one door, HandleEvent in core/startup/door.h.
+#pragma once
+
+#include <cstdint>
+
+// The program's windows. Each has a persistent image; see surface.h.
+enum Window : uint8_t {
+    NoWindow,     // a release outside every window
+    TopWindow,    // 240 x 294 at device y 26: header and column titles; the parent of List and Host
+    ListWindow,   // 240 x 262 at y 36 of TopWindow: rows, tab strip, message window
+    HostWindow,   // 240 x 394 at 0, 0 of TopWindow, hidden unless used: front page, calculator, palette, pass code
+    HubWindow,    // the small data hub, placed by the program in TopWindow's coordinates
+    DialogWindow, // the open form, 240 x 268 at device y 26
+    WindowCount
+};
+
+enum class EventKind : uint8_t {
+    PointerDown, // Where, X, Y
+    PointerMove, // Where, X, Y; only while the pointer is down
+    PointerUp,   // Where, X, Y
+    DoubleTap,   // Where, X, Y; stands for the second PointerDown, its PointerUp follows
+    Key,         // Code is a Key
+    Command,     // Code is a menu command or bar button
+    Control,     // Control id and Change of the open form
+    Scroll,      // Code is a ScrollCode, Position for the thumb
+    Paint,       // a paint request, see surface.h
+    Close,       // the window's close button; the same as command 40002
+};
+
+enum class Key : uint8_t {
+    None,
+    Up, Down, Left, Right, Enter, Backspace, Clear,
+    Digit0, Digit1, Digit2, Digit3, Digit4, Digit5, Digit6, Digit7, Digit8, Digit9,
+    Tab1, Tab2, Tab3, Tab4, Tab5, Tab6, Tab7, Tab8, // show that screen
+    Stroke, // a horizontal stroke on the selected row
+    Escape, // leaves a form, the hub, About or help mode; nothing elsewhere
+    Help,   // the eyes
+    Delete, // "this entry only" on a list
+    New, Modify,
+    Tick,
+};
+
+enum class ScrollCode : uint8_t { LineUp, LineDown, PageUp, PageDown, ThumbTrack, Top, Bottom };
+
+enum class ControlChange : uint8_t {
+    Focus,        // gained the focus by tap or Tab
+    Choice,       // the owner chose a list item
+    Dropped,      // the list was dropped down
+    Text,         // the text was changed
+    Pressed,      // a check box, button or list row was pressed
+    DoublePressed,
+    Calendar,     // the calendar was opened
+};
+
+struct Event {
+    EventKind Kind;
+    Window Where = NoWindow;
+    int X = 0, Y = 0; // in Where's coordinates; may be outside it during a drag
+    int Code = 0;
+    int Position = 0;
+    int Control = 0;
+    ControlChange Change = ControlChange::Focus;
+};
