@@ -1,0 +1,14 @@
+// The one door between a host and the program.
+#pragma once
+
+#include "platform/event.h"
+
+// Starts the program: the lock, the state block, directories, windows, configuration, data. 1 to go on with the
+// host's loop, -1 when another copy runs on this device root and has been woken, 0 when the machine refused the windows.
+[[nodiscard]] int WinMain();
+
+// Every event of the host. When it returns, the screen is painted and the files are written.
+void HandleEvent(const Event &event);
+
+// Called when no input waits. 1 while it wants to be called again without an event.
+int IdleStep();

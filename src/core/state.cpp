@@ -1,0 +1,26 @@
+#include "core/state.h"
+
+State state;
+
+void ResetState() {
+    state = State{};
+    state.CurrentScreen = AccountList;
+    state.DataUsable = 1;
+    state.RowCount = MostRows;
+    state.ShowFrontPage = 1;
+    state.CheckAheadDays = 7;
+    state.MovieSpeed = 20;
+    state.PercentLink = 2;
+    state.ConfSpare = 3;
+    state.CurrentKey = NoKey;
+    state.DrawDepth = 3;
+    state.RecurringInOrder = 1;
+    state.GraphScale = 1;
+    state.ColumnRepaintGate = 1;
+    state.FirstSign = state.SecondSign = 1;
+    state.LeftEye = state.RightEye = 9;
+    for (int list = AccountList; list < ListCount; ++list)
+        state.TopPos[list] = 1;
+    for (int list : {AccountList, GraphList, RecurringList, BinList})
+        state.SelectedPos[list] = 1;
+}
