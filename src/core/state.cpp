@@ -1,9 +1,13 @@
 #include "core/state.h"
+#include <cstring>
+#include <initializer_list>
+#include <type_traits>
 
 State state;
 
 void ResetState() {
-    state = State{};
+    static_assert(std::is_trivially_copyable_v<State>);
+    std::memset(static_cast<void *>(&state), 0, sizeof state);
     state.CurrentScreen = AccountList;
     state.DataUsable = 1;
     state.RowCount = MostRows;

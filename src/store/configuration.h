@@ -1,0 +1,31 @@
+// The configuration record: settings and column dividers. Never enciphered. Every writer reads the whole record,
+// changes its own fields and writes it back.
+#pragma once
+
+#include "store/records/records.h"
+
+inline constexpr int ScreenWidth = 240;
+inline constexpr int RightEdge = 226; // of the rows; the scroll bar stands behind it
+
+// Pixels to thousandths of the screen width and back, both cut.
+constexpr uint32_t normalise(int32_t pixels) {
+    return static_cast<uint32_t>(pixels) * 1000U / ScreenWidth;
+}
+constexpr int32_t denormalise(uint32_t stored) {
+    return static_cast<int32_t>(static_cast<uint64_t>(stored) * ScreenWidth / 1000U % 100000U);
+}
+
+void SetConfDefaults(ConfRec *record);
+// Reads the record; when it is short, writes the defaults in its place. Dividers out of bounds fall back.
+void LoadConfFile();
+// Writes back the settings and the dividers: those that nobody dragged exactly as they were read.
+void StoreConfFile();
+// Reads the six settings of the state block alone.
+void UpdateBmap();
+// The record as it stands. 1, or 0 and the defaults on a short read.
+int ReadConfiguration(ConfRec *record);
+// 0 on failure, reported as CwriteFail under `function`.
+enum class In : uint8_t;
+int WriteConfiguration(const ConfRec *record, In function);
+// Stamps today into LastChecked.
+void StampLastChecked();
