@@ -4,7 +4,8 @@
 #include "platform/event.h"
 
 // Starts the program: the lock, the state block, directories, windows, configuration, data. 1 to go on with the
-// host's loop, -1 when another copy runs on this device root and has been woken, 0 when the machine refused the windows.
+// host's loop, -1 when another copy runs on this device root and has been woken, 0 when the machine refused the
+// windows.
 [[nodiscard]] int WinMain();
 
 // Every event of the host. When it returns, the screen is painted and the files are written.

@@ -1,0 +1,19 @@
+// Moving, deleting and restoring records.
+#pragma once
+
+#include "store/records/records.h"
+
+// Moves a record of the current list, with the new content given; equal positions change it in place. Transactions
+// have CalcBalance run afterwards. Categories and conversions are not moved: 0.
+int MoveRecFile(uint32_t accountID, int32_t from, int32_t to, const void *record);
+
+// The owner's delete of one row of the current list: into the bin, then out of its file, then the window's top
+// repaired. A row of the bin is erased for good, an account row with its files. A heading row goes without a bin copy.
+// Refused (0) while a filter is shown.
+int DeleteRecMem(int32_t position);
+
+// Restores the selected bin row into the list that state.CurrentScreen names. 1 when it was restored.
+int AddTranMem();
+
+// The top of a list after one row of it went: it falls by one when the window would show more than two blank rows.
+void RepairTop(int list);
