@@ -154,7 +154,11 @@ struct State {
     // Hub
     int32_t HubState; // 0 closed, 1 hub, 2 calculator
 
+    // Palette: entries count from 1; entry i + 60 is i moved in hue
+    Colour Palette[125];
+
     // Forms: shared by all
+    const struct Form *OpenedForm;  // of screens/frame/form.h, null for none
     int32_t FormFlag;               // 0 to 3
     uint32_t FirstSign, SecondSign; // 1 plus
     uint32_t FormCleared, FormNoCash;

@@ -1,0 +1,11 @@
+// The strip of coloured tabs under the rows.
+#pragma once
+
+enum TabState : int { NormalTab = 1, SelectedTab = 2, HotTab = 3 };
+
+// The whole strip; only the icons while a column edge is dragged.
+void DrawTabs();
+// One tab's shape, 1 to 8 (others ignored). An unknown state is reported as caseError.
+void DrawTabText(int tab, int tabState);
+// The slot of a tab on the page shown, 1 to 6, or 0 when the page does not show it.
+int SlotOfTab(int tab);
