@@ -23,6 +23,7 @@ void ResetState() {
     state.ColumnRepaintGate = 1;
     state.FirstSign = state.SecondSign = 1;
     state.LeftEye = state.RightEye = 9;
+    std::memset(state.ItemEnabled, 1, sizeof state.ItemEnabled); // what SetGreys leaves alone can be chosen
     for (int list = AccountList; list < ListCount; ++list)
         state.TopPos[list] = 1;
     for (int list : {AccountList, GraphList, RecurringList, BinList})

@@ -11,7 +11,9 @@ inline constexpr int64_t LargestShown = 100000000;
 inline constexpr char16_t OverflowText[] = u"*** ! ***";
 
 // Whole units, cut toward zero.
-constexpr int64_t WholePart(FixedAmount value) { return value / Thousand; }
+constexpr int64_t WholePart(FixedAmount value) {
+    return value / Thousand;
+}
 // 0 to 999, the magnitude of the thousandths.
 constexpr int FractionPart(FixedAmount value) {
     const int rest = static_cast<int>(value % Thousand);
@@ -29,7 +31,9 @@ constexpr FixedAmount AddAmounts(FixedAmount a, FixedAmount b) {
 constexpr FixedAmount SubtractAmounts(FixedAmount a, FixedAmount b) {
     return static_cast<FixedAmount>(static_cast<uint64_t>(a) - static_cast<uint64_t>(b));
 }
-constexpr FixedAmount NegateAmount(FixedAmount a) { return SubtractAmounts(0, a); }
+constexpr FixedAmount NegateAmount(FixedAmount a) {
+    return SubtractAmounts(0, a);
+}
 // A line's value: a whole multiplier times an amount.
 constexpr FixedAmount TimesUnits(int64_t units, FixedAmount value) {
     return static_cast<FixedAmount>(static_cast<uint64_t>(units) * static_cast<uint64_t>(value));

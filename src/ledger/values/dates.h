@@ -22,9 +22,10 @@ enum DateUnit : int { StepDay = 1, StepMonth = 2, StepYear = 3 };
 int IsLeapYear(uint32_t year);
 // 28 to 31; month 1 to 12. A month outside is taken as the nearest.
 int DaysInMonth(uint32_t year, int month);
-// Calendar fields to day number. Fields outside the calendar, as a damaged record may hold them, are clamped first.
+// Calendar fields to day number. Fields as a damaged record may hold them are first brought to year 1601 to 10000,
+// month 1 to 12, day 1 to 31; a day past its month's end counts on into the next month and stays as it is.
 void InsertAbs(RecDate *date);
-// Day number to calendar fields.
+// Day number to calendar fields. A number outside 1 to LastDayNumber is first brought to the nearest.
 void InsertDate(RecDate *date);
 // Today by the device's clock, both forms.
 void LoadTodaysDate(RecDate *date);
