@@ -1,0 +1,20 @@
+// The message lines that the program remembers.
+#include "core/messages.h"
+#include "core/state.h"
+#include "test_host.h"
+
+namespace testhost {
+
+std::string Line(int n) {
+    const int id = state.MessageLine[n];
+    return id > 0 ? Utf8(MessageText(id)) : "";
+}
+
+std::string Lines() {
+    std::string all = Line(0);
+    for (int n = 1; n < MessageLines; ++n)
+        all += "/" + Line(n);
+    return all;
+}
+
+} // namespace testhost
