@@ -4,7 +4,19 @@
 
 #include "store/records/records.h"
 
-enum class FieldType : uint8_t { Byte, Number, Amount, Date, Text32, Text10, Bytes2, Bytes32, Numbers2, Numbers5 };
+enum class FieldType : uint8_t { // ORDER FIELDTYPE: ByteCounts
+    Byte,
+    Number,
+    Amount,
+    Date,
+    Text32,
+    Text10,
+    Bytes2,
+    Bytes32,
+    Bytes44,
+    Numbers2,
+    Numbers5
+};
 
 struct Field {
     const char *Name;
