@@ -13,6 +13,8 @@ namespace fs = std::filesystem;
 
 namespace testhost {
 
+static constexpr char DataDirectory[] = "\\Program Files\\Zentrik\\E1_Data";
+
 TestRoot::TestRoot() : removed(true) {
     char pattern[] = "/tmp/zentrik-test-XXXXXX";
     path = mkdtemp(pattern);

@@ -193,7 +193,6 @@ private:
     std::string path;
     bool removed;
 };
-inline constexpr char DataDirectory[] = "\\Program Files\\Zentrik\\E1_Data";
 
 // Power-on: windows, surface, controls, machine and disk switches as at first. The clock stays.
 void ResetHost();
