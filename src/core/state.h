@@ -156,6 +156,12 @@ struct State {
 
     // Palette: entries count from 1; entry i + 60 is i moved in hue
     Colour Palette[125];
+    Colour CategoryColour; // of CategoryBrush, set for each category row
+
+    // Report of the last import, shown by the message ids -1 to -6. ORDER REPORTLINE: well formed, badly formed, skipped
+    // as requested, unreadable, file too big, and the number of entries that the file held
+    int32_t ImportCount[MessageLines];
+    uint32_t ImportSucceeded;
 
     // Forms: shared by all
     const struct Form *OpenedForm;  // of screens/frame/form.h, null for none

@@ -20,13 +20,27 @@ constexpr bool IsMarked(int mode) {
     return mode == MarkedRow || mode == SelectedMarkedRow;
 }
 
+// A row being painted. It owns the pixels Top + 1 to Top + RowHeight, the first row also y 0, so that a row can be
+// painted alone without hurting its neighbours.
+struct RowPlace {
+    int Top;
+    bool Pressed;
+};
+// Fills the row with a brush and, in flat mode, frames it by its mode with the separator pen of the list.
+RowPlace StartRow(Window window, int row, int mode, int brush, int list);
+// A cell of the row in the style of its mode. A pressed cell in 3D takes `pressedBrush` where that is not NoFill.
+void RowCell(Window window, const RowPlace &place, int left, int right, const Bevel &bevel, int brush,
+             int pressedBrush = NoFill);
+// Flat mode alone: lines between the columns of all rows, at `count` edges.
+void DrawSeparators(Window window, const int *edges, int count, int list);
+
 // An amount right-aligned: its magnitude, red when negative, stars above the limit. Never cut: drawn narrower instead.
 void PaintAmount(Window window, FixedAmount value, const Rect &box, int decimals = 2, Align align = Align::Right);
 // The same with the ink chosen by the caller.
 void PaintAmountIn(Window window, FixedAmount value, const Rect &box, int decimals, Align align, Colour ink);
 // Day and month from x 2, the year from state.YearColumn, up to `right`.
 void PaintDate(Window window, const RecDate &date, int top, int right, Colour ink, Font font);
-// The flag stripe left of an edge; flag 0 paints nothing.
-void PaintFlag(Window window, int flag, int edge, int top);
-// Measures state.YearColumn over the month names.
+// The flag stripe left of an edge; a flag other than 1 to 3 paints nothing.
+void PaintFlag(Window window, int64_t flag, int edge, int top);
+// Measures state.YearColumn over the month names of the state block.
 void MeasureYearColumn();

@@ -8,7 +8,7 @@ inline constexpr Colour Black = Rgb(0, 0, 0), White = Rgb(255, 255, 255), AlertR
                         MutedGrey = Rgb(180, 180, 180), Green = Rgb(0, 128, 0), PaleBlue = Rgb(150, 200, 255),
                         SeparatorGrey = Rgb(174, 174, 174), DropLineRed = Rgb(255, 24, 44), DarkGold = Rgb(174, 104, 0);
 
-// ORDER BRUSH: BrushColour
+// ORDER BRUSH: Brushes
 enum Brush : int {
     NoFill = 0,
     GoldBrush = 1,
@@ -36,8 +36,8 @@ enum Brush : int {
     PressedConversion = 67,
     BinCategoryBrush = 72,
 };
-// CategoryBrush and BinCategoryBrush have the colour set last by SetCategoryBrush. A number without a brush is magenta
-// in the test build's eye: it asserts nothing but shows at once.
+// CategoryBrush and BinCategoryBrush have the colour set last by SetCategoryBrush. A number without a brush is magenta,
+// which no list uses: a wrong number shows at once.
 Colour BrushColour(int brush);
 void SetCategoryBrush(Colour colour);
 
@@ -47,5 +47,8 @@ struct Bevel {
 // The bevel pens of a list's rows (AccountList to ConversionList).
 Bevel BevelOfList(int list);
 
-// Ink of a row's flag stripe, for flags 1 to 3.
-Colour FlagColour(int flag);
+// The pen between the columns of a list: red on accounts and transactions in the archive view.
+Colour SeparatorColour(int list);
+
+// Ink of a row's flag stripe, for flags 1 to 3; black for others.
+Colour FlagColour(int64_t flag);
