@@ -4,7 +4,7 @@
 enum ImageId : int {
     TabIcons = 483,        // 8 icons 18 x 18 at pitch 18; from y 19 the alert variants of icons 4 and 6 in their columns
     TabShapes = 465,       // 9 shapes 37 x 26 at pitch 38; the ninth is the hot tab
-    PageButton = 464,      // 16 x 18 round button in its left part: two halves of 8
+    PageButton = 464,      // a round button in two halves of 8 x 18: the right one leads to the secondary page
     GoldUp = 228,
     GoldDown = 229,
     AccountsLogo = 431,
@@ -34,7 +34,7 @@ struct Image {
 
 // clang-format off
 inline constexpr Image Images[] = {
-    {TabIcons, 144, 37}, {TabShapes, 341, 26}, {PageButton, 48, 18}, {GoldUp, 17, 15}, {GoldDown, 17, 15},
+    {TabIcons, 144, 37}, {TabShapes, 341, 26}, {PageButton, 16, 18}, {GoldUp, 17, 15}, {GoldDown, 17, 15},
     {AccountsLogo, 69, 13}, {ArchivesLogo, 69, 13}, {GripBar, 2, 13}, {PlusSign, 12, 12}, {MinusSign, 12, 12},
     {TimesSign, 12, 12}, {FlagNone, 20, 26}, {FlagRed, 20, 26}, {FlagBlue, 20, 26}, {FlagYellow, 20, 26},
     {TwoPages, 19, 20}, {OnePage, 19, 20}, {ViewPictures, 40, 20}, {FormGround, 240, 268}, {BarSheet, 208, 16},

@@ -3,6 +3,7 @@
 #include "store/catalogue.h"
 #include "store/windows.h"
 #include <algorithm>
+#include <cstdio>
 #include <iterator>
 
 // The palette, and its file of 20-byte records that is never enciphered.
@@ -18,20 +19,11 @@ struct PaletteRecord {
 };
 static_assert(sizeof(PaletteRecord) == 20);
 
-constexpr char PaletteName[] = "\\COL";
 constexpr Colour Unset = Rgb(255, 0, 0), Unreadable = Rgb(100, 100, 100);
 
-struct PalettePath {
-    char Text[sizeof(DataDirectory) + sizeof(PaletteName)];
-};
-
-constexpr PalettePath MakePalettePath() {
-    PalettePath path = {};
-    std::copy_n(DataDirectory, sizeof(DataDirectory) - 1, path.Text);
-    std::copy_n(PaletteName, sizeof(PaletteName) - 1, path.Text + sizeof(DataDirectory) - 1);
-    return path;
+void PalettePath(char *to) {
+    std::snprintf(to, PathRoom, "%s\\COL", DataDirectory);
 }
-constexpr PalettePath Path = MakePalettePath();
 
 } // namespace
 
@@ -55,10 +47,12 @@ void DefaultPalette() {
 }
 
 void LoadPalette() {
+    char path[PathRoom];
+    PalettePath(path);
     DefaultPalette();
-    if (!state.DataUsable || !FileThere(Path.Text))
+    if (!state.DataUsable || !FileThere(path))
         return;
-    const int file = OpenFile(Path.Text, OpenExisting);
+    const int file = OpenFile(path, OpenExisting);
     std::fill(std::begin(state.Palette), std::end(state.Palette), file < 0 ? Unreadable : Unset);
     if (file < 0) {
         ReportError(In::LoadCatFile, Trouble::FcreateFail);
@@ -86,7 +80,9 @@ int SavePalette() {
         records[i] = {RecordVersion, static_cast<int32_t>(colour >> 16 & 255), static_cast<int32_t>(colour >> 8 & 255),
                       static_cast<int32_t>(colour & 255), 0};
     }
-    const int file = OpenFile(Path.Text, OpenOrCreate);
+    char path[PathRoom];
+    PalettePath(path);
+    const int file = OpenFile(path, OpenOrCreate);
     if (file < 0) {
         ReportError(In::LoadCatFile, Trouble::FcreateFail);
         return 0;
@@ -98,7 +94,7 @@ int SavePalette() {
         return 1;
     ReportError(In::LoadCatFile, Trouble::CwriteFail);
     if (length == 0)
-        (void)DeleteFileAt(Path.Text); // or the next start would take its missing entries for red
+        (void)DeleteFileAt(path); // or the next start would take its missing entries for red
     return 0;
 }
 

@@ -1,7 +1,11 @@
-// The strip of coloured tabs under the rows.
+// The strip of coloured tabs under the rows. A tab hangs from the last row; the selected one hangs lower.
 #pragma once
 
+#include "platform/surface.h"
+
 enum TabState : int { NormalTab = 1, SelectedTab = 2, HotTab = 3 };
+
+inline constexpr int SlotCount = 6; // tabs a page; the page button stands behind the last
 
 // The whole strip; only the icons while a column edge is dragged.
 void DrawTabs();
@@ -9,3 +13,5 @@ void DrawTabs();
 void DrawTabText(int tab, int tabState);
 // The slot of a tab on the page shown, 1 to 6, or 0 when the page does not show it.
 int SlotOfTab(int tab);
+// The tab in a slot of the page shown, 0 for an empty slot.
+int TabInSlot(int slot);

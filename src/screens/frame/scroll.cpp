@@ -1,0 +1,22 @@
+#include "screens/frame/scroll.h"
+#include "core/state.h"
+#include "platform/shell.h"
+#include "screens/drawing/geometry.h"
+#include <algorithm>
+
+void ShowListScrollBar(int on) {
+    if (state.ScrollBarShown == on)
+        return;
+    state.ScrollBarShown = on;
+    ShowScrollBar(on);
+}
+
+void PlaceListScrollBar() {
+    PlaceScrollBar({RightEdge, 0, ScreenWidth, state.RowCount * RowHeight + 1});
+}
+
+void SetScrollBarThumb(int top, int count) {
+    const bool graphAboveMessages = state.CurrentScreen == GraphList && state.MessageWindowOn;
+    const int rows = state.RowCount - (graphAboveMessages ? 1 : 0);
+    SetScrollBar(1, std::max(1, count - rows + 1), rows, top);
+}
