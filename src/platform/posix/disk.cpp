@@ -1,0 +1,107 @@
+// disk.h on a POSIX machine. A handle is a file descriptor. Calls that a signal interrupted are made again.
+#include "platform/disk.h"
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+// Money is nobody else's business: files and directories are made for their owner alone.
+constexpr mode_t FileMode = 0600, DirectoryMode = 0700;
+
+template <typename Call> auto Retry(Call call) {
+    auto result = call();
+    while (result < 0 && errno == EINTR)
+        result = call();
+    return result;
+}
+
+} // namespace
+
+int DiskOpen(const char *path, int create) {
+    const int flags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK; // not blocked by a pipe that bears a file's name
+    int handle = Retry([&] { return open(path, O_RDWR | flags | (create ? O_CREAT : 0), FileMode); });
+    if (handle < 0 && (errno == EACCES || errno == EPERM || errno == EROFS))
+        handle = Retry([&] { return open(path, O_RDONLY | flags); });
+    struct stat about;
+    if (handle >= 0 && (fstat(handle, &about) != 0 || !S_ISREG(about.st_mode))) {
+        close(handle);
+        return -1;
+    }
+    return handle;
+}
+
+int DiskClose(int handle) { return close(handle) == 0; }
+
+int64_t DiskRead(int handle, int64_t offset, void *buffer, int64_t bytes) {
+    char *to = static_cast<char *>(buffer);
+    int64_t done = 0;
+    while (done < bytes) {
+        const ssize_t part =
+            Retry([&] { return pread(handle, to + done, static_cast<size_t>(bytes - done), offset + done); });
+        if (part <= 0)
+            break;
+        done += part;
+    }
+    return done;
+}
+
+int DiskWrite(int handle, int64_t offset, const void *buffer, int64_t bytes) {
+    const char *from = static_cast<const char *>(buffer);
+    int64_t done = 0;
+    while (done < bytes) {
+        const ssize_t part =
+            Retry([&] { return pwrite(handle, from + done, static_cast<size_t>(bytes - done), offset + done); });
+        if (part <= 0)
+            return 0;
+        done += part;
+    }
+    return 1;
+}
+
+int64_t DiskLength(int handle) {
+    struct stat about;
+    return fstat(handle, &about) == 0 ? about.st_size : 0;
+}
+
+int DiskCut(int handle, int64_t length) {
+    return length >= 0 && Retry([&] { return ftruncate(handle, length); }) == 0;
+}
+
+int DiskSync(int handle) {
+    return Retry([&] { return fdatasync(handle); }) == 0;
+}
+
+int DiskRename(const char *from, const char *to) { return rename(from, to) == 0; }
+int DiskDelete(const char *path) { return unlink(path) == 0; }
+int DiskMakeDirectory(const char *path) { return mkdir(path, DirectoryMode) == 0; }
+int DiskRemoveDirectory(const char *path) { return rmdir(path) == 0; }
+
+int DiskKind(const char *path) {
+    struct stat about;
+    if (stat(path, &about) != 0)
+        return 0;
+    return S_ISDIR(about.st_mode) ? 2 : 1;
+}
+
+void *DiskOpenWalk(const char *path) { return opendir(path); }
+
+int DiskNextName(void *walk, char *name, int room) {
+    if (!walk || room < 1)
+        return 0;
+    while (const dirent *entry = readdir(static_cast<DIR *>(walk)))
+        if (strcmp(entry->d_name, ".") != 0 && strcmp(entry->d_name, "..") != 0) {
+            snprintf(name, static_cast<size_t>(room), "%s", entry->d_name);
+            return 1;
+        }
+    return 0;
+}
+
+void DiskCloseWalk(void *walk) {
+    if (walk)
+        closedir(static_cast<DIR *>(walk));
+}
