@@ -22,6 +22,7 @@ struct FormControl {
     ControlKind Kind;
     int16_t X, Y, Width, Height; // in DialogWindow
     int16_t Limit;               // most units of text, 0 for no limit
+    const char16_t *Name = u"";  // said by a screen reader: the label that stands beside it
 };
 struct FormTemplate {
     int16_t Resource;

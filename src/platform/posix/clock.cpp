@@ -74,8 +74,12 @@ int64_t ClockTicks() {
     return (timegm(&local) + SecondsFrom1601To1970) * 100 + exact.tv_nsec / 10'000'000;
 }
 
-const char16_t *WeekdayName(int weekday) { return weekday >= 0 && weekday < 7 ? UserNames().Day[weekday] : u""; }
-const char16_t *MonthName(int month) { return month >= 1 && month <= 12 ? UserNames().Month[month - 1] : u""; }
+const char16_t *WeekdayName(int weekday) {
+    return weekday >= 0 && weekday < 7 ? UserNames().Day[weekday] : u"";
+}
+const char16_t *MonthName(int month) {
+    return month >= 1 && month <= 12 ? UserNames().Month[month - 1] : u"";
+}
 
 int DayComesFirst() {
     for (const char *at = nl_langinfo_l(D_FMT, UserLocale()); *at; ++at)
@@ -89,7 +93,9 @@ int DayComesFirst() {
     return 0;
 }
 
-void WriteShortDate(char *to, int room, const ClockTime *time) { WriteTime(to, room, "%x", time); }
+void WriteShortDate(char *to, int room, const ClockTime *time) {
+    WriteTime(to, room, "%x", time);
+}
 
 void WriteShortTime(char *to, int room, const ClockTime *time) {
     const char *format = nl_langinfo_l(T_FMT, UserLocale());

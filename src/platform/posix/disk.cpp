@@ -35,7 +35,9 @@ int DiskOpen(const char *path, int create) {
     return handle;
 }
 
-int DiskClose(int handle) { return close(handle) == 0; }
+int DiskClose(int handle) {
+    return close(handle) == 0;
+}
 
 int64_t DiskRead(int handle, int64_t offset, void *buffer, int64_t bytes) {
     char *to = static_cast<char *>(buffer);
@@ -76,10 +78,18 @@ int DiskSync(int handle) {
     return Retry([&] { return fdatasync(handle); }) == 0;
 }
 
-int DiskRename(const char *from, const char *to) { return rename(from, to) == 0; }
-int DiskDelete(const char *path) { return unlink(path) == 0; }
-int DiskMakeDirectory(const char *path) { return mkdir(path, DirectoryMode) == 0; }
-int DiskRemoveDirectory(const char *path) { return rmdir(path) == 0; }
+int DiskRename(const char *from, const char *to) {
+    return rename(from, to) == 0;
+}
+int DiskDelete(const char *path) {
+    return unlink(path) == 0;
+}
+int DiskMakeDirectory(const char *path) {
+    return mkdir(path, DirectoryMode) == 0;
+}
+int DiskRemoveDirectory(const char *path) {
+    return rmdir(path) == 0;
+}
 
 int DiskKind(const char *path) {
     struct stat about;
@@ -88,7 +98,9 @@ int DiskKind(const char *path) {
     return S_ISDIR(about.st_mode) ? 2 : 1;
 }
 
-void *DiskOpenWalk(const char *path) { return opendir(path); }
+void *DiskOpenWalk(const char *path) {
+    return opendir(path);
+}
 
 int DiskNextName(void *walk, char *name, int room) {
     if (!walk || room < 1)

@@ -1,0 +1,508 @@
+// controls.h with the toolkit's own controls, children of the form's window. What the owner does is told after the
+// control has done its own work; what the program does tells nothing.
+#include "platform/controls.h"
+#include "hosts/qt/device.h"
+#include "platform/shell.h"
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QContextMenuEvent>
+#include <QDateEdit>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTimer>
+
+namespace {
+
+constexpr int RowsDropped = 8;
+constexpr int HoldMilliseconds = 600;
+constexpr int NoLimit = 32767;
+// The dates that records can hold.
+const QDate FirstDate(1699, 12, 31), LastDate(9999, 12, 31);
+
+struct Widget {
+    int Id;
+    ControlKind Kind;
+    Rect Box;
+    QWidget *Real;
+};
+
+QList<Widget> widgets;
+int formNumber, formsOpened;
+
+Widget *Find(int id) {
+    for (Widget &one : widgets)
+        if (one.Id == id)
+            return &one;
+    return nullptr;
+}
+
+// The control as `Kind`, or null when the open form has none such under this id.
+template <typename Kind> Kind *Find(int id) {
+    Widget *const one = Find(id);
+    return one ? qobject_cast<Kind *>(one->Real) : nullptr;
+}
+
+void Tell(int id, ControlChange change) {
+    DeliverFromForm({.Kind = EventKind::Control, .Control = id, .Change = change});
+}
+
+class DropList : public QComboBox {
+public:
+    DropList(QWidget *parent, int id) : QComboBox(parent), Id(id) {}
+    void showPopup() override {
+        QComboBox::showPopup();
+        Tell(Id, ControlChange::Dropped);
+    }
+
+private:
+    int Id;
+};
+
+// Sees what a control itself does not tell: the focus coming by tap or Tab, the calendar opening, a press that is held.
+class ControlFilter : public QObject {
+public:
+    ControlFilter() {
+        Hold.setSingleShot(true);
+        Hold.setInterval(HoldMilliseconds);
+        connect(&Hold, &QTimer::timeout, this, &ControlFilter::OpenContextMenu);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override {
+        QWidget *const part = static_cast<QWidget *>(watched);
+        const Widget *const one = ControlOf(part);
+        if (!one)
+            return false;
+        switch (event->type()) {
+        case QEvent::FocusIn:
+            if (const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+                part == one->Real && (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason))
+                Tell(one->Id, ControlChange::Focus);
+            break;
+        case QEvent::MouseButtonPress: {
+            const QMouseEvent *const mouse = static_cast<QMouseEvent *>(event);
+            if (mouse->button() != Qt::LeftButton)
+                break;
+            Tell(one->Id, ControlChange::Focus);
+            Held = part;
+            HeldAt = mouse->position().toPoint();
+            Hold.start();
+            break;
+        }
+        case QEvent::MouseMove:
+            if ((static_cast<QMouseEvent *>(event)->position().toPoint() - HeldAt).manhattanLength() >=
+                QApplication::startDragDistance())
+                Hold.stop();
+            break;
+        case QEvent::MouseButtonRelease:
+        case QEvent::Hide:
+            Hold.stop();
+            break;
+        case QEvent::Wheel: // turning past a box on the way does not change it
+            return one->Kind != ControlKind::MultiLine && one->Kind != ControlKind::ListBox && !one->Real->hasFocus();
+        case QEvent::ChildAdded:
+            if (QObject *child = static_cast<QChildEvent *>(event)->child();
+                one->Kind == ControlKind::Date && child->isWidgetType())
+                child->installEventFilter(this);
+            break;
+        case QEvent::Show:
+            if (part->isWindow() && one->Kind == ControlKind::Date)
+                Tell(one->Id, ControlChange::Calendar);
+            break;
+        default:
+            break;
+        }
+        return false;
+    }
+
+private:
+    QTimer Hold;
+    QPointer<QWidget> Held;
+    QPoint HeldAt;
+
+    static const Widget *ControlOf(const QWidget *part) {
+        for (const Widget &one : widgets)
+            for (const QWidget *at = part; at; at = at->parentWidget())
+                if (at == one.Real)
+                    return &one;
+        return nullptr;
+    }
+
+    void OpenContextMenu() {
+        if (!Held || !(qobject_cast<QLineEdit *>(Held) || qobject_cast<QPlainTextEdit *>(Held->parentWidget())))
+            return;
+        QContextMenuEvent menu(QContextMenuEvent::Mouse, HeldAt, Held->mapToGlobal(HeldAt));
+        QApplication::sendEvent(Held, &menu);
+    }
+};
+
+void Watch(QWidget *part) {
+    static ControlFilter *const filter = new ControlFilter;
+    part->installEventFilter(filter);
+}
+
+void TellTexts(QLineEdit *edit, int id) {
+    Watch(edit);
+    QObject::connect(edit, &QLineEdit::textEdited, [id] { Tell(id, ControlChange::Text); });
+}
+
+// Takes what was typed past the limit out again, at the place where it was typed.
+void KeepLimit(QPlainTextEdit *edit) {
+    const int limit = edit->property("limit").toInt();
+    const int over = static_cast<int>(edit->toPlainText().size()) - limit;
+    if (limit <= 0 || over <= 0)
+        return;
+    const QSignalBlocker quiet(edit);
+    QTextCursor cursor = edit->textCursor();
+    const int end = std::max(cursor.position(), over);
+    cursor.setPosition(end - over);
+    cursor.setPosition(end, QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+    edit->setTextCursor(cursor);
+}
+
+QWidget *MakeCombo(QWidget *parent, const FormControl &control) {
+    DropList *const combo = new DropList(parent, control.Id);
+    combo->setMaxVisibleItems(RowsDropped);
+    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    if (control.Kind == ControlKind::Combo) {
+        combo->setEditable(true);
+        combo->setInsertPolicy(QComboBox::NoInsert);
+        combo->setCompleter(nullptr); // what is typed is meant
+        TellTexts(combo->lineEdit(), control.Id);
+    }
+    QObject::connect(combo, &QComboBox::activated, [id = control.Id] { Tell(id, ControlChange::Choice); });
+    return combo;
+}
+
+QWidget *MakeDate(QWidget *parent, const FormControl &control) {
+    QDateEdit *const date = new QDateEdit(parent);
+    date->setCalendarPopup(true);
+    date->setDisplayFormat(QStringLiteral("dd MMM yyyy (ddd)"));
+    date->setDateRange(FirstDate, LastDate);
+    Watch(date->findChild<QLineEdit *>());
+    QObject::connect(date, &QDateEdit::dateChanged, [id = control.Id] { Tell(id, ControlChange::Choice); });
+    return date;
+}
+
+QWidget *MakeListBox(QWidget *parent, const FormControl &control) {
+    QListWidget *const list = new QListWidget(parent);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    Watch(list->viewport());
+    QObject::connect(list, &QListWidget::currentRowChanged, [id = control.Id] { Tell(id, ControlChange::Choice); });
+    QObject::connect(list, &QListWidget::itemPressed, [id = control.Id] { Tell(id, ControlChange::Pressed); });
+    QObject::connect(list, &QListWidget::itemActivated, [id = control.Id] { Tell(id, ControlChange::DoublePressed); });
+    return list;
+}
+
+QWidget *MakeText(QWidget *parent, const FormControl &control) {
+    QPlainTextEdit *const text = new QPlainTextEdit(parent);
+    text->setTabChangesFocus(true);
+    Watch(text->viewport());
+    QObject::connect(text, &QPlainTextEdit::textChanged, [text, id = control.Id] {
+        KeepLimit(text);
+        Tell(id, ControlChange::Text);
+    });
+    return text;
+}
+
+QWidget *Make(QWidget *parent, const FormControl &control) {
+    switch (control.Kind) {
+    case ControlKind::Edit:
+    case ControlKind::Number: {
+        QLineEdit *const edit = new QLineEdit(parent);
+        if (control.Kind == ControlKind::Number)
+            edit->setInputMethodHints(Qt::ImhPreferNumbers);
+        TellTexts(edit, control.Id);
+        return edit;
+    }
+    case ControlKind::MultiLine:
+        return MakeText(parent, control);
+    case ControlKind::Combo:
+    case ControlKind::List:
+        return MakeCombo(parent, control);
+    case ControlKind::Date:
+        return MakeDate(parent, control);
+    case ControlKind::Check: {
+        QCheckBox *const check = new QCheckBox(parent);
+        QObject::connect(check, &QCheckBox::clicked, [id = control.Id] { Tell(id, ControlChange::Pressed); });
+        return check;
+    }
+    case ControlKind::ListBox:
+        return MakeListBox(parent, control);
+    case ControlKind::Progress: {
+        QProgressBar *const bar = new QProgressBar(parent);
+        bar->setTextVisible(false);
+        bar->setRange(0, 100);
+        bar->setFocusPolicy(Qt::NoFocus);
+        return bar;
+    }
+    }
+    return nullptr;
+}
+
+// Text as records may hold it: one line without control characters, and no half of a surrogate pair at its end.
+QString Cleaned(QString text, bool oneLine) {
+    for (QChar &unit : text)
+        if (oneLine ? unit < u' ' || unit == QChar::LineSeparator || unit == QChar::ParagraphSeparator : unit.isNull())
+            unit = u' ';
+    if (!text.isEmpty() && text.back().isHighSurrogate())
+        text.chop(1);
+    return text;
+}
+
+QString TextOf(const Widget &one) {
+    if (const auto *edit = qobject_cast<QLineEdit *>(one.Real))
+        return Cleaned(edit->text(), true);
+    if (const auto *text = qobject_cast<QPlainTextEdit *>(one.Real))
+        return Cleaned(text->toPlainText(), false);
+    if (const auto *combo = qobject_cast<QComboBox *>(one.Real))
+        return Cleaned(combo->currentText(), true);
+    if (const auto *date = qobject_cast<QDateEdit *>(one.Real))
+        return date->text();
+    if (const auto *check = qobject_cast<QCheckBox *>(one.Real))
+        return check->text();
+    if (const auto *list = qobject_cast<QListWidget *>(one.Real))
+        return list->currentItem() ? list->currentItem()->text() : QString();
+    return {};
+}
+
+} // namespace
+
+int OpenFormNumber() {
+    return formNumber;
+}
+
+void RescaleForm() {
+    for (const Widget &one : widgets)
+        one.Real->setGeometry(WidgetBox(one.Box));
+}
+
+void OpenForm(const FormTemplate *form) {
+    CloseForm();
+    QWidget *const parent = host.Windows[DialogWindow];
+    if (!parent)
+        return;
+    formNumber = ++formsOpened;
+    QWidget *first = nullptr;
+    for (int i = 0; i < form->Count; ++i) {
+        const FormControl &control = form->Controls[i];
+        QWidget *const real = Make(parent, control);
+        const Rect box = {control.X, control.Y, control.X + control.Width, control.Y + control.Height};
+        widgets.append({control.Id, control.Kind, box, real});
+        real->setAccessibleName(QString::fromUtf16(control.Name));
+        SetControlLimit(control.Id, control.Limit);
+        Watch(real);
+        real->show();
+        if (!first && real->focusPolicy() != Qt::NoFocus)
+            first = real;
+    }
+    RescaleForm();
+    ShowWindow(DialogWindow, 1);
+    if (first)
+        first->setFocus(Qt::OtherFocusReason);
+}
+
+void CloseForm() {
+    if (!formNumber)
+        return;
+    formNumber = 0;
+    if (QWidget *const popup = QApplication::activePopupWidget())
+        popup->close();
+    host.Frame->setFocus(Qt::OtherFocusReason);
+    for (const Widget &one : widgets) {
+        one.Real->hide();
+        one.Real->disconnect();
+        one.Real->deleteLater(); // one of them may be on the way back from what it told
+    }
+    widgets.clear();
+    ShowWindow(DialogWindow, 0);
+}
+
+void SetControlText(int id, const char16_t *text) {
+    Widget *const one = Find(id);
+    if (!one)
+        return;
+    const QString line = QString::fromUtf16(text);
+    const QSignalBlocker quiet(one->Real);
+    if (auto *edit = qobject_cast<QLineEdit *>(one->Real)) {
+        edit->setText(line);
+        edit->setCursorPosition(0); // the beginning of a long text is seen
+    } else if (auto *multi = qobject_cast<QPlainTextEdit *>(one->Real)) {
+        multi->setPlainText(line);
+        KeepLimit(multi);
+    } else if (auto *combo = qobject_cast<QComboBox *>(one->Real)) {
+        combo->setCurrentIndex(combo->findText(line, Qt::MatchExactly | Qt::MatchCaseSensitive));
+        if (combo->isEditable()) {
+            combo->setEditText(line);
+            combo->lineEdit()->setCursorPosition(0);
+        }
+    } else if (auto *check = qobject_cast<QCheckBox *>(one->Real)) {
+        check->setText(line);
+    }
+}
+
+int GetControlText(int id, char16_t *to, int room) {
+    if (room < 1)
+        return 0;
+    const Widget *const one = Find(id);
+    QString text = one ? TextOf(*one) : QString();
+    text.truncate(room - 1);
+    text = Cleaned(text, false);
+    std::copy(text.utf16(), text.utf16() + text.size(), to);
+    to[text.size()] = 0;
+    return static_cast<int>(text.size());
+}
+
+void ClearControlList(int id) {
+    Widget *const one = Find(id);
+    if (!one)
+        return;
+    const QSignalBlocker quiet(one->Real);
+    if (auto *combo = qobject_cast<QComboBox *>(one->Real)) {
+        const QString typed = combo->isEditable() ? combo->currentText() : QString();
+        combo->clear();
+        if (combo->isEditable())
+            combo->setEditText(typed);
+    } else if (auto *list = qobject_cast<QListWidget *>(one->Real)) {
+        list->clear();
+    }
+}
+
+void AddControlItem(int id, const char16_t *text) {
+    Widget *const one = Find(id);
+    if (!one)
+        return;
+    const QSignalBlocker quiet(one->Real);
+    if (auto *combo = qobject_cast<QComboBox *>(one->Real)) {
+        const bool firstItem = combo->count() == 0;
+        const QString typed = combo->isEditable() ? combo->currentText() : QString();
+        combo->addItem(QString::fromUtf16(text));
+        if (firstItem) { // which the toolkit chooses by itself
+            combo->setCurrentIndex(-1);
+            if (combo->isEditable())
+                combo->setEditText(typed);
+        }
+    } else if (auto *list = qobject_cast<QListWidget *>(one->Real)) {
+        list->addItem(QString::fromUtf16(text));
+    }
+}
+
+int ControlItemCount(int id) {
+    if (const auto *combo = Find<QComboBox>(id))
+        return combo->count();
+    if (const auto *list = Find<QListWidget>(id))
+        return list->count();
+    return 0;
+}
+
+void SelectControlItem(int id, int index) {
+    Widget *const one = Find(id);
+    if (!one)
+        return;
+    const QSignalBlocker quiet(one->Real);
+    if (auto *combo = qobject_cast<QComboBox *>(one->Real)) {
+        combo->setCurrentIndex(index >= 0 && index < combo->count() ? index : -1);
+        if (combo->isEditable()) {
+            combo->setEditText(combo->itemText(combo->currentIndex()));
+            combo->lineEdit()->setCursorPosition(0);
+        }
+    } else if (auto *list = qobject_cast<QListWidget *>(one->Real)) {
+        list->setCurrentRow(index);
+    }
+}
+
+int SelectedControlItem(int id) {
+    if (const auto *combo = Find<QComboBox>(id)) {
+        const int index = combo->currentIndex();
+        return combo->isEditable() && combo->currentText() != combo->itemText(index) ? -1 : index;
+    }
+    if (const auto *list = Find<QListWidget>(id))
+        return list->currentRow();
+    return -1;
+}
+
+void SetControlCheck(int id, int on) {
+    if (auto *check = Find<QCheckBox>(id))
+        check->setChecked(on);
+}
+
+int ControlChecked(int id) {
+    const auto *check = Find<QCheckBox>(id);
+    return check && check->isChecked();
+}
+
+void SetControlDate(int id, const ControlDate &date) {
+    if (auto *edit = Find<QDateEdit>(id)) {
+        const QSignalBlocker quiet(edit);
+        edit->setDate(std::clamp(QDate(date.Year, date.Month, date.Day), FirstDate, LastDate));
+    }
+}
+
+ControlDate GetControlDate(int id) {
+    auto *edit = Find<QDateEdit>(id);
+    if (!edit)
+        return {};
+    const QSignalBlocker quiet(edit);
+    edit->interpretText(); // what is being typed counts
+    const QDate date = edit->date();
+    return {date.year(), date.month(), date.day()};
+}
+
+void SetControlProgress(int id, int percent) {
+    if (auto *bar = Find<QProgressBar>(id))
+        bar->setValue(std::clamp(percent, 0, 100));
+}
+
+void SetControlLimit(int id, int units) {
+    const int limit = units > 0 ? units : NoLimit;
+    if (auto *edit = Find<QLineEdit>(id))
+        edit->setMaxLength(limit);
+    else if (auto *combo = Find<QComboBox>(id); combo && combo->isEditable())
+        combo->lineEdit()->setMaxLength(limit);
+    else if (auto *text = Find<QPlainTextEdit>(id))
+        text->setProperty("limit", units);
+}
+
+void EnableControl(int id, int on) {
+    if (Widget *one = Find(id))
+        one->Real->setEnabled(on);
+}
+
+void ShowControl(int id, int on) {
+    if (Widget *one = Find(id))
+        one->Real->setVisible(on);
+}
+
+void FocusControl(int id) {
+    if (Widget *one = Find(id))
+        one->Real->setFocus(Qt::OtherFocusReason);
+}
+
+int FocusedControl() {
+    const QWidget *const focus = host.Frame ? host.Frame->focusWidget() : nullptr;
+    for (const Widget &one : widgets)
+        if (one.Real == focus || (focus && one.Real->isAncestorOf(focus)))
+            return one.Id;
+    return 0;
+}
+
+void SendControlKey(int code) {
+    QWidget *const focus = FocusedControl() ? host.Frame->focusWidget() : nullptr;
+    if (!focus)
+        return;
+    const bool backspace = code == 8;
+    const int key = backspace ? static_cast<int>(Qt::Key_Backspace) : QChar::toUpper(static_cast<uint>(code));
+    const QString typed = backspace ? QString() : QString(QChar(code));
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, key, Qt::NoModifier, typed);
+        QApplication::sendEvent(focus, &event);
+    }
+}

@@ -1,0 +1,181 @@
+// The device's window on the desktop: geometry and scale, the title bar, and the program's windows in it.
+#include "hosts/qt/device.h"
+#include "platform/clock.h"
+#include "platform/text.h"
+#include <QApplication>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <cmath>
+
+Host host;
+
+namespace {
+
+constexpr double LeastScale = 0.5, StepOfScale = 0.5;
+constexpr QRgb SurroundColour = 0xff202024, TitleColour = 0xff1b2440, TitleEdgeColour = 0xff0a0e1c,
+               TitleInk = 0xfff4f6ff, ClockInk = 0xffb9c4e4;
+constexpr int TitleMargin = 6;
+
+int Edge(double at, double factor) {
+    return static_cast<int>(std::floor(at * factor + 0.5));
+}
+
+QRect EdgeBox(const Rect &box, double factor) {
+    const int left = Edge(box.Left, factor), top = Edge(box.Top, factor);
+    return {left, top, Edge(box.Right, factor) - left, Edge(box.Bottom, factor) - top};
+}
+
+} // namespace
+
+int PixelEdge(double at) {
+    return Edge(at, host.Factor);
+}
+int WidgetEdge(double at) {
+    return Edge(at, host.Scale);
+}
+QRect PixelBox(const Rect &box) {
+    return EdgeBox(box, host.Factor);
+}
+QRect WidgetBox(const Rect &box) {
+    return EdgeBox(box, host.Scale);
+}
+
+double FirstScale(const QSize &screen) {
+    double scale = 1;
+    while ((scale + StepOfScale) * DeviceHeight <= screen.height() * 0.8 &&
+           (scale + StepOfScale) * DeviceWidth <= screen.width())
+        scale += StepOfScale;
+    return scale;
+}
+
+ProgramWindow::ProgramWindow(QWidget *parent, Window which, const Rect &box) : QWidget(parent), Which(which), Box(box) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    hide();
+    Place();
+}
+
+void ProgramWindow::Place() {
+    setGeometry(WidgetBox(Box));
+    const QSize wanted = PixelBox({0, 0, Box.Right - Box.Left, Box.Bottom - Box.Top}).size();
+    if (Image.size() == wanted)
+        return;
+    if (Image.isNull()) {
+        Image = QImage(wanted, QImage::Format_RGB32);
+        Image.fill(Qt::white);
+    } else {
+        Image = Image.scaled(wanted);
+    }
+    Painted = {};
+    update();
+}
+
+void ProgramWindow::ShowPainted() {
+    if (Painted.isEmpty())
+        return;
+    const double perPixel = host.Scale / host.Factor;
+    const QRectF shown(Painted.x() * perPixel, Painted.y() * perPixel, Painted.width() * perPixel,
+                       Painted.height() * perPixel);
+    update(shown.toAlignedRect());
+    Painted = {};
+}
+
+void ProgramWindow::paintEvent(QPaintEvent *event) {
+    const double pixels = host.Factor / host.Scale;
+    QPainter painter(this);
+    for (const QRect &box : event->region())
+        painter.drawImage(QRectF(box), Image,
+                          QRectF(box.x() * pixels, box.y() * pixels, box.width() * pixels, box.height() * pixels));
+}
+
+Device::Device() : Stage(new QWidget(this)), Bar(new QWidget(this)) {
+    setWindowTitle(QStringLiteral("Zentrik"));
+    setAccessibleName(windowTitle());
+    setMinimumSize(QSize(static_cast<int>(DeviceWidth * LeastScale), static_cast<int>(DeviceHeight * LeastScale)));
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    resize(WidgetBox({0, 0, DeviceWidth, DeviceHeight}).size());
+    WaitForMinute();
+}
+
+void Device::PlaceEverything() {
+    const double scale = std::min(width() / double(DeviceWidth), height() / double(DeviceHeight));
+    const QRect device = EdgeBox({0, 0, DeviceWidth, DeviceHeight}, scale);
+    Corner = {(width() - device.width()) / 2, (height() - device.height()) / 2};
+    SetScale(scale);
+    Stage->setGeometry(WidgetBox({0, TitleHeight, DeviceWidth, BarTop}).translated(Corner));
+    Bar->setGeometry(WidgetBox({0, BarTop, DeviceWidth, DeviceHeight}).translated(Corner));
+    update();
+}
+
+void SetScale(double scale) {
+    const double factor = scale * host.Frame->devicePixelRatioF();
+    if (scale == host.Scale && factor == host.Factor)
+        return;
+    host.Scale = scale;
+    host.Factor = factor;
+    QApplication::setFont(DeviceFont(Font::Normal, scale));
+    ForgetArt();
+    for (ProgramWindow *window : host.Windows)
+        if (window)
+            window->Place();
+    if (host.ListBar)
+        host.ListBar->setGeometry(WidgetBox(host.ListBarBox));
+    RescaleForm();
+    RescaleBar();
+    RequestPaint();
+}
+
+bool Device::event(QEvent *event) {
+    const bool taken = QWidget::event(event);
+    if (event->type() == QEvent::ScreenChangeInternal && isVisible())
+        PlaceEverything();
+    return taken;
+}
+
+void Device::resizeEvent(QResizeEvent *) {
+    PlaceEverything();
+}
+
+void Device::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    const QRect title = WidgetBox({0, 0, DeviceWidth, TitleHeight}).translated(Corner);
+    painter.fillRect(rect(), QColor(SurroundColour));
+    painter.fillRect(title, QColor(TitleColour));
+    painter.fillRect(WidgetBox({0, TitleHeight - 1, DeviceWidth, TitleHeight}).translated(Corner),
+                     QColor(TitleEdgeColour));
+
+    const int margin = WidgetEdge(TitleMargin);
+    const QRect text = title.adjusted(margin, 0, -margin, 0);
+    painter.setFont(DeviceFont(Font::Bold, host.Scale));
+    painter.setPen(QColor(TitleInk));
+    painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter, windowTitle());
+
+    ClockTime now;
+    char time[16];
+    ReadClock(&now);
+    WriteShortTime(time, sizeof time, &now);
+    painter.setPen(QColor(ClockInk));
+    painter.drawText(text, Qt::AlignRight | Qt::AlignVCenter, QString::fromUtf8(time));
+
+    if (host.QuitAfterPaint)
+        QMetaObject::invokeMethod(
+            qApp, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
+}
+
+void Device::WaitForMinute() {
+    ClockTime now;
+    ReadClock(&now);
+    if (ClockTimer)
+        killTimer(ClockTimer);
+    ClockTimer = startTimer((60 - now.Second) * 1000 + 50, Qt::CoarseTimer);
+}
+
+void Device::timerEvent(QTimerEvent *) {
+    update(WidgetBox({0, 0, DeviceWidth, TitleHeight}).translated(Corner));
+    WaitForMinute();
+}
+
+void Device::closeEvent(QCloseEvent *event) {
+    event->ignore(); // the program decides, and leaves in order
+    Deliver({.Kind = EventKind::Close});
+}

@@ -1,0 +1,116 @@
+// What the sources of this host share: the device's window, the program's windows in it, and the way events take to
+// the program.
+#pragma once
+
+#include "platform/event.h"
+#include "platform/surface.h"
+#include <QImage>
+#include <QList>
+#include <QWidget>
+
+class QScrollBar;
+
+inline constexpr int DeviceWidth = 240, DeviceHeight = 320;
+inline constexpr int TitleHeight = 26, BarTop = 294, BarHeight = DeviceHeight - BarTop;
+inline constexpr int StageHeight = BarTop - TitleHeight; // what is seen of TopWindow
+
+// One of the program's windows: a widget that shows its persistent image.
+class ProgramWindow : public QWidget {
+public:
+    ProgramWindow(QWidget *parent, Window which, const Rect &box);
+
+    Window Which;
+    Rect Box;      // in device pixels, from the stage's corner
+    QImage Image;  // what was painted, in pixels of the screen
+    QRect Painted; // part of Image that was painted and is not shown yet
+
+    // Takes the place of Box at the present scale; what was painted is kept, stretched until it is painted anew.
+    void Place();
+    void Mark(const QRect &pixels) { Painted |= pixels; }
+    void ShowPainted();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+};
+
+// The window of the desktop: title bar, stage and command bar of the device, centred in it.
+class Device : public QWidget {
+public:
+    Device();
+
+    QWidget *Stage; // clips the program's windows to the rows between title bar and command bar
+    QWidget *Bar;
+    QPoint Corner; // of the device in this widget
+
+    void PlaceEverything();
+
+protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
+
+private:
+    int ClockTimer = 0;
+    void WaitForMinute();
+};
+
+struct Host {
+    Device *Frame;
+    ProgramWindow *Windows[WindowCount];
+    QScrollBar *ListBar;
+    Rect ListBarBox;
+    double Scale = 1;  // widget pixels in a device pixel
+    double Factor = 1; // screen pixels in a device pixel
+    bool Leaving;      // LeaveLoop was called
+    bool QuitAfterPaint;
+};
+extern Host host;
+
+// Edges: the screen pixel, or widget pixel, at which device pixel `at` begins. Two boxes that share an edge meet there
+// at every scale.
+int PixelEdge(double at);
+int WidgetEdge(double at);
+QRect PixelBox(const Rect &box);
+QRect WidgetBox(const Rect &box);
+
+// The largest of 1, 1.5, 2, ... that leaves a fifth of the screen's height free.
+double FirstScale(const QSize &screen);
+void SetScale(double scale);
+
+// Delivery. An event of the pointer or a key is given to the program at once, one of a control after the control has
+// finished its own work; what waits is given first, and an event never interrupts another.
+void Deliver(const Event &event);
+void DeliverLater(const Event &event);
+// As DeliverLater, unless the form that is open now has been closed by then.
+void DeliverFromForm(const Event &event);
+// Gives the events that wait.
+void DeliverWaiting();
+// Asks for a paint event once no input waits; however often, for one.
+void RequestPaint();
+// Gives the paint event that was asked for, if one was.
+void DeliverPaint();
+
+// Sends what a pointer does at a point of the screen to the program window that lies there.
+void SendPointer(EventKind kind, const QPoint &screen);
+// The same as a press on an arrow of the list's scroll bar, `lines` times; below 0 is up.
+void ScrollLines(int lines);
+
+// The counter of forms opened: a control's event is dropped when its form is no more.
+int OpenFormNumber();
+void RescaleForm();
+void RescaleBar();
+
+QFont DeviceFont(Font font, double pixelsPerUnit);
+void ForgetArt();
+// A part of an image of resources/art.h as `size` pixels of the screen; (shiftX, shiftY) is where the corner of the
+// whole image lies from there. Null when there is no such image. Valid until ForgetArt or the next call.
+const QImage *Art(int image, const Rect &part, const QSize &size, double shiftX, double shiftY);
+// The same with the part stretched over all of `size`.
+const QImage *StretchedArt(int image, const Rect &part, const QSize &size);

@@ -1,0 +1,87 @@
+// Mouse, touch and pen: each is the stylus, told to the program window that lies under it.
+#include "hosts/qt/device.h"
+#include "platform/shell.h"
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QWheelEvent>
+#include <cmath>
+
+namespace {
+
+// From the front to the back.
+constexpr Window FrontToBack[] = {HubWindow, DialogWindow, HostWindow, ListWindow, TopWindow};
+constexpr int WheelNotch = 120; // eighths of a degree
+
+bool pointerDown;
+
+// The device pixel that covers a pixel of a widget.
+int DevicePixel(int widgetPixel) {
+    return static_cast<int>(std::ceil((widgetPixel + 0.5) / host.Scale)) - 1;
+}
+
+} // namespace
+
+void SendPointer(EventKind kind, const QPoint &screen) {
+    if (kind == EventKind::PointerDown || kind == EventKind::DoubleTap)
+        pointerDown = true;
+    else if (!pointerDown)
+        return;
+    if (kind == EventKind::PointerUp)
+        pointerDown = false;
+
+    const QPoint at = host.Frame->Stage->mapFromGlobal(screen);
+    if (host.Frame->Stage->rect().contains(at))
+        for (const Window which : FrontToBack) {
+            const ProgramWindow *window = host.Windows[which];
+            if (!window || window->isHidden() || !window->geometry().contains(at))
+                continue;
+            const bool tapsAlone = which == DialogWindow || which == TopWindow; // know no double tap
+            if (kind == EventKind::DoubleTap && tapsAlone)
+                kind = EventKind::PointerDown;
+            Deliver({.Kind = kind,
+                     .Where = which,
+                     .X = DevicePixel(at.x() - window->x()),
+                     .Y = DevicePixel(at.y() - window->y())});
+            return;
+        }
+    if (kind == EventKind::PointerUp)
+        Deliver({.Kind = kind, .Where = NoWindow});
+}
+
+void ProgramWindow::mousePressEvent(QMouseEvent *event) {
+    if (event->button() == Qt::LeftButton)
+        SendPointer(EventKind::PointerDown, event->globalPosition().toPoint());
+}
+
+void ProgramWindow::mouseDoubleClickEvent(QMouseEvent *event) {
+    if (event->button() == Qt::LeftButton)
+        SendPointer(EventKind::DoubleTap, event->globalPosition().toPoint());
+}
+
+void ProgramWindow::mouseMoveEvent(QMouseEvent *event) {
+    if (event->buttons() & Qt::LeftButton)
+        SendPointer(EventKind::PointerMove, event->globalPosition().toPoint());
+}
+
+void ProgramWindow::mouseReleaseEvent(QMouseEvent *event) {
+    if (event->button() == Qt::LeftButton)
+        SendPointer(EventKind::PointerUp, event->globalPosition().toPoint());
+}
+
+void ProgramWindow::wheelEvent(QWheelEvent *event) {
+    static int turned; // less than a notch, as touch pads send it
+    if (Which != ListWindow && Which != TopWindow)
+        return;
+    turned += event->angleDelta().y();
+    const int notches = turned / WheelNotch;
+    turned -= notches * WheelNotch;
+    ScrollLines(-notches);
+}
+
+void ScrollLines(int lines) {
+    if (!host.ListBar || host.ListBar->isHidden())
+        return;
+    const ScrollCode code = lines < 0 ? ScrollCode::LineUp : ScrollCode::LineDown;
+    for (int left = std::abs(lines); left > 0; --left)
+        Deliver({.Kind = EventKind::Scroll, .Code = static_cast<int>(code)});
+}

@@ -1,0 +1,165 @@
+// shell.h but for the command bar and the lock: the program's windows, the list's scroll bar, panel, sound, pauses,
+// chance.
+#include "platform/shell.h"
+#include "hosts/qt/device.h"
+#include "hosts/qt/style.h"
+#include <QApplication>
+#include <QInputMethod>
+#include <QRandomGenerator>
+#include <QScreen>
+#include <QScrollBar>
+#include <QThread>
+#include <QWheelEvent>
+#include <cstdio>
+
+namespace {
+
+constexpr int ListTop = 36; // of ListWindow in TopWindow
+
+struct WindowPlace {
+    Window Which;
+    Rect Box; // from the corner of TopWindow
+    bool Shown;
+    const char *Name; // for a screen reader
+};
+// From the back to the front.
+// clang-format off
+constexpr WindowPlace Places[] = {
+    {TopWindow,    {0,       0, 240, 294},           true,  "Header"},
+    {ListWindow,   {0, ListTop, 240, ListTop + 262}, true,  "List"},
+    {HostWindow,   {0,       0, 240, 394},           false, "Page"},
+    {DialogWindow, {0,       0, 240, 268},           false, "Form"},
+    {HubWindow,    {0,       0, 240, 82},            false, "Data hub"},
+};
+// clang-format on
+
+// The list's scroll bar: tells the program what the owner does, and stands where the program puts its thumb.
+class ListScrollBar : public QScrollBar {
+public:
+    explicit ListScrollBar(QWidget *parent) : QScrollBar(Qt::Vertical, parent) {
+        setFocusPolicy(Qt::NoFocus);
+        setContextMenuPolicy(Qt::NoContextMenu);
+        setAccessibleName(QStringLiteral("Scroll the list"));
+        connect(this, &QAbstractSlider::actionTriggered, this, &ListScrollBar::Tell);
+    }
+
+protected:
+    void wheelEvent(QWheelEvent *event) override { event->ignore(); } // the list's own
+
+private:
+    void Tell(int action) {
+        constexpr struct {
+            SliderAction Action;
+            ScrollCode Code;
+        } Codes[] = {{SliderSingleStepSub, ScrollCode::LineUp}, {SliderSingleStepAdd, ScrollCode::LineDown},
+                     {SliderPageStepSub, ScrollCode::PageUp},   {SliderPageStepAdd, ScrollCode::PageDown},
+                     {SliderToMinimum, ScrollCode::Top},        {SliderToMaximum, ScrollCode::Bottom},
+                     {SliderMove, ScrollCode::ThumbTrack}};
+        for (const auto &row : Codes)
+            if (row.Action == action)
+                DeliverLater(
+                    {.Kind = EventKind::Scroll, .Code = static_cast<int>(row.Code), .Position = sliderPosition()});
+        if (action != SliderMove)
+            setSliderPosition(value()); // only the program moves the thumb
+    }
+};
+
+} // namespace
+
+int CreateWindows() {
+    if (!qApp || host.Frame)
+        return 0;
+    host.Frame = new Device;
+    for (const WindowPlace &place : Places) {
+        ProgramWindow *const window = new ProgramWindow(host.Frame->Stage, place.Which, place.Box);
+        window->setAccessibleName(QLatin1String(place.Name));
+        host.Windows[place.Which] = window;
+        window->setVisible(place.Shown);
+    }
+    host.ListBar = new ListScrollBar(host.Windows[ListWindow]);
+    host.ListBar->hide();
+    host.Frame->PlaceEverything();
+    RequestPaint();
+    return 1;
+}
+
+void ShowWindow(Window window, int on) {
+    ProgramWindow *const widget = window < WindowCount ? host.Windows[window] : nullptr;
+    if (!widget || widget->isHidden() == !on)
+        return;
+    widget->setVisible(on);
+    RequestPaint();
+}
+
+int WindowShown(Window window) {
+    const ProgramWindow *const widget = window < WindowCount ? host.Windows[window] : nullptr;
+    return widget && !widget->isHidden();
+}
+
+void PlaceWindow(Window window, const Rect &box) {
+    if ((window != HubWindow && window != HostWindow) || !host.Windows[window])
+        return;
+    host.Windows[window]->Box = box;
+    host.Windows[window]->Place();
+}
+
+void LeaveLoop() {
+    host.Leaving = true;
+}
+
+void ShowScrollBar(int on) {
+    if (!host.ListBar || host.ListBar->isHidden() == !on)
+        return;
+    host.ListBar->setVisible(on);
+    if (!on)
+        RequestPaint();
+}
+
+void PlaceScrollBar(const Rect &box) {
+    if (!host.ListBar)
+        return;
+    const bool resized = box.Right - box.Left != host.ListBarBox.Right - host.ListBarBox.Left ||
+                         box.Bottom - box.Top != host.ListBarBox.Bottom - host.ListBarBox.Top;
+    host.ListBarBox = box;
+    host.ListBar->setGeometry(WidgetBox(box));
+    if (resized)
+        RequestPaint();
+}
+
+void SetScrollBar(int low, int high, int page, int position) {
+    if (!host.ListBar)
+        return;
+    host.ListBar->setRange(low, std::max(low, high));
+    host.ListBar->setPageStep(std::max(1, page));
+    host.ListBar->setValue(position);
+}
+
+// A panel shows itself only where the platform has one; it chooses its keys by the control's own hints.
+int PanelUp() {
+    return QGuiApplication::inputMethod()->isVisible();
+}
+void RaisePanel() {
+    QGuiApplication::inputMethod()->show();
+}
+void LowerPanel() {
+    QGuiApplication::inputMethod()->hide();
+}
+void PreferPanel(int) {}
+
+void Beep(Sound) {
+    QApplication::beep();
+}
+
+void Sleep(int milliseconds) {
+    ShowNow();
+    if (milliseconds > 0)
+        QThread::msleep(static_cast<unsigned long>(milliseconds));
+}
+
+int Random(int below) {
+    return below > 0 ? QRandomGenerator::global()->bounded(below) : 0;
+}
+
+void TellTerminal(const char *line) {
+    fprintf(stderr, "zentrik: %s\n", line);
+}

@@ -1,0 +1,39 @@
+#include "hosts/qt/start.h"
+#include "hosts/qt/device.h"
+#include "hosts/qt/keys.h"
+#include "hosts/qt/style.h"
+#include <QApplication>
+#include <QPalette>
+#include <QScreen>
+
+static void LoadResources() {
+    Q_INIT_RESOURCE(zentrik);
+}
+
+void PrepareHost(double scale) {
+    LoadResources();
+    const QScreen *const screen = QGuiApplication::primaryScreen();
+    host.Scale = scale > 0 ? scale : FirstScale(screen->availableSize());
+    host.Factor = host.Scale * screen->devicePixelRatio();
+
+    QApplication::setStyle(MakeDeviceStyle());
+    QPalette palette(QColor(style::Silver), QColor(style::Paper));
+    palette.setColor(QPalette::Base, QColor(style::Paper));
+    palette.setColor(QPalette::Button, QColor(style::Silver));
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(role, QColor(style::Ink));
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(style::GreyInk));
+    palette.setColor(QPalette::Highlight, QColor(style::Selection));
+    palette.setColor(QPalette::HighlightedText, QColor(style::SelectionInk));
+    QApplication::setPalette(palette);
+    QApplication::setFont(DeviceFont(Font::Normal, host.Scale));
+    WatchKeys();
+}
+
+void ShowDevice() {
+    DeliverWaiting();
+    DeliverPaint();
+    host.Frame->setFocus(Qt::OtherFocusReason);
+    host.Frame->show();
+}
