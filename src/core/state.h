@@ -54,6 +54,16 @@ struct Candidate {    // of the reconcile search
     uint32_t WasCleared, Selected;
 };
 
+union WorkingRow { // by the form that is open
+    ARec Account;
+    TRec Tran;
+    DDRec Recurring;
+    FRec Template;
+    CatRec Category;
+    CurRec Conversion;
+};
+inline constexpr int ShownFields = 32, ShownRoom = 40;
+
 using PaintProcedure = void (*)(Window window, int mask);
 
 struct State {
@@ -168,8 +178,18 @@ struct State {
     int32_t FormFlag;               // 0 to 3
     uint32_t FirstSign, SecondSign; // 1 plus
     uint32_t FormCleared, FormNoCash;
-    uint32_t DuplicateOn;
-    uint32_t ViewIsAdvanced;
+    uint32_t DuplicateOn;    // the entry shown will be saved as a new one
+    uint32_t ViewIsAdvanced; // of the transaction form
+    uint32_t Reversed;       // of the conversion form: the rate shown is that of the other direction
+    WorkingRow FormRow;      // the working copy of the row that the form is for
+    RecDate DuplicateDate;   // to return to when the duplicate is dropped
+    // ID of the partner account. Filling a new entry clears it, a template or a switch of view sets it; filling an
+    // existing entry leaves it alone, so that it may hold what the last form left: this is deliberate.
+    uint32_t FormTransfer;
+    int32_t BlockIndex;                         // of a recurring item: 0 first, 1 subsequent
+    int32_t ListedCategories;                   // rows of the category list that stand for their positions
+    char16_t ShownText[ShownFields][ShownRoom]; // by control id: what a field held when it was filled
+    RecDate ShownDate;                          // the same of the date field
 };
 
 extern State state;
