@@ -22,10 +22,12 @@ void LoadConfFile();
 void StoreConfFile();
 // Reads the six settings of the state block alone.
 void UpdateBmap();
-// The record as it stands. 1, or 0 and the defaults on a short read.
-int ReadConfiguration(ConfRec *record);
-// 0 on failure, reported as CwriteFail under `function`.
+// What to store for a divider: as it was read when nobody has dragged it, so that columns do not creep.
+uint32_t DividerToStore(int list, int edge);
+// The record as it stands. 1, or 0 and the defaults on a short read; a failed open is reported under `function`.
 enum class In : uint8_t;
+int ReadConfiguration(ConfRec *record, In function);
+// 0 on failure, reported as CwriteFail under `function`.
 int WriteConfiguration(const ConfRec *record, In function);
 // Stamps today into LastChecked.
 void StampLastChecked();

@@ -4,7 +4,7 @@
 
 #include "store/records/records.h"
 
-// The ID of the first account of that name, compared over its first 32 units; 0 for none.
+// The ID of the first account of that name, compared over what a record holds of it; 0 for none. Headings do not count.
 uint32_t AccountNameToId(const char16_t *name);
 // The name, or OverflowText when no row has the ID. The text stands in a shared buffer that the next call overwrites.
 const char16_t *AccountIdToName(uint32_t accountID);

@@ -18,7 +18,7 @@ void *RunRecord(FileKind kind, int32_t index);
 
 // Moves `count` records from position `from` to position `to` of the same file, overlapping or not, in such an order
 // that an interruption leaves at most doubled records and loses none. The file grows when `to` lies behind it. 0 on
-// a failed write.
+// a failed write: what had been moved has then been put back, as far as the disk allowed.
 [[nodiscard]] int MoveRun(int handle, FileKind kind, int32_t from, int32_t count, int32_t to);
 
 // Copies `count` records from one file to another. Returns how many were copied.

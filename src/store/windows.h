@@ -3,7 +3,8 @@
 // count - RowCount - top + 1, at least 1. Each loader makes its own list the current screen.
 //
 // A first record whose version is not 1 ends all use of the data: state.DataUsable becomes 0, the message window opens,
-// and nothing is written any more. All loaders return 0 then, and 1 otherwise.
+// and nothing is written any more. All loaders return 0 then, LoadAccFile also without
+// an account, and 1 otherwise.
 #pragma once
 
 #include "store/records/records.h"
