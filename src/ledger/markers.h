@@ -7,12 +7,16 @@
 // is shown or a form is open. 1 when made.
 int InsertDayMarker();
 
-// A Total marker in the account list at the selected position, or after the last when that is past the end.
+// A Total marker in the account list at the selected position, or after the last when that is past the end. 1 when
+// made.
 int InsertTotalMarker();
 
-// Row contents of the two, for whoever inserts them elsewhere.
+// Row contents of the two, for whoever inserts them elsewhere. FillTotalMarker draws an ID.
 void FillDayMarker(TRec *row, const RecDate &date);
 void FillTotalMarker(ARec *row);
+
+// A Day marker's date and name alone.
+void SetMarkerDay(TRec *row, const RecDate &date);
 
 // The dividers of a new account.
 void SetDefaultColumns(ARec *row);

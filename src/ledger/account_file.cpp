@@ -1,0 +1,72 @@
+#include "ledger/account_file.h"
+#include "care/cipher/hooks.h"
+#include "core/error_log.h"
+#include "core/state.h"
+#include "store/index.h"
+#include "store/runs.h"
+#include <cstring>
+
+int ReadAccount(int32_t position, ARec *row) {
+    if (!state.DataUsable || position < 1)
+        return 0;
+    const int handle = OpenDataFile(FileKind::Accounts, OpenOrCreate, 0, nullptr);
+    ARecFile record;
+    const int read = ReadRecord(handle, FileKind::Accounts, position, &record);
+    CloseFile(handle);
+    if (read)
+        *row = record.Rec;
+    return read;
+}
+
+int FindAccount(uint32_t accountID, ARec *row, int32_t *position) {
+    const int32_t at = accountID ? IDtoRec(accountID) : 0;
+    if (at == 0 || !ReadAccount(at, row) || row->RowKind == HeadingRow)
+        return 0;
+    if (position)
+        *position = at;
+    return 1;
+}
+
+int AccountThere(uint32_t accountID) {
+    ARec row;
+    return FindAccount(accountID, &row, nullptr);
+}
+
+int WriteAccount(int32_t position, const ARec &row, In function) {
+    if (row.ID != 0 && row.ID == state.CurAccount.ID)
+        state.CurAccount = row;
+    ARec old;
+    if (ReadAccount(position, &old) && std::memcmp(&old, &row, sizeof row) == 0)
+        return 1;
+    const int handle = OpenDataFile(FileKind::Accounts, OpenOrCreate, 0, nullptr);
+    ARecFile record = {row, {}};
+    const int written = WriteRecord(handle, FileKind::Accounts, position, &record);
+    if (handle < 0)
+        ReportError(function, Trouble::AcreateFail);
+    else if (!written)
+        ReportError(function, Trouble::AwriteFail);
+    CloseFile(handle);
+    return written;
+}
+
+int OpenTransactions(TransactionFile file, uint32_t accountID, OpenDisposition disposition) {
+    char path[PathRoom];
+    TransactionPath(path, file, accountID);
+    return OpenFile(path, disposition);
+}
+
+int OpenView(uint32_t archive, uint32_t accountID, OpenDisposition disposition) {
+    const uint32_t view = state.ArchiveView;
+    state.ArchiveView = archive;
+    uint32_t filtered;
+    const int handle = OpenDataFile(FileKind::Transactions, disposition, accountID, &filtered);
+    state.ArchiveView = view;
+    return handle;
+}
+
+int RemoveRecords(int handle, FileKind kind, int32_t first, int32_t last) {
+    const int32_t count = CountRecords(handle, kind);
+    if (last < count && !MoveRun(handle, kind, last + 1, count - last, first))
+        return 0;
+    return CutFile(handle, int64_t{count - (last - first + 1)} * RecordSize(kind));
+}

@@ -1,0 +1,181 @@
+#include "ledger/account_window.h"
+#include "core/error_log.h"
+#include "core/state.h"
+#include "ledger/account_file.h"
+#include "ledger/balance.h"
+#include "ledger/markers.h"
+#include "ledger/moves.h"
+#include "ledger/order.h"
+#include "platform/shell.h"
+#include "store/index.h"
+#include "store/operations.h"
+#include "store/windows.h"
+
+namespace {
+
+constexpr FileKind Kind = FileKind::Transactions;
+
+void ClearRows() {
+    for (TranRow &row : state.TranRows) {
+        InitTRec(&row.Rec);
+        row.Rec.Date.DayNumber = 0;
+        row.Position = 0;
+    }
+}
+
+int ShowNothing() {
+    state.EntryCount[TransactionList] = 0;
+    state.TopPos[TransactionList] = 1;
+    state.SelectedPos[TransactionList] = 1;
+    state.TranFileShown = 0;
+    state.FilterView = state.FilterShown = 0;
+    return 0;
+}
+
+// A Day marker in the window that is not today's; the last one, when there are several. 0 for none.
+int32_t StaleDayMarker(int handle, const RecDate &today, TRec *marker) {
+    int32_t found = 0;
+    for (int32_t row = 0; row < state.RowCount; ++row) {
+        const int32_t position = state.TopPos[TransactionList] + row;
+        TRecFile record;
+        if (!ReadRecord(handle, Kind, position, &record))
+            break;
+        if (record.Rec.RowKind == DayMarker && record.Rec.Date.DayNumber != today.DayNumber) {
+            *marker = record.Rec;
+            found = position;
+        }
+    }
+    return found;
+}
+
+void ReadRows(int handle) {
+    ClearRows();
+    for (int row = 1; row <= state.RowCount; ++row) {
+        const int32_t position = state.TopPos[TransactionList] + row - 1;
+        TRecFile record;
+        state.TranRows[row].Position = static_cast<uint32_t>(position);
+        if (!ReadRecord(handle, Kind, position, &record))
+            continue;
+        CopyRecFile(TransactionList, &record, &state.TranRows[row].Rec);
+        if (record.Rec.Version != RecordVersion) {
+            Beep();
+            TraceWide(record.Rec.Name);
+        }
+    }
+}
+
+// The marker follows the calendar: it moves to where today's belongs.
+void MoveDayMarker(uint32_t accountID, int32_t position, const RecDate &today, TRec *marker) {
+    const int32_t selection = state.SelectedPos[TransactionList];
+    SetMarkerDay(marker, today);
+    marker->Rank = DayRank;
+    marker->Cleared = 0;
+    ShiftRecord(accountID, position, CpDates(today, DayRank), marker);
+    CalcBalance(accountID);
+    state.SelectedPos[TransactionList] = selection;
+    CheckT1totals(0);
+}
+
+int OpenAccountFile(uint32_t accountID) {
+    const int handle = OpenDataFile(Kind, OpenOrCreate, accountID, &state.FilterView);
+    if (handle < 0)
+        ReportError(In::LoadTranFile, Trouble::TcreateFail);
+    return handle;
+}
+
+int LoadAccount(uint32_t accountID, int32_t top) {
+    int handle = OpenAccountFile(accountID);
+    const int32_t count = CountRecords(handle, Kind);
+    TRecFile record;
+    if (count > 0 && ReadRecord(handle, Kind, 1, &record) && !AcceptVersion(record.Rec.Version, In::LoadTranFile)) {
+        CloseFile(handle);
+        return ShowNothing();
+    }
+    state.EntryCount[TransactionList] = count;
+    state.TopPos[TransactionList] = TopFor(top, count);
+    if (count == 0)
+        state.SelectedPos[TransactionList] = 0;
+    state.TranFileShown = accountID;
+    RecDate today;
+    LoadTodaysDate(&today);
+    TRec marker;
+    const int32_t stale = state.ArchiveView ? 0 : StaleDayMarker(handle, today, &marker);
+    if (stale > 0) {
+        CloseFile(handle);
+        MoveDayMarker(accountID, stale, today, &marker);
+        handle = OpenAccountFile(accountID);
+    }
+    ReadRows(handle);
+    CloseFile(handle);
+    state.AccountKind = static_cast<int32_t>(state.CurAccount.AccType);
+    state.FilterShown = state.FilterView;
+    return state.FilterView == 1;
+}
+
+} // namespace
+
+int LoadTranFile(int32_t accountPosition, int32_t top) {
+    const int32_t screen = state.CurrentScreen;
+    state.CurrentScreen = TransactionList;
+    state.SelectedPos[GraphList] = state.TopPos[GraphList] = 1;
+    ClearRows();
+    int filtered = 0;
+    if (!state.DataUsable || state.EntryCount[AccountList] < 1) {
+        ShowNothing();
+    } else {
+        state.SelectedPos[AccountList] = accountPosition;
+        if (LoadCurrentAccount() && state.CurAccount.ID != 0 && state.CurAccount.RowKind != HeadingRow)
+            filtered = LoadAccount(state.CurAccount.ID, top);
+        else
+            ShowNothing();
+    }
+    state.CurrentScreen = screen;
+    return filtered;
+}
+
+int LoadCurrentAccount() {
+    return FetchAccount(state.SelectedPos[AccountList], &state.CurAccount);
+}
+
+int MakeAccountCurrent(uint32_t accountID) {
+    const int32_t position = accountID ? IDtoRec(accountID) : 0;
+    return position > 0 && FetchAccount(position, &state.CurAccount);
+}
+
+void ReloadList(int list, int32_t top) {
+    switch (list) {
+    case AccountList:
+        LoadAccFile(top);
+        break;
+    case TransactionList:
+        LoadTranFile(state.SelectedPos[AccountList], top);
+        break;
+    case RecurringList:
+        LoadDDFile(top);
+        break;
+    case TemplateList:
+        LoadFavFile(top);
+        break;
+    case BinList:
+        LoadBinFile(top);
+        break;
+    case CategoryList:
+        LoadCatFile(top);
+        break;
+    case ConversionList:
+        LoadCurFile(top);
+        break;
+    }
+    state.CurrentScreen = list;
+}
+
+int32_t CountTransactions() {
+    uint32_t filtered;
+    const int handle = state.CurAccount.ID == 0
+                           ? -1
+                           : OpenDataFile(FileKind::Transactions, OpenExisting, state.CurAccount.ID, &filtered);
+    state.EntryCount[TransactionList] = CountRecords(handle, Kind);
+    if (handle >= 0)
+        CloseFile(handle);
+    return state.EntryCount[TransactionList];
+}

@@ -1,0 +1,358 @@
+#include "ledger/balance.h"
+#include "care/cipher/hooks.h"
+#include "core/error_log.h"
+#include "core/state.h"
+#include "ledger/account_file.h"
+#include "ledger/account_window.h"
+#include "ledger/jeopardy.h"
+#include "store/configuration.h"
+#include "store/index.h"
+#include "store/runs.h"
+#include "store/windows.h"
+#include <cstring>
+
+namespace {
+
+// One pass over a file: what all rows so far come to.
+struct Pass {
+    FixedAmount Balance, Cleared;
+    int32_t Shares, ClearedShares;
+    FixedAmount Price, ClearedPrice; // last seen; last seen on a reconciled row
+};
+
+struct Today {
+    FixedAmount Balance, Cleared;
+};
+
+struct JeopardyWatch { // of one of the two balances
+    uint32_t Flag;
+    uint32_t LastBreach; // day number
+};
+
+void StoreTotals(const Pass &pass, TRec *row) {
+    row->RunTotal = pass.Balance;
+    row->RunCleared = pass.Cleared;
+}
+
+void StoreShares(const Pass &pass, TRec *row) {
+    row->RunUnits = pass.Shares;
+    row->RunClearedUnits = pass.ClearedShares;
+}
+
+void ApplyMoneyRow(Pass *pass, TRec *row) {
+    switch (row->RowKind) {
+    case DayMarker:
+    case ReconcileEntry:
+        row->Units = row->ClearedUnits = 0;
+        break;
+    case ArchiveMarker:
+        pass->Balance = AddAmounts(pass->Balance, row->Value);
+        pass->Cleared = AddAmounts(pass->Cleared, row->ClearedValue);
+        break;
+    default: {
+        const int32_t units = row->RowKind == DeletedMarker || row->Cash ? 1 : row->Units;
+        const FixedAmount value = TimesUnits(units, row->Value);
+        state.LastMultiplier = units;
+        pass->Balance = AddAmounts(pass->Balance, value);
+        if (row->Cleared == 1)
+            pass->Cleared = AddAmounts(pass->Cleared, value);
+    }
+    }
+    StoreTotals(*pass, row);
+}
+
+// A row that moves cash alone: a cash row, a Deleted marker.
+void AddCash(Pass *pass, const TRec &row, FixedAmount cash) {
+    pass->Balance = AddAmounts(pass->Balance, cash);
+    if (row.Cleared == 1)
+        pass->Cleared = AddAmounts(pass->Cleared, cash);
+}
+
+void ApplyShareRow(Pass *pass, TRec *row) {
+    if (row->RowKind == DayMarker) {
+        row->Value = pass->Price;
+        row->ClearedValue = pass->ClearedPrice;
+        row->Units = row->ClearedUnits = 0;
+    } else if (row->RowKind == ArchiveMarker) {
+        pass->Shares = AddUnits(pass->Shares, row->Units);
+        pass->ClearedShares = AddUnits(pass->ClearedShares, row->ClearedUnits);
+        pass->Balance = AddAmounts(pass->Balance, row->CashAmount);
+        pass->Cleared = AddAmounts(pass->Cleared, row->ClearedCashAmount);
+        pass->Price = row->Value;
+        pass->ClearedPrice = row->ClearedValue;
+    } else if (row->Cash) {
+        AddCash(pass, *row, row->CashAmount);
+        row->Value = pass->Price; // the price carries through
+        row->ClearedValue = pass->ClearedPrice;
+    } else {
+        pass->Price = row->Value;
+        pass->Shares = AddUnits(pass->Shares, row->Units);
+        if (row->Cleared == 1) {
+            pass->ClearedPrice = pass->Price;
+            pass->ClearedShares = AddUnits(pass->ClearedShares, row->Units);
+        }
+        row->ClearedValue = pass->ClearedPrice;
+        if (row->RowKind == DeletedMarker)
+            AddCash(pass, *row, row->CashAmount);
+        else if (!row->NoCash)
+            AddCash(pass, *row, NegateAmount(TimesUnits(row->Units, row->Value)));
+    }
+    StoreShares(*pass, row);
+    StoreTotals(*pass, row);
+}
+
+FixedAmount ShareBalance(int32_t shares, FixedAmount price, FixedAmount cash) {
+    return AddAmounts(TimesUnits(shares, price), cash);
+}
+
+Today SnapShot(const Pass &pass, bool share) {
+    if (!share)
+        return {pass.Balance, pass.Cleared};
+    return {ShareBalance(pass.Shares, pass.Price, pass.Balance),
+            ShareBalance(pass.ClearedShares, pass.ClearedPrice, pass.Cleared)};
+}
+
+// Shares and cash are each cut to whole units before they are added.
+int64_t WholeBalance(bool share, int32_t shares, FixedAmount price, FixedAmount cash) {
+    return (share ? WholePart(TimesUnits(shares, price)) : 0) + WholePart(cash);
+}
+
+// A breach to come stays flagged; one in the past is forgiven by any later row within the limits up to today.
+void Watch(JeopardyWatch *watch, const ARec &account, int64_t whole, uint32_t day) {
+    if (BreaksWholeLimit(account, whole)) {
+        watch->LastBreach = day;
+        watch->Flag = 1;
+    } else if (watch->Flag && day > watch->LastBreach && day <= state.SharedToday.DayNumber) {
+        watch->Flag = 0;
+    }
+}
+
+// What stands between Units and ParentRow is all that a pass may change.
+constexpr size_t TouchedFrom = offsetof(TRec, Units), TouchedBytes = offsetof(TRec, ParentRow) - TouchedFrom;
+
+// 1 when the row's bytes changed.
+int ApplyRow(Pass *pass, bool share, TRec *row) {
+    uint8_t before[TouchedBytes];
+    const uint8_t *touched = reinterpret_cast<const uint8_t *>(row) + TouchedFrom;
+    std::memcpy(before, touched, TouchedBytes);
+    if (share)
+        ApplyShareRow(pass, row);
+    else
+        ApplyMoneyRow(pass, row);
+    return std::memcmp(before, touched, TouchedBytes) != 0;
+}
+
+// Writes the changed rows `from` to `to` - 1 of the run in the buffer, which begins at position `first`.
+void WriteBack(int handle, int32_t first, int32_t from, int32_t to) {
+    if (from < to && !WriteRun(handle, FileKind::Transactions, from, to - from, first + from))
+        ReportError(In::CalcBalance, Trouble::TwriteFail);
+}
+
+struct Watches {
+    JeopardyWatch Balance, Cleared;
+};
+
+// Runs over the whole file and writes back the rows that changed. Live rows are watched; `watches` is null otherwise.
+void CalcFile(int handle, const ARec &account, Watches *watches, Pass *pass, Today *asOfToday) {
+    constexpr FileKind Kind = FileKind::Transactions;
+    const bool share = IsShare(account.AccType);
+    RecDate today;
+    LoadTodaysDate(&today);
+    bool beforeToday = true;
+    int32_t read;
+    for (int32_t first = 1; (read = ReadRun(handle, Kind, first, RunLength(Kind))) > 0; first += read) {
+        int32_t changedFrom = read; // the start of the changed rows that end here, `read` for none
+        for (int32_t index = 0; index < read; ++index) {
+            auto *record = static_cast<TRecFile *>(RunRecord(Kind, index));
+            DecipherRecord(Kind, record);
+            const uint32_t day = record->Rec.Date.DayNumber;
+            if (beforeToday && day > today.DayNumber) {
+                beforeToday = false;
+                *asOfToday = SnapShot(*pass, share);
+            }
+            const int changed = ApplyRow(pass, share, &record->Rec);
+            if (watches) {
+                Watch(&watches->Cleared, account,
+                      WholeBalance(share, pass->ClearedShares, pass->ClearedPrice, pass->Cleared), day);
+                Watch(&watches->Balance, account, WholeBalance(share, pass->Shares, pass->Price, pass->Balance), day);
+            }
+            if (changed) {
+                std::memset(record->Tail, 0, sizeof record->Tail);
+                EncipherRecord(Kind, record);
+                changedFrom = changedFrom < index ? changedFrom : index;
+            } else {
+                WriteBack(handle, first, changedFrom, index);
+                changedFrom = read;
+            }
+        }
+        WriteBack(handle, first, changedFrom, read);
+    }
+    if (beforeToday)
+        *asOfToday = SnapShot(*pass, share);
+}
+
+// The live file's Archive marker carries the archive's totals. 1 when there is one. It stands at the head; one that
+// was moved further down than a list shows rows is not found.
+int RefreshArchiveMarker(const ARec &account, const Pass &pass) {
+    const int handle = OpenView(0, account.ID, OpenOrCreate);
+    if (handle < 0)
+        ReportError(In::CalcBalance, Trouble::TcreateFail);
+    TRecFile record;
+    TRec *row = &record.Rec;
+    int found = 0;
+    for (int32_t position = 1; position <= state.RowCount && !found; ++position) {
+        if (!ReadRecord(handle, FileKind::Transactions, position, &record))
+            break;
+        if (row->RowKind != ArchiveMarker)
+            continue;
+        found = 1;
+        row->Cash = 0;
+        if (IsShare(account.AccType)) {
+            row->Units = pass.Shares;
+            row->ClearedUnits = pass.ClearedShares;
+            row->Value = pass.Price;
+            row->ClearedValue = pass.ClearedPrice;
+            row->CashAmount = pass.Balance;
+            row->ClearedCashAmount = pass.Cleared;
+        } else {
+            row->Units = row->ClearedUnits = 1;
+            row->Value = pass.Balance;
+            row->ClearedValue = pass.Cleared;
+        }
+        std::memset(record.Tail, 0, sizeof record.Tail);
+        if (!WriteRecord(handle, FileKind::Transactions, position, &record))
+            ReportError(In::CalcBalance, Trouble::TwriteFail);
+    }
+    CloseFile(handle);
+    return found;
+}
+
+FixedAmount CalcView(uint32_t accountID, uint32_t archive, int withMarker) {
+    ARec account;
+    int32_t position;
+    if (!FindAccount(accountID, &account, &position))
+        return 0;
+    const uint32_t view = state.ArchiveView;
+    state.ArchiveView = archive;
+    Pass pass = {};
+    Today today = {};
+    Watches watches = {};
+    const int handle = OpenView(archive, accountID, OpenOrCreate);
+    if (handle < 0)
+        ReportError(In::CalcBalance, Trouble::TcreateFail);
+    else if (static_cast<int32_t>(account.AccType) < 0)
+        ReportError(In::CalcBalance, Trouble::CaseError); // the rows keep their totals
+    else
+        CalcFile(handle, account, archive ? nullptr : &watches, &pass, &today);
+    CloseFile(handle);
+    if (handle >= 0) {
+        if (!archive) {
+            account.BalanceInJeopardy = watches.Balance.Flag;
+            account.ClearedInJeopardy = watches.Cleared.Flag;
+            WriteAccount(position, account, In::CalcBalance);
+        }
+        UpdateT2FILtot(position, today.Balance, today.Cleared);
+        if (archive && withMarker && RefreshArchiveMarker(account, pass))
+            CalcView(accountID, 0, 0);
+    }
+    state.ArchiveView = view;
+    CountTransactions();
+    return today.Balance;
+}
+
+// Walks a file back from its end to the row whose totals are those as of today; 0 rows leave `row` alone. In the live
+// file every row dated today or later is watched on the way, and raises the account's flags.
+int TotalsAsOfToday(int handle, uint32_t today, int live, ARec *account, TRec *row) {
+    TRecFile record;
+    int found = 0;
+    for (int32_t position = CountRecords(handle, FileKind::Transactions); position > 0; --position) {
+        if (!ReadRecord(handle, FileKind::Transactions, position, &record))
+            break;
+        const uint32_t day = record.Rec.Date.DayNumber;
+        if (live || day <= today) {
+            *row = record.Rec;
+            found = 1;
+        }
+        if (live && day >= today) {
+            if (BreaksLimit(*account, RowBalance(*row, account->AccType, 0)))
+                account->BalanceInJeopardy = 1;
+            if (BreaksLimit(*account, RowBalance(*row, account->AccType, 1)))
+                account->ClearedInJeopardy = 1;
+        }
+        if (day <= today)
+            break;
+    }
+    return found;
+}
+
+} // namespace
+
+FixedAmount RowBalance(const TRec &row, int64_t accountType, int cleared) {
+    const FixedAmount cash = cleared ? row.RunCleared : row.RunTotal;
+    if (!IsShare(accountType))
+        return cash;
+    return cleared ? ShareBalance(row.RunClearedUnits, row.ClearedValue, cash)
+                   : ShareBalance(row.RunUnits, row.Value, cash);
+}
+
+FixedAmount CalcBalance(uint32_t accountID) {
+    return CalcView(accountID, state.ArchiveView, 1);
+}
+
+FixedAmount CalcOneView(uint32_t accountID, uint32_t archive) {
+    return CalcView(accountID, archive, 0);
+}
+
+void UpdateT2FILtot(int32_t position, FixedAmount todayBalance, FixedAmount todayCleared) {
+    ARec account;
+    if (!ReadAccount(position, &account))
+        return;
+    (state.ArchiveView ? account.ArcBalance : account.Balance) = todayBalance;
+    (state.ArchiveView ? account.ArcClearedBalance : account.ClearedBalance) = todayCleared;
+    WriteAccount(position, account, In::UpdateT2FILtot);
+    const int32_t screen = state.CurrentScreen;
+    LoadAccFile(state.TopPos[AccountList]);
+    state.CurrentScreen = screen;
+}
+
+void CheckT1totals(int) {
+    if (!state.DataUsable)
+        return;
+    StampLastChecked();
+    RecDate today;
+    LoadTodaysDate(&today);
+    ARec account;
+    for (int32_t position = 1; ReadAccount(position, &account); ++position) {
+        if (account.RowKind == HeadingRow || account.ID == 0)
+            continue;
+        account.Balance = account.ClearedBalance = account.ArcBalance = account.ArcClearedBalance = 0;
+        for (uint32_t archive = 0; archive < 2; ++archive) {
+            const int handle = OpenView(archive, account.ID, OpenOrCreate);
+            if (handle < 0)
+                ReportError(In::CheckT1totals, archive ? Trouble::RcreateFail : Trouble::TcreateFail);
+            TRec row;
+            if (TotalsAsOfToday(handle, today.DayNumber, !archive, &account, &row)) {
+                (archive ? account.ArcBalance : account.Balance) = RowBalance(row, account.AccType, 0);
+                (archive ? account.ArcClearedBalance : account.ClearedBalance) = RowBalance(row, account.AccType, 1);
+            }
+            CloseFile(handle);
+        }
+        WriteAccount(position, account, In::CheckT1totals);
+    }
+}
+
+int32_t ReGraphFILsiz(int32_t position) {
+    const uint32_t accountID = RectoID(position);
+    if (accountID == 0)
+        return 0;
+    const int live = OpenTransactions(TransactionFile::Live, accountID, OpenOrCreate);
+    if (live < 0)
+        ReportError(In::ReGraphFILsiz, Trouble::AcreateFail);
+    const int archive = OpenTransactions(TransactionFile::Archive, accountID, OpenOrCreate);
+    if (archive < 0)
+        ReportError(In::ReGraphFILsiz, Trouble::RcreateFail);
+    const int64_t bytes = FileLength(live) + FileLength(archive);
+    CloseFile(live);
+    CloseFile(archive);
+    return static_cast<int32_t>(bytes / RecordSize(FileKind::Transactions));
+}

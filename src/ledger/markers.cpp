@@ -1,0 +1,87 @@
+#include "ledger/markers.h"
+#include "core/messages.h"
+#include "core/state.h"
+#include "ledger/account_window.h"
+#include "ledger/balance.h"
+#include "ledger/order.h"
+#include "platform/clock.h"
+#include "platform/text.h"
+#include "store/configuration.h"
+#include "store/index.h"
+#include "store/operations.h"
+#include "store/windows.h"
+
+namespace {
+
+constexpr int MarkerNameUnits = 24;
+
+} // namespace
+
+void SetMarkerDay(TRec *row, const RecDate &date) {
+    row->Date = date;
+    CopyText(row->Name, TextRoom, u"");
+    CopyText(row->Name, MarkerNameUnits + 1, WeekdayName(WeekdayOf(date)));
+}
+
+void FillDayMarker(TRec *row, const RecDate &date) {
+    InitTRec(row);
+    row->RowKind = DayMarker;
+    row->Rank = DayRank;
+    row->Units = row->ClearedUnits = 0;
+    SetMarkerDay(row, date);
+    CopyText(row->Memo, TextRoom, u"Auto generated");
+}
+
+void SetDefaultColumns(ARec *row) {
+    constexpr int32_t Dividers[] = {0, 45, 135, 180, 226}; // pixels
+    for (int i = 0; i < 5; ++i)
+        row->ColumnPos[i] = normalise(Dividers[i]);
+}
+
+void FillTotalMarker(ARec *row) {
+    InitARec(row);
+    row->RowKind = HeadingRow;
+    CopyText(row->Name, TextRoom, u"Total");
+    row->ID = GetNextID();
+    SetDefaultColumns(row);
+    row->MinLimit = 50;
+    row->MaxLimit = 50000;
+}
+
+int InsertDayMarker() {
+    if (state.ActiveDialog != NoDialog || state.FilterView || !LoadCurrentAccount() ||
+        state.CurAccount.RowKind == HeadingRow)
+        return 0;
+    const int32_t screen = state.CurrentScreen;
+    state.CurrentScreen = TransactionList;
+    RecDate today;
+    LoadTodaysDate(&today);
+    TRec row;
+    FillDayMarker(&row, today);
+    const int made = AddRecFile(state.CurAccount.ID, CpDates(today, DayRank), &row, 0);
+    if (made) {
+        CalcBalance(state.CurAccount.ID);
+        int32_t top = state.TopPos[TransactionList];
+        const int32_t selection = state.SelectedPos[TransactionList];
+        if (selection < top || selection >= top + state.RowCount)
+            top = SetRecPosition(selection, state.EntryCount[TransactionList]);
+        LoadTranFile(state.SelectedPos[AccountList], top);
+    }
+    state.CurrentScreen = screen;
+    return made;
+}
+
+int InsertTotalMarker() {
+    ShowHelp(240, 241, 0, 242, 0, 243);
+    if (state.CurrentScreen != AccountList || !state.DataUsable)
+        return 0;
+    ARec row;
+    FillTotalMarker(&row);
+    int32_t position = state.SelectedPos[AccountList];
+    if (position < 1 || position > state.EntryCount[AccountList])
+        position = state.EntryCount[AccountList] + 1;
+    const int made = AddRecFile(0, position, &row, 0);
+    LoadAccFile(state.TopPos[AccountList]);
+    LoadCurrentAccount();
+    return made;
+}
