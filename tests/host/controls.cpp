@@ -55,9 +55,10 @@ void OpenForm(const FormTemplate *opened) {
         control.Limit = control.Template.Limit;
         control.Date = {testClock.Year, testClock.Month, testClock.Day};
         form.Order.push_back(control.Template.Id);
+        if (form.Focus == 0 && control.Template.Kind != ControlKind::Progress)
+            form.Focus = control.Template.Id;
         form.Controls[control.Template.Id] = control;
     }
-    machine.ShownBefore[DialogWindow] = false; // each form is a new window
     ShowWindow(DialogWindow, 1);
 }
 

@@ -51,8 +51,16 @@ void SendEvent(const Event &event) {
     Settle();
 }
 
+// A form's background and the header know no double tap.
 static void SendPointer(EventKind kind, int x, int y) {
     const Window window = WindowAt(x, y);
+    if (kind == EventKind::DoubleTap && (window == DialogWindow || window == TopWindow))
+        kind = EventKind::PointerDown;
+    if (window == NoWindow) {
+        if (kind == EventKind::PointerUp)
+            SendEvent({.Kind = kind});
+        return;
+    }
     const Rect &place = machine.Place[window];
     SendEvent({.Kind = kind, .Where = window, .X = x - place.Left, .Y = y - place.Top});
 }
@@ -91,16 +99,14 @@ static ControlState *Workable(int id) {
 }
 
 static void Tell(int id, ControlChange change) {
-    SendEvent({.Kind = EventKind::Control, .Where = DialogWindow, .Control = id, .Change = change});
+    SendEvent({.Kind = EventKind::Control, .Control = id, .Change = change});
 }
 
 bool Focus(int id) {
     if (!Workable(id))
         return false;
-    if (form.Focus != id) {
-        form.Focus = id;
-        Tell(id, ControlChange::Focus);
-    }
+    form.Focus = id;
+    Tell(id, ControlChange::Focus);
     return Workable(id) != nullptr; // the handler may have closed the form
 }
 
@@ -230,15 +236,29 @@ const char *KeyName(Key key) {
     return "None";
 }
 
-void SendKey(Key key) {
-    const bool types = key >= Key::Digit0 && key <= Key::Digit9;
-    if (form.Resource != 0 && form.Focus != 0 && (types || key == Key::Backspace)) {
-        const int id = form.Focus;
-        SendControlKey(types ? '0' + static_cast<int>(key) - static_cast<int>(Key::Digit0) : 8);
-        Tell(id, ControlChange::Text);
-        return;
+// With a form open, keys belong to the control that has the focus, but for the eyes, the cross and the tick; Enter is
+// the tick but where it begins a new line or opens a row.
+static bool KeyOfControl(Key *key) {
+    if (form.Resource == 0 || *key == Key::Help || *key == Key::Escape || *key == Key::Tick)
+        return false;
+    const int id = form.Focus;
+    const auto focused = form.Controls.find(id);
+    const ControlKind kind = focused == form.Controls.end() ? ControlKind::Progress : focused->second.Template.Kind;
+    if (*key == Key::Enter && kind != ControlKind::MultiLine && kind != ControlKind::ListBox) {
+        *key = Key::Tick;
+        return false;
     }
-    SendEvent({.Kind = EventKind::Key, .Code = static_cast<int>(key)});
+    const bool types = *key >= Key::Digit0 && *key <= Key::Digit9;
+    if (kind <= ControlKind::Combo && (types || *key == Key::Backspace)) {
+        SendControlKey(types ? '0' + static_cast<int>(*key) - static_cast<int>(Key::Digit0) : 8);
+        Tell(id, ControlChange::Text);
+    }
+    return true;
+}
+
+void SendKey(Key key) {
+    if (!KeyOfControl(&key))
+        SendEvent({.Kind = EventKind::Key, .Code = static_cast<int>(key)});
 }
 
 bool SendCommand(int command) {

@@ -27,7 +27,7 @@ void DoubleTap(int x, int y);
 // Press, moves of at most six pixels, release.
 void Drag(int fromX, int fromY, int toX, int toY);
 
-// With a form open and one of its text controls in focus, digits and Backspace go to the control.
+// With a form open, most keys belong to the control that has the focus: digits and Backspace are typed into it.
 void SendKey(Key key);
 // "Up", "Digit7", "7", "Tab3", "Stroke" ...; Key::None for no such key.
 Key KeyByName(const std::string &name);

@@ -5,7 +5,7 @@
 namespace testhost {
 
 Window WindowAt(int x, int y) {
-    for (const Window window : {DialogWindow, HubWindow, HostWindow, ListWindow, TopWindow})
+    for (const Window window : {HubWindow, DialogWindow, HostWindow, ListWindow, TopWindow})
         if (machine.Shown[window] && y < 294 && Inside(machine.Place[window], x, y))
             return window;
     return NoWindow;

@@ -63,14 +63,11 @@ int CreateWindows() {
     return 1;
 }
 
-// A paint request follows when a window is hidden, and when it is shown for the first time.
 void ShowWindow(Window window, int on) {
     if (machine.Shown[window] == (on != 0))
         return;
     machine.Shown[window] = on != 0;
-    if (!on || !machine.ShownBefore[window])
-        machine.PaintWanted = true;
-    machine.ShownBefore[window] = true;
+    machine.PaintWanted = true;
 }
 
 int WindowShown(Window window) {

@@ -109,7 +109,7 @@ struct Machine {
     bool HasPanel = false;
     bool PanelIsUp = false;
     int PanelPreference = 0;
-    bool Shown[WindowCount] = {}, ShownBefore[WindowCount] = {};
+    bool Shown[WindowCount] = {};
     Rect Place[WindowCount] = {{}, {0, 26, 240, 294}, {0, 62, 240, 294}, {0, 26, 240, 294},
                                {}, {0, 26, 240, 294}}; // in device coordinates, the part above the command bar
     bool LoopLeft = false;
