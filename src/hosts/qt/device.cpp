@@ -1,5 +1,6 @@
 // The device's window on the desktop: geometry and scale, the title bar, and the program's windows in it.
 #include "hosts/qt/device.h"
+#include "hosts/qt/style.h"
 #include "platform/clock.h"
 #include "platform/text.h"
 #include <QApplication>
@@ -143,6 +144,10 @@ void Device::paintEvent(QPaintEvent *) {
     painter.fillRect(title, QColor(TitleColour));
     painter.fillRect(WidgetBox({0, TitleHeight - 1, DeviceWidth, TitleHeight}).translated(Corner),
                      QColor(TitleEdgeColour));
+
+    const QRect bar = Bar->geometry();
+    painter.fillRect(bar, QColor(style::Silver));
+    painter.fillRect(bar.x(), bar.y(), bar.width(), WidgetEdge(1), QColor(style::Shadow));
 
     const int margin = WidgetEdge(TitleMargin);
     const QRect text = title.adjusted(margin, 0, -margin, 0);

@@ -1,16 +1,19 @@
 #include "hosts/qt/style.h"
 #include "hosts/qt/device.h"
 #include <QApplication>
+#include <QIcon>
 #include <QPainter>
+#include <QPixmap>
 #include <QProxyStyle>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QToolButton>
 
 namespace {
 
 // Sizes in device pixels.
 constexpr int FrameWidth = 1, DropWidth = 15, ScrollWidth = 14, CheckSize = 14, RowHeight = 17, IconSize = 10,
-              MenuMargin = 2, LeastThumb = 12;
+              MenuMargin = 2, LeastThumb = 12, MenuTextLeft = 7, MenuTextRight = 16;
 
 int Px(double devicePixels) {
     return std::max(1, WidgetEdge(devicePixels));
@@ -31,19 +34,38 @@ void Field(QPainter *painter, const QStyleOption &option) {
     Outline(painter, option.rect, focus ? style::Focus : style::Line, focus ? Px(1.5) : Px(FrameWidth));
 }
 
-// A triangle in the middle of a box, pointing up or down.
-void Triangle(QPainter *painter, const QRect &box, bool down, QRgb colour) {
+// Degrees clockwise from up.
+enum Direction { PointsUp = 0, PointsRight = 90, PointsDown = 180, PointsLeft = 270 };
+
+// A triangle in the middle of a box.
+void Triangle(QPainter *painter, const QRectF &box, Direction direction, QRgb colour) {
     const double half = host.Scale * 3.5, height = host.Scale * 4;
-    const QPointF middle = QRectF(box).center();
-    const double tip = down ? height / 2 : -height / 2;
-    const QPointF corners[] = {
-        {middle.x() - half, middle.y() - tip}, {middle.x() + half, middle.y() - tip}, {middle.x(), middle.y() + tip}};
+    const QPointF corners[] = {{-half, height / 2}, {half, height / 2}, {0, -height / 2}};
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
+    painter->translate(box.center());
+    painter->rotate(direction);
     painter->setPen(Qt::NoPen);
     painter->setBrush(QColor(colour));
     painter->drawPolygon(corners, 3);
     painter->restore();
+}
+
+void MenuItem(QPainter *painter, const QStyleOptionMenuItem &item) {
+    const bool chosen = item.state & QStyle::State_Selected;
+    painter->fillRect(item.rect, QColor(chosen ? style::Selection : style::Paper));
+    if (item.menuItemType == QStyleOptionMenuItem::Separator) {
+        painter->fillRect(item.rect.x(), item.rect.center().y(), item.rect.width(), Px(FrameWidth),
+                          QColor(style::Shadow));
+        return;
+    }
+    const QRgb enabled = chosen ? style::SelectionInk : style::Ink;
+    const QRgb ink = item.state & QStyle::State_Enabled ? enabled : style::GreyInk;
+    painter->setPen(QColor(ink));
+    painter->drawText(item.rect.adjusted(Px(MenuTextLeft), 0, 0, 0),
+                      Qt::AlignLeft | Qt::AlignVCenter | Qt::TextHideMnemonic, item.text);
+    if (item.menuItemType == QStyleOptionMenuItem::SubMenu)
+        Triangle(painter, item.rect.adjusted(item.rect.width() - Px(MenuTextRight), 0, 0, 0), PointsRight, ink);
 }
 
 void Raised(QPainter *painter, const QRect &box, bool pressed) {
@@ -111,6 +133,10 @@ public:
             return;
         case PE_FrameFocusRect:
             return; // the field's own frame shows it
+        case PE_IndicatorArrowDown:
+            if (!qobject_cast<const QToolButton *>(widget)) // the calendar's month is seen to be a button without it
+                QProxyStyle::drawPrimitive(element, option, painter, widget);
+            return;
         case PE_IndicatorCheckBox: {
             Field(painter, *option);
             if (option->state & State_On) {
@@ -135,6 +161,10 @@ public:
     void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                      const QWidget *widget) const override {
         switch (element) {
+        case CE_MenuItem:
+            if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option))
+                MenuItem(painter, *item);
+            return;
         case CE_ProgressBar:
             if (const auto *bar = qstyleoption_cast<const QStyleOptionProgressBar *>(option)) {
                 Field(painter, *option);
@@ -148,7 +178,8 @@ public:
         case CE_ScrollBarAddLine: {
             Raised(painter, option->rect, option->state & State_Sunken);
             const bool can = option->state & State_Enabled;
-            Triangle(painter, option->rect, element == CE_ScrollBarAddLine, can ? style::Ink : style::Shadow);
+            Triangle(painter, option->rect, element == CE_ScrollBarAddLine ? PointsDown : PointsUp,
+                     can ? style::Ink : style::Shadow);
             return;
         }
         case CE_ScrollBarSlider:
@@ -172,7 +203,7 @@ public:
                                                ? style::Pressed
                                                : style::Silver));
             painter->fillRect(drop.x(), drop.y(), Px(FrameWidth), drop.height(), QColor(style::Line));
-            Triangle(painter, drop, true, option->state & State_Enabled ? style::Ink : style::Shadow);
+            Triangle(painter, drop, PointsDown, option->state & State_Enabled ? style::Ink : style::Shadow);
             return;
         }
         if (control == CC_ScrollBar) {
@@ -202,13 +233,27 @@ public:
 
     QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
                            const QWidget *widget) const override {
-        QSize wanted = QProxyStyle::sizeFromContents(type, option, size, widget);
-        if (type == CT_ItemViewItem || type == CT_MenuItem) {
-            const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
-            if (!item || item->menuItemType != QStyleOptionMenuItem::Separator)
-                wanted.setHeight(Px(RowHeight));
-        }
-        return wanted;
+        if (type == CT_ItemViewItem)
+            return {QProxyStyle::sizeFromContents(type, option, size, widget).width(), Px(RowHeight)};
+        const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+        if (type != CT_MenuItem || !item)
+            return QProxyStyle::sizeFromContents(type, option, size, widget);
+        return {Px(MenuTextLeft) + size.width() + Px(MenuTextRight),
+                item->menuItemType == QStyleOptionMenuItem::Separator ? Px(3 * FrameWidth) : Px(RowHeight)};
+    }
+
+    // The calendar's arrows, which would otherwise be small pictures.
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption *option, const QWidget *widget) const override {
+        if (icon != SP_ArrowLeft && icon != SP_ArrowRight)
+            return QProxyStyle::standardIcon(icon, option, widget);
+        const double pixels = host.Factor / host.Scale;
+        QPixmap arrow(QSize(Px(IconSize), Px(IconSize)) * pixels);
+        arrow.setDevicePixelRatio(pixels);
+        arrow.fill(Qt::transparent);
+        QPainter painter(&arrow);
+        Triangle(&painter, QRectF(0, 0, Px(IconSize), Px(IconSize)), icon == SP_ArrowLeft ? PointsLeft : PointsRight,
+                 style::SelectionInk);
+        return QIcon(arrow);
     }
 };
 

@@ -25,7 +25,9 @@ const QString &Family() {
     static const QString family = [] {
         QFontDatabase::addApplicationFont(QStringLiteral(":/fonts/DejaVuSansCondensed-Bold.ttf"));
         const int regular = QFontDatabase::addApplicationFont(QStringLiteral(":/fonts/DejaVuSansCondensed.ttf"));
-        return QFontDatabase::applicationFontFamilies(regular).value(0, QStringLiteral("sans-serif"));
+        // The file bears two names; the last is that of the condensed face alone.
+        const QStringList names = QFontDatabase::applicationFontFamilies(regular);
+        return names.isEmpty() ? QStringLiteral("sans-serif") : names.last();
     }();
     return family;
 }
