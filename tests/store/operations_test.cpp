@@ -1,0 +1,372 @@
+// No entry is lost or doubled, whatever the disk does.
+#include "core/state.h"
+#include "host/test_host.h"
+#include "platform/text.h"
+#include "store/catalogue.h"
+#include "store/operations.h"
+#include "store/runs.h"
+#include "store/windows.h"
+#include <gtest/gtest.h>
+#include <numeric>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace testhost;
+
+namespace {
+
+constexpr uint32_t Account = 5;
+
+TRec Entry(int number) {
+    TRec row;
+    InitTRec(&row);
+    row.Value = number;
+    return row;
+}
+
+std::vector<int> Numbers(const TestRoot &root, const char *file = "E1_02A5") {
+    const std::vector<uint8_t> bytes = ReadBytes(root.DataFile(file));
+    std::vector<int> numbers;
+    for (size_t at = 0; at + 608 <= bytes.size(); at += 608)
+        numbers.push_back(bytes[at + 192] | bytes[at + 193] << 8);
+    return numbers;
+}
+
+std::vector<int> Counted(int first, int last) {
+    std::vector<int> numbers(static_cast<size_t>(last - first + 1));
+    std::iota(numbers.begin(), numbers.end(), first);
+    return numbers;
+}
+
+void WriteEntries(const TestRoot &root, int count, size_t loose = 0) {
+    std::vector<uint8_t> bytes(static_cast<size_t>(count) * 608 + loose, 0xAB);
+    for (int i = 0; i < count; ++i) {
+        TRecFile record = {};
+        record.Rec = Entry(i + 1);
+        memcpy(bytes.data() + static_cast<size_t>(i) * 608, &record, sizeof record);
+    }
+    WriteBytes(root.DataFile("E1_02A5"), bytes);
+}
+
+struct Store : testing::Test {
+    TestRoot Root;
+    Store() {
+        Root.MakeDataDirectory();
+        state.CurrentScreen = TransactionList;
+    }
+    std::string LastLine() const { return machine.Terminal.empty() ? "" : machine.Terminal.back(); }
+};
+
+int Add(int32_t position) {
+    const TRec row = Entry(999);
+    return AddRecFile(Account, position, &row, 1);
+}
+
+// What may stand when a process ended in the middle: the old rows, or the new, at most one of them doubled in place.
+bool IsWholeBut(std::vector<int> found, const std::vector<int> &before, const std::vector<int> &after) {
+    if (found == before || found == after)
+        return true;
+    for (size_t i = 1; i < found.size(); ++i)
+        if (found[i] == found[i - 1]) {
+            found.erase(found.begin() + static_cast<long>(i));
+            return found == before || found == after;
+        }
+    return false;
+}
+
+} // namespace
+
+TEST_F(Store, ARowGoesInAndOutAtEveryPlace) {
+    for (const int count : {0, 1, 3, 447, 448, 449, 1000})
+        for (const int position : {1, 2, count / 2, count, count + 1}) {
+            if (position < 1 || position > count + 1)
+                continue;
+            SCOPED_TRACE(testing::Message() << count << " rows, at " << position);
+            WriteEntries(Root, count, 100); // a remainder of no whole record does not count
+            std::vector<int> expected = Counted(1, count);
+            expected.insert(expected.begin() + position - 1, 999);
+            EXPECT_EQ(Add(position), 1);
+            EXPECT_EQ(Numbers(Root), expected);
+            EXPECT_EQ(state.EntryCount[TransactionList], count + 1);
+            EXPECT_EQ(state.SelectedPos[TransactionList], position);
+            EXPECT_EQ(DeleteRecFile(Account, position), 1);
+            EXPECT_EQ(Numbers(Root), Counted(1, count));
+            EXPECT_EQ(state.EntryCount[TransactionList], count);
+            EXPECT_EQ(ReadBytes(Root.DataFile("E1_02A5")).size(), static_cast<size_t>(count) * 608);
+        }
+    WriteEntries(Root, 2);
+    EXPECT_EQ(DeleteRecFile(Account, 0), 0);
+    EXPECT_EQ(DeleteRecFile(Account, 3), 0);
+    EXPECT_EQ(Add(-5) + Add(77), 2);
+    EXPECT_EQ(Numbers(Root), (std::vector<int>{999, 1, 2, 999}));
+    EXPECT_EQ(disk.OpenHandles, 0);
+}
+
+TEST_F(Store, AFailingDiskChangesNothing) {
+    using Operation = int (*)(int32_t);
+    static const struct {
+        const char *Line;
+        Operation Do;
+    } operations[] = {
+        {"AddRecFile TwriteFail", Add},
+        {"DeleteRecFile TwriteFail", [](int32_t position) { return DeleteRecFile(Account, position); }},
+    };
+    for (const auto &operation : operations)
+        for (const int count : {1, 2, 6, 900})
+            for (const int position : {1, count / 2 + 1, count})
+                for (const bool tear : {false, true})
+                    for (int n = 1;; n += count < 100 || n < 4 ? 1 : 97) {
+                        SCOPED_TRACE(testing::Message() << operation.Line << ": " << count << " rows, at " << position
+                                                        << ", call " << n << (tear ? " torn" : ""));
+                        WriteEntries(Root, count);
+                        state.SelectedPos[TransactionList] = 44;
+                        ResetDisk();
+                        disk.Switches.FailAt = n;
+                        disk.Switches.TearWrite = tear;
+                        const int done = operation.Do(position);
+                        if (disk.WriteCalls < n) {
+                            EXPECT_EQ(done, 1);
+                            break;
+                        }
+                        EXPECT_EQ(done, 0);
+                        EXPECT_EQ(Numbers(Root), Counted(1, count));
+                        EXPECT_EQ(ReadBytes(Root.DataFile("E1_02A5")).size(), static_cast<size_t>(count) * 608);
+                        EXPECT_EQ(state.EntryCount[TransactionList], count);
+                        EXPECT_EQ(state.SelectedPos[TransactionList], 44);
+                        bool told = false;
+                        for (const std::string &line : machine.Terminal)
+                            told = told || line.find(operation.Line) != std::string::npos;
+                        EXPECT_TRUE(told);
+                        machine.Terminal.clear();
+                        ResetDisk();
+                        if (HasFailure())
+                            return;
+                    }
+}
+
+TEST_F(Store, AFullDiskOrADeadOneLosesNoEntry) {
+    WriteEntries(Root, 500);
+    disk.Switches.Full = true;
+    for (const int position : {1, 250, 500, 501})
+        EXPECT_EQ(Add(position), 0);
+    EXPECT_EQ(Numbers(Root), Counted(1, 500));
+    EXPECT_EQ(ReadBytes(Root.DataFile("E1_02A5")).size(), 500u * 608);
+
+    for (const bool adding : {true, false})
+        for (int n = 1; n < 40; ++n) {
+            SCOPED_TRACE(testing::Message() << (adding ? "adding" : "deleting") << ", dead from call " << n);
+            WriteEntries(Root, 20);
+            ResetDisk();
+            disk.Switches.FailAt = n;
+            disk.Switches.FailOnward = true;
+            std::vector<int> after = Counted(1, 20);
+            if (adding) {
+                Add(4);
+                after.insert(after.begin() + 3, 999);
+            } else {
+                DeleteRecFile(Account, 4);
+                after.erase(after.begin() + 3);
+            }
+            EXPECT_TRUE(IsWholeBut(Numbers(Root), Counted(1, 20), after)) << testing::PrintToString(Numbers(Root));
+        }
+    ResetDisk();
+}
+
+TEST_F(Store, AProcessThatEndsInTheMiddleLosesNoEntry) {
+    for (const bool adding : {true, false})
+        for (int n = 1;; n += n < 8 ? 1 : 131) {
+            SCOPED_TRACE(testing::Message() << (adding ? "adding" : "deleting") << ", ended at call " << n);
+            WriteEntries(Root, 1000);
+            std::vector<int> after = Counted(1, 1000);
+            if (adding)
+                after.insert(after.begin() + 299, 999);
+            else
+                after.erase(after.begin() + 299);
+            const pid_t child = fork();
+            if (child == 0) {
+                ResetDisk();
+                disk.Switches.DieAt = n;
+                if (adding)
+                    Add(300);
+                else
+                    DeleteRecFile(Account, 300);
+                _exit(0);
+            }
+            int status = 0;
+            waitpid(child, &status, 0);
+            ASSERT_TRUE(WIFEXITED(status));
+            EXPECT_TRUE(IsWholeBut(Numbers(Root), Counted(1, 1000), after));
+            if (WEXITSTATUS(status) == 0) {
+                EXPECT_EQ(Numbers(Root), after);
+                break;
+            }
+            EXPECT_EQ(WEXITSTATUS(status), DiedExitCode);
+        }
+}
+
+TEST_F(Store, RunsMoveWholeOverAnyDistance) {
+    static const struct {
+        int Count, From, Moved, To;
+    } cases[] = {
+        {10, 1, 10, 4},       {10, 4, 7, 1},        {10, 3, 2, 9},       {10, 9, 2, 1},        {10, 2, 3, 11},
+        {1000, 1, 1000, 301}, {1000, 1, 1000, 601}, {1000, 301, 700, 1}, {2000, 1, 900, 1001}, {10, 5, 0, 1},
+    };
+    for (const auto &c : cases)
+        for (const int failAt : {0, 2}) {
+            SCOPED_TRACE(testing::Message() << c.Moved << " of " << c.Count << " from " << c.From << " to " << c.To
+                                            << (failAt ? ", failing" : ""));
+            WriteEntries(Root, c.Count);
+            std::vector<int> expected = Counted(1, c.Count);
+            const std::vector<int> run(expected.begin() + c.From - 1, expected.begin() + c.From - 1 + c.Moved);
+            expected.resize(static_cast<size_t>(std::max(c.Count, c.To + c.Moved - 1)));
+            std::copy(run.begin(), run.end(), expected.begin() + c.To - 1);
+            const int file = OpenDataFile(FileKind::Transactions, OpenExisting, Account, nullptr);
+            ResetDisk();
+            disk.Switches.FailAt = failAt;
+            const int moved = MoveRun(file, FileKind::Transactions, c.From, c.Moved, c.To);
+            ResetDisk();
+            CloseFile(file);
+            std::vector<int> found = Numbers(Root);
+            if (moved) {
+                EXPECT_EQ(found, expected);
+                continue;
+            }
+            // The run stands where it stood; what it would have covered may be gone, as for a move that succeeds.
+            EXPECT_EQ(std::vector<int>(found.begin() + c.From - 1, found.begin() + c.From - 1 + c.Moved), run);
+            EXPECT_EQ(found.size(), static_cast<size_t>(c.Count));
+        }
+}
+
+TEST_F(Store, AChangedEntryCarriesItsTotalsOn) {
+    for (int i = 1; i <= 600; ++i) {
+        TRec row = Entry(10);
+        row.RunTotal = 10 * i;
+        row.RunCleared = 7;
+        row.Cleared = i == 3;
+        row.ClearedValue = 4;
+        ASSERT_EQ(AddRecFile(Account, i, &row, 1), 1);
+    }
+    TRec changed = Entry(25);
+    changed.Units = 2;
+    changed.RunTotal = 12345; // not the caller's to say
+    ASSERT_EQ(ModRecFile(Account, 2, &changed), 1);
+    state.CurAccount.ID = Account;
+    static const struct {
+        int32_t Position;
+        FixedAmount Total, Cleared;
+    } totals[] = {{1, 10, 7}, {2, 60, 7}, {3, 70, 11}, {4, 80, 11}, {600, 6040, 11}};
+    TRec row;
+    for (const auto &t : totals) {
+        ASSERT_EQ(FetchTran(t.Position, &row), 1);
+        EXPECT_EQ(row.RunTotal, t.Total) << t.Position;
+        EXPECT_EQ(row.RunCleared, t.Cleared) << t.Position;
+    }
+    changed.Cleared = 1;
+    changed.ClearedValue = 100;
+    ASSERT_EQ(ModRecFile(Account, 3, &changed), 1);
+    ASSERT_EQ(FetchTran(3, &row), 1);
+    EXPECT_EQ(row.RunCleared, 2 * 100 - 4); // without what stood there, until CalcBalance
+    ResetDisk();
+    CopyText(changed.Name, 32, u"Renamed");
+    changed.Cleared = 0;
+    ASSERT_EQ(ModRecFile(Account, 600, &changed), 1);
+    EXPECT_EQ(disk.WriteCalls, 1) << "rows that do not change need no write";
+    state.FilterShown = 1;
+    EXPECT_EQ(ModRecFile(Account, 1, &changed), 0);
+    state.FilterShown = 0;
+    EXPECT_EQ(ModRecFile(Account, 601, &changed), 0);
+    disk.Switches.FailAt = disk.WriteCalls + 1;
+    EXPECT_EQ(ModRecFile(Account, 600, &changed), 0);
+    EXPECT_NE(LastLine().find("ModRecFile TwriteFail"), std::string::npos) << LastLine();
+}
+
+TEST_F(Store, TheListWorkedOnIsTheOneOfTheScreen) {
+    BinRec bin;
+    InitBinRec(&bin);
+    state.CurrentScreen = BinList;
+    for (const char16_t *name : {u"first", u"second"}) {
+        CopyText(bin.Name, 32, name);
+        EXPECT_EQ(AddRecFile(0, 1, &bin, 0), 1); // the bin ignores the position
+    }
+    EXPECT_EQ(FetchBin(2, &bin), 1);
+    EXPECT_EQ(Utf8(bin.Name), "second");
+    EXPECT_EQ(state.CurrentScreen, BinList);
+
+    ARec account;
+    InitARec(&account);
+    account.ID = 5;
+    state.CurrentScreen = AccountList;
+    EXPECT_EQ(AddRecFile(0, 1, &account, 0), 1);
+    state.CurrentScreen = GraphList; // shows transactions
+    state.ReconcileState = ReconcileStep::Solved;
+    const TRec row = Entry(1);
+    EXPECT_EQ(AddRecFile(Account, 1, &row, 0), 1);
+    EXPECT_EQ(state.CurrentScreen, TransactionList);
+    EXPECT_EQ(state.AccRows[1].ID, 5u) << "the account list was reloaded";
+    EXPECT_EQ(state.ReconcileState, ReconcileStep::Idle);
+
+    EXPECT_EQ(AddRecFile(0, 1, &row, 1), 0);
+    EXPECT_FALSE(FileThere("\\Program Files\\Zentrik\\E1_Data\\E1_02A0")) << "no account, no file";
+    state.CurrentScreen = 9;
+    EXPECT_EQ(AddRecFile(Account, 1, &row, 1) + ModRecFile(Account, 1, &row) + DeleteRecFile(Account, 1), 0);
+    EXPECT_NE(LastLine().find("DeleteRecFile caseError"), std::string::npos) << LastLine();
+
+    state.CurrentScreen = TransactionList;
+    state.DataUsable = 0;
+    const auto before = Snapshot(Root.Path());
+    EXPECT_EQ(AddRecFile(Account, 1, &row, 1) + ModRecFile(Account, 1, &row) + DeleteRecFile(Account, 1), 0);
+    EXPECT_EQ(Snapshot(Root.Path()), before);
+}
+
+TEST_F(Store, AnUnwritableDirectoryIsAnEmptyOneAndIsReported) {
+    disk.Switches.Unwritable = true;
+    const TRec row = Entry(1);
+    EXPECT_EQ(AddRecFile(Account, 1, &row, 1), 0);
+    EXPECT_NE(LastLine().find("AddRecFile TcreateFail"), std::string::npos) << LastLine();
+    static const struct {
+        int (*Load)(int32_t);
+        const char *Line;
+        int Result;
+    } loaders[] = {
+        {LoadAccFile, "LoadAccFile AcreateFail", 0}, {LoadDDFile, "LoadDDFile DcreateFail", 1},
+        {LoadFavFile, "LoadFavFile FcreateFail", 1}, {LoadBinFile, "LoadBinFile BcreateFail", 1},
+        {LoadCatFile, "LoadCatFile FcreateFail", 1}, {LoadCurFile, "LoadCatFile FcreateFail", 1},
+    };
+    for (const auto &loader : loaders) {
+        EXPECT_EQ(loader.Load(1), loader.Result) << loader.Line;
+        EXPECT_NE(LastLine().find(loader.Line), std::string::npos) << LastLine();
+        EXPECT_EQ(state.EntryCount[state.CurrentScreen], 0);
+    }
+    EXPECT_EQ(state.DataUsable, 1u);
+}
+
+TEST_F(Store, AFilterFileIsWorkedOnInPlaceOfItsAccount) {
+    WriteEntries(Root, 2);
+    WriteBytes(Root.DataFile("E1_02AF5"), {});
+    uint32_t filtered = 7;
+    const auto open = [&](OpenDisposition disposition) {
+        const int file = OpenDataFile(FileKind::Transactions, disposition, Account, &filtered);
+        if (file >= 0)
+            CloseFile(file);
+        return file >= 0;
+    };
+    EXPECT_TRUE(open(OpenOrCreate));
+    EXPECT_EQ(filtered, 1u);
+    EXPECT_EQ(Add(1), 1);
+    EXPECT_EQ(Numbers(Root), Counted(1, 2));
+    EXPECT_EQ(Numbers(Root, "E1_02AF5"), std::vector<int>{999});
+
+    filtered = 7;
+    state.ArchiveView = 1;
+    state.IgnoreFilter = 1;
+    EXPECT_FALSE(open(OpenOrCreate));
+    EXPECT_EQ(filtered, 7u);
+    EXPECT_FALSE(FileThere("\\Program Files\\Zentrik\\E1_Data\\E1_02R5"));
+    state.IgnoreFilter = 0;
+    EXPECT_TRUE(open(OpenOrCreate)); // merely looking creates the file
+    EXPECT_EQ(filtered, 0u);
+    EXPECT_TRUE(FileThere("\\Program Files\\Zentrik\\E1_Data\\E1_02R5"));
+
+    EXPECT_EQ(CloseFile(-1), 0);
+    EXPECT_NE(LastLine().find("CloseHandle Closure"), std::string::npos) << LastLine();
+}
