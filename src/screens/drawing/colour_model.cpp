@@ -1,8 +1,8 @@
 #include "screens/drawing/colour_model.h"
 #include <algorithm>
 
-// The hue wheel of 255 has six sextants of 42, with the thirds at 85 and 170. All arithmetic is on whole numbers over a
-// common divisor, cut once at the end, so that a colour is the same on every machine.
+// The hue wheel of 255 has six sextants of 42, with the thirds at 85 and 170. All arithmetic is on whole numbers, each
+// step cut, so that a colour is the same on every machine.
 
 namespace {
 
@@ -12,23 +12,18 @@ int Channel(int value) {
     return std::clamp(value, 0, Full);
 }
 
-// v of one channel times Full * Sextant; p and q are times Full.
 int HueRamp(int q, int p, int hue) {
-    if (hue < Sextant)
-        return q * Sextant + (p - q) * hue + 21 * Full;
-    if (hue < HalfWheel)
-        return p * Sextant;
-    if (hue < TwoThirds)
-        return q * Sextant + (p - q) * (TwoThirds - hue) + 21 * Full;
-    return q * Sextant;
-}
-
-int RampChannel(int q, int p, int hue) {
     if (hue < 0)
         hue += Full;
     if (hue > Full)
         hue -= Full;
-    return Channel((HueRamp(q, p, hue) + HalfWheel * Sextant) / (Full * Sextant));
+    if (hue < Sextant)
+        return Channel(q + ((p - q) * hue + Sextant / 2) / Sextant);
+    if (hue < HalfWheel)
+        return Channel(p);
+    if (hue < TwoThirds)
+        return Channel(q + ((p - q) * (TwoThirds - hue) + Sextant / 2) / Sextant);
+    return Channel(q);
 }
 
 } // namespace
@@ -38,7 +33,7 @@ Hls RgbToHls(int red, int green, int blue) {
     green = Channel(green);
     blue = Channel(blue);
     const int most = std::max({red, green, blue}), least = std::min({red, green, blue});
-    const int sum = most + least, contrast = most - least, divisor = contrast + 1;
+    const int sum = most + least, contrast = most - least;
 
     Hls colour = {0, sum / 2, 0, contrast};
     if (contrast == Full)
@@ -48,18 +43,16 @@ Hls RgbToHls(int red, int green, int blue) {
     else
         colour.S = std::max(0, (contrast * 2 * Full - sum) / (2 * (2 * Full + 1 - sum)));
 
-    int hue; // times divisor
+    // How far each channel is below the greatest, in sextants, rounded.
+    const auto below = [&](int channel) { return ((most - channel) * 2 * Sextant + contrast) / (2 * (contrast + 1)); };
     if (red == most)
-        hue = (green - blue) * Sextant;
+        colour.H = below(blue) - below(green);
     else if (green == most)
-        hue = Third * divisor + (blue - red) * Sextant;
+        colour.H = below(red) + Third - below(blue);
     else
-        hue = TwoThirds * divisor + (red - green) * Sextant;
-    if (hue < 0)
-        hue += Full * divisor;
-    if (hue > Full * divisor)
-        hue -= Full * divisor;
-    colour.H = hue / divisor;
+        colour.H = below(green) + TwoThirds - below(red);
+    if (colour.H < 0)
+        colour.H += Full;
     return colour;
 }
 
@@ -67,9 +60,9 @@ Colour HlsToRgb(int hue, int luminosity, int saturation) {
     const int l = Channel(luminosity), s = Channel(saturation);
     if (s == 0)
         return Rgb(l, l, l);
-    const int p = l < 128 ? l * (s + Full) + 127 : (l + s) * Full - (l * s + 128);
-    const int q = 2 * l * Full - p;
-    return Rgb(RampChannel(q, p, hue + Third), RampChannel(q, p, hue), RampChannel(q, p, hue - Third));
+    const int p = l < 128 ? (l * (s + Full) + 127) / Full : l + s - (l * s + 128) / Full;
+    const int q = 2 * l - p;
+    return Rgb(HueRamp(q, p, hue + Third), HueRamp(q, p, hue), HueRamp(q, p, hue - Third));
 }
 
 int Brightness(Colour colour) {

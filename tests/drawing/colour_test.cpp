@@ -1,0 +1,190 @@
+// Colours that an owner mixes and keeps: the model's corners, and the palette in its file.
+#include "core/state.h"
+#include "host/fuzz.h"
+#include "host/test_host.h"
+#include "screens/drawing/colour_model.h"
+#include "screens/drawing/colours.h"
+#include <gtest/gtest.h>
+
+using namespace testhost;
+
+namespace {
+
+constexpr int FileBytes = 60 * 20;
+
+std::vector<uint8_t> Entry(const std::vector<uint8_t> &file, size_t number) {
+    const auto from = file.begin() + static_cast<std::ptrdiff_t>((number - 1) * 20);
+    return {from, from + 20};
+}
+
+TEST(ColourModel, HuesAndGreysComeOutAsTheHelpSays) {
+    constexpr struct {
+        int Red, Green, Blue;
+        int H, L, S, C;
+    } cases[] = {
+        {255, 0, 0, 0, 127, 255, 255},
+        {0, 255, 0, 85, 127, 255, 255},
+        {0, 0, 255, 170, 127, 255, 255},
+        {255, 255, 0, 42, 127, 255, 255},
+        {0, 255, 255, 127, 127, 255, 255},
+        {255, 0, 255, 213, 127, 255, 255},
+        {0, 0, 0, 0, 0, 0, 0},
+        {255, 255, 255, 0, 255, 0, 0},
+        {100, 100, 100, 0, 100, 0, 0},
+        {200, 200, 200, 0, 200, 0, 0},
+        {43, 211, 159, 114, 127, 168, 168},
+        {100, 0, 0, 0, 50, 252, 100},
+        {255, 205, 205, 0, 230, 245, 50},
+        {300, -5, 0, 0, 127, 255, 255},
+    };
+    for (const auto &row : cases) {
+        const Hls got = RgbToHls(row.Red, row.Green, row.Blue);
+        EXPECT_TRUE(got.H == row.H && got.L == row.L && got.S == row.S && got.C == row.C)
+            << row.Red << ' ' << row.Green << ' ' << row.Blue << " gave " << got.H << ' ' << got.L << ' ' << got.S
+            << ' ' << got.C;
+    }
+}
+
+TEST(ColourModel, MixedColoursAreTheOnesAskedFor) {
+    constexpr struct {
+        int H, L, S;
+        Colour Wanted;
+    } cases[] = {
+        {0, 127, 255, Rgb(254, 0, 0)},     {255, 127, 255, Rgb(254, 0, 0)},  {85, 127, 255, Rgb(0, 254, 0)},
+        {170, 127, 255, Rgb(0, 0, 254)},   {42, 127, 255, Rgb(255, 254, 0)}, {90, 200, 0, Rgb(200, 200, 200)},
+        {0, 255, 255, Rgb(255, 255, 255)}, {0, 0, 255, Rgb(0, 0, 0)},        {114, 193, 168, Rgb(152, 234, 209)},
+        {114, 83, 168, Rgb(28, 138, 104)}, {0, 400, -3, Rgb(255, 255, 255)},
+    };
+    for (const auto &row : cases)
+        EXPECT_EQ(HlsToRgb(row.H, row.L, row.S), row.Wanted) << row.H << ' ' << row.L << ' ' << row.S;
+    EXPECT_EQ(BevelOfList(ConversionList).Light, Rgb(152, 234, 209));
+    EXPECT_EQ(BevelOfList(ConversionList).Dark, Rgb(28, 138, 104));
+}
+
+TEST(ColourModel, TextOnAColourStaysReadable) {
+    constexpr struct {
+        Colour Ground;
+        int Brightness;
+    } cases[] = {
+        {Rgb(255, 255, 255), 255}, {Rgb(0, 0, 0), 0},       {Rgb(255, 0, 0), 85},      {Rgb(0, 255, 0), 127},
+        {Rgb(0, 0, 255), 42},      {Rgb(255, 255, 0), 212}, {Rgb(128, 128, 128), 128},
+    };
+    for (const auto &row : cases)
+        EXPECT_EQ(Brightness(row.Ground), row.Brightness) << row.Ground;
+}
+
+TEST(Palette, DefaultIsTwelveHuesInFiveShadesWithCompanions) {
+    TestRoot root;
+    DefaultPalette();
+    constexpr struct {
+        int Number;
+        Colour Wanted;
+    } cases[] = {{1, Rgb(216, 164, 164)}, {5, Rgb(140, 0, 0)}, {60, Rgb(140, 0, 70)}};
+    for (const auto &row : cases)
+        EXPECT_EQ(state.Palette[row.Number], row.Wanted) << row.Number;
+    SetPaletteEntry(60, 255, 0, 0);
+    EXPECT_EQ(state.Palette[120], Rgb(254, 67, 0));
+    const std::vector<Colour> before(std::begin(state.Palette), std::end(state.Palette));
+    for (int outside : {-1, 0, 61, 125})
+        SetPaletteEntry(outside, 1, 2, 3);
+    EXPECT_EQ(before, std::vector<Colour>(std::begin(state.Palette), std::end(state.Palette)));
+}
+
+TEST(Palette, ANameAlwaysFallsOnTheSameEntry) {
+    const std::u16string longName(29, u'a');
+    EXPECT_EQ(PaletteHash(u""), 1);
+    EXPECT_EQ(PaletteHash(u"A"), 66);
+    EXPECT_EQ(PaletteHash(u"AB"), 26);
+    EXPECT_EQ(PaletteHash(longName.c_str()), 48);
+    EXPECT_EQ(PaletteHash((longName + u"z").c_str()), 48);
+    EXPECT_EQ(PaletteHash(std::u16string(40, u'\xFFFF').c_str()), 52);
+}
+
+TEST(PaletteFile, MixedColoursAreThereAfterARestart) {
+    TestRoot root;
+    root.MakeDataDirectory();
+    LoadPalette();
+    EXPECT_TRUE(ReadBytes(root.DataFile("COL")).empty()) << "loading alone makes no file";
+    SetPaletteEntry(7, 1, 254, 3);
+    ASSERT_EQ(SavePalette(), 1);
+    const std::vector<uint8_t> file = ReadBytes(root.DataFile("COL"));
+    ASSERT_EQ(file.size(), static_cast<size_t>(FileBytes));
+    EXPECT_EQ(Entry(file, 7), (std::vector<uint8_t>{1, 0, 0, 0, 1, 0, 0, 0, 254, 0, 0, 0, 3, 0, 0, 0, 0, 0, 0, 0}));
+
+    const Colour companion = state.Palette[67], last = state.Palette[60];
+    ResetState();
+    LoadPalette();
+    EXPECT_EQ(state.Palette[7], Rgb(1, 254, 3));
+    EXPECT_EQ(state.Palette[67], companion);
+    EXPECT_EQ(state.Palette[60], last);
+}
+
+TEST(PaletteFile, CutOrOverlongFilesGiveTheRecordsTheyHold) {
+    TestRoot root;
+    root.MakeDataDirectory();
+    for (int i = 1; i <= 60; ++i)
+        SetPaletteEntry(i, i, 0, 0);
+    ASSERT_EQ(SavePalette(), 1);
+    std::vector<uint8_t> whole = ReadBytes(root.DataFile("COL"));
+    whole.resize(FileBytes + 5 * 20, 0xEE); // more than 60: not even their version is looked at
+    for (size_t length = 0; length <= whole.size(); length += 13) {
+        WriteBytes(root.DataFile("COL"), {whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length)});
+        LoadPalette();
+        const int records = std::min(60, static_cast<int>(length) / 20);
+        for (int i = 1; i <= 60; ++i)
+            ASSERT_EQ(state.Palette[i], i <= records ? Rgb(i, 0, 0) : Rgb(255, 0, 0)) << length << ": " << i;
+    }
+    EXPECT_EQ(state.DataUsable, 1u);
+}
+
+TEST(PaletteFile, AnotherVersionEndsTheUseOfTheDataAndIsKept) {
+    const std::vector<std::vector<uint8_t>> versions = {{2, 0, 0, 0}, {1, 1, 0, 0}, {0, 0, 0, 0}};
+    for (const std::vector<uint8_t> &version : versions) {
+        TestRoot root;
+        root.MakeDataDirectory();
+        DefaultPalette();
+        ASSERT_EQ(SavePalette(), 1);
+        std::vector<uint8_t> file = ReadBytes(root.DataFile("COL"));
+        std::copy(version.begin(), version.end(), file.begin() + 2 * 20);
+        WriteBytes(root.DataFile("COL"), file);
+        LoadPalette();
+        EXPECT_EQ(state.DataUsable, 0u);
+        EXPECT_EQ(SavePalette(), 0);
+        EXPECT_EQ(ReadBytes(root.DataFile("COL")), file);
+    }
+}
+
+TEST(PaletteFile, AFullDiskLeavesNoHalfPalette) {
+    TestRoot root;
+    root.MakeDataDirectory();
+    DefaultPalette();
+    const Colour first = state.Palette[1];
+    disk.Switches.Full = true;
+    EXPECT_EQ(SavePalette(), 0);
+    EXPECT_GT(machine.Beeps, 0);
+    ResetDisk();
+    LoadPalette();
+    EXPECT_EQ(state.Palette[1], first);
+}
+
+TEST(PaletteFile, RandomBytesGiveColours) {
+    TestRoot root;
+    root.MakeDataDirectory();
+    DefaultPalette();
+    ASSERT_EQ(SavePalette(), 1);
+    const std::vector<uint8_t> good = ReadBytes(root.DataFile("COL"));
+    for (const uint64_t seed : FuzzSeeds(200)) {
+        SCOPED_TRACE(seed);
+        std::vector<uint8_t> file = DamagedBytes(seed, good);
+        for (size_t i = 0; i + 4 <= file.size(); i += 20) { // of this version, or nothing else would be read
+            file[i] = 1;
+            file[i + 1] = file[i + 2] = file[i + 3] = 0;
+        }
+        WriteBytes(root.DataFile("COL"), file);
+        LoadPalette();
+        for (Colour colour : state.Palette)
+            ASSERT_LE(colour, 0xFFFFFFu);
+    }
+}
+
+} // namespace
