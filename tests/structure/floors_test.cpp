@@ -14,15 +14,32 @@ namespace {
 
 // A folder is a floor. It includes headers of its own and of lower floors; two folders on one floor do not know
 // each other. A folder without a row stands on the floor of the folder around it and is a part of it.
-constexpr struct Floor {
+struct Floor {
     const char *Folder;
     int Level;
-} Floors[] = {
-    {"hosts/qt", 11},       {"platform/posix", 11}, {"core/startup", 10}, {"screens", 9},       {"ledger/dialogs", 8},
-    {"exchange", 8},        {"analysis", 8},        {"care", 8},          {"screens/frame", 7}, {"ledger", 6},
-    {"screens/drawing", 6}, {"store", 5},           {"care/cipher", 4},   {"core", 3},          {"store/records", 2},
-    {"ledger/values", 1},   {"platform", 0},        {"resources", 0},
 };
+// clang-format off
+constexpr Floor Floors[] = {
+    {"hosts/qt", 11},
+    {"platform/posix", 11},
+    {"core/startup", 10},
+    {"screens", 9},
+    {"ledger/dialogs", 8},
+    {"exchange", 8},
+    {"analysis", 8},
+    {"care", 8},
+    {"screens/frame", 7},
+    {"ledger", 6},
+    {"screens/drawing", 6},
+    {"store", 5},
+    {"care/cipher", 4},
+    {"core", 3},
+    {"store/records", 2},
+    {"ledger/values", 1},
+    {"resources", 1},
+    {"platform", 0},
+};
+// clang-format on
 
 const fs::path Source = fs::path(PROJECT_DIRECTORY) / "src";
 
@@ -110,7 +127,7 @@ TEST(Structure, NothingAboveTheSeamGoesAroundIt) {
     };
     static const Rule everywhere[] = {
         {R"(#\s*include\s*<(Q\w+|Qt\w+/.*)>)", "Qt belongs to its host"},
-        {R"(#\s*include\s*<(unistd|fcntl|dirent|windows|pthread|sys/\w+|fstream|iostream|sstream|filesystem|cstdlib|stdlib|ctime|time|chrono|locale|clocale|thread|mutex|future|atomic)(\.h)?>)",
+        {R"(#\s*include\s*<(unistd|fcntl|dirent|windows|pthread|sys/\w+|fstream|iostream|sstream|filesystem|ctime|time|chrono|locale|clocale|thread|mutex|future|atomic)(\.h)?>)",
          "what a machine gives comes through src/platform"},
         {R"(#\s*include\s*<(string|vector|map|set|list|deque|unordered_map|functional|memory|regex|any|variant|optional)>)",
          "plain structures and fixed arrays"},
