@@ -52,8 +52,11 @@ void TestRoot::MakeDataDirectory() const {
 }
 
 std::vector<uint8_t> ReadBytes(const std::string &hostPath) {
-    std::ifstream file(hostPath, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    std::ifstream file(hostPath, std::ios::binary | std::ios::ate);
+    std::vector<uint8_t> bytes(file ? static_cast<size_t>(file.tellg()) : 0);
+    file.seekg(0);
+    file.read(reinterpret_cast<char *>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    return bytes;
 }
 
 void WriteBytes(const std::string &hostPath, const std::vector<uint8_t> &bytes) {
