@@ -67,7 +67,8 @@ void SetMenuBar() {
     const int configuration = OpenDataFile(FileKind::Configuration, OpenExisting, 0, nullptr);
     if (configuration < 0)
         ReportError(In::SetMenuBar, Trouble::CcreateFail);
-    CloseFile(configuration);
+    else
+        CloseFile(configuration);
     ShowBar();
 }
 
