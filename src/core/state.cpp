@@ -20,6 +20,7 @@ void ResetState() {
     state.DrawDepth = 3;
     state.RecurringInOrder = 1;
     state.GraphScale = 1;
+    state.BalanceView = 1;
     state.ColumnRepaintGate = 1;
     state.FirstSign = state.SecondSign = 1;
     state.LeftEye = state.RightEye = 9;

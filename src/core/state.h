@@ -44,7 +44,13 @@ enum Dialog : int {
 };
 
 // What must come after the present event; the start-up floor reads it.
-enum class NextStep : uint8_t { None, LoadData, Leave };
+enum class NextStep : uint8_t {
+    None,
+    LoadData,
+    Leave,
+    LeaveFiltered, // the filters stay
+    Left,          // nothing is heard any more
+};
 
 enum class ReconcileStep : int32_t { Idle, Impossible, Solved, Computing };
 
@@ -160,6 +166,9 @@ struct State {
     // Graph
     int32_t GraphMode; // 0 none yet, 1 graph, 2 regression, 3 extrapolation, 4 bars, 5 pies
     int32_t GraphScale;
+    uint32_t BalanceView;    // 1: the Balance column is plotted, 0: the value column
+    uint32_t BackToGraph;    // a form opened from the graph leads back to it
+    uint32_t GraphDecrement; // extrapolation: a tap on the box counts down
 
     // Hub
     int32_t HubState; // 0 closed, 1 hub, 2 calculator

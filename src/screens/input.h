@@ -11,9 +11,18 @@ void DoMouseMove(Window window, int x, int y);
 void DoButtonUp(Window window, int x, int y);
 // Opens what is selected; `entryKind` is the RowKind of a new row. 1 when something opened.
 int DoButtonDblclk(Window window, int entryKind);
+// The host's double tap: a row opens, anything else takes it as a press.
+void DoDoubleTap(Window window, int x, int y);
+// From the account list to the selected account's transactions, with the lines that say so.
+void ShowEnteredAccount();
 void DoKeyDown(Key key);
 void DoCommand(int command);
 void DoScroll(ScrollCode code, int position);
 
 // What lies under a point of ListWindow: 1 and up a row, -1 to -8 a tab, -13 the page button, 0 anything else.
 int LinePos(Window window, int x, int y);
+
+// A tap on a tab: its help lines, and the screen when it is another one.
+void TapTab(int tab);
+// Turns to the tab page that shows a tab, where it does not show.
+void ShowTabPageOf(int tab);

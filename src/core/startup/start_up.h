@@ -1,0 +1,8 @@
+// The order in which the program comes up and goes down.
+#pragma once
+
+// Steps 1 to the first painted screen. 1, -1 or 0 as WinMain answers.
+[[nodiscard]] int StartUp();
+
+// Ends the program: filters go unless `keepFilters`, settings are stored, the host's loop ends.
+void ShutDown(int keepFilters);

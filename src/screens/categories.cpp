@@ -1,0 +1,96 @@
+// Screen 7: the categories, each in its colour.
+#include "screens/frame/header.h"
+#include "screens/list_screen.h"
+#include "screens/rows.h"
+#include "screens/screens.h"
+#include "store/configuration.h"
+
+namespace {
+
+constexpr int NameLeft = 50; // however narrow the colour column is
+
+// --- Rows
+
+int NeverMarked(int) {
+    return 0;
+}
+
+void Explain(int) {
+    ShowHelp(356, 0, 40, 41, 0, 357);
+}
+
+// --- Titles
+
+void DrawTitle() {
+    DrawHeaderTitle(u"Categories");
+}
+
+void DrawColumns() {
+    static constexpr ColumnTitle Titles[] = {{u" Colour", u" Colour"}, {u"Name", u"Ref"}};
+    PaintTitles(Titles, 2, TitleBrush, TitleBrush);
+}
+
+// --- Strokes and drops
+
+// Deliberately says "Deletion complete" although nothing is deleted.
+void Stroke(int position) {
+    if (InList(position))
+        ShowHelp(0, 0, 233);
+}
+
+int CanReorder() {
+    return 1;
+}
+
+constexpr TitleSpot Spots[] = {{1, 6, 0, ScreenWidth - 1, 16, ToggleRefColumn}};
+constexpr TabDrop Drops[] = {{BinList, AcceptInBin, BinRow}};
+
+} // namespace
+
+void UpdateCatRec(Window window, int position, int mode) {
+    RowStrip strip;
+    if (!BeginRow(&strip, window, position, mode, AquaBrush))
+        return;
+    const CatRec &row = state.CatRows[strip.Index];
+    const int edge = state.ColumnEdge[CategoryList][1];
+    TurningCell(strip, 1, 225, AquaBrush, PressedAqua);
+    if (strip.Past)
+        return;
+    SetCategoryBrush(Rgb(row.Red & 0xFF, row.Green & 0xFF, row.Blue & 0xFF));
+    KeepingCell(strip, 1, edge, CategoryBrush);
+    RowText(strip, edge + 5 > NameLeft ? edge + 5 : NameLeft, 224, state.RefColumn ? row.Description : row.Name);
+}
+
+void doCats(Window window, int mask) {
+    PaintScreen(CategoryScreen, window, mask);
+}
+
+// clang-format off
+const ListScreen CategoryScreen = {
+    .List = CategoryList,
+    .Paint = doCats,
+    .TabHelp = {{{351, 352, 0, 353, 354, 355}}, {}, nullptr},
+    .Arrives = Arrival::ShowEnd,
+    .Selection = Choose::LastWhenNone,
+    .NeedsAccount = false,
+    .PostsDues = false,
+    .ChecksTotals = false,
+    .PaintRow = UpdateCatRec,
+    .Marked = NeverMarked,
+    .BlankHelp = {{{34, 0, 35, 47, 37, 0}}, {}, nullptr},
+    .ExplainRow = Explain,
+    .DrawTitle = DrawTitle,
+    .DrawColumns = DrawColumns,
+    .Spots = Spots,
+    .SpotCount = 1,
+    .Grabs = 1,
+    .GrabFloor = 40,
+    .ColumnsExplained = true,
+    .PressPlot = nullptr,
+    .Stroke = Stroke,
+    .CanReorder = CanReorder,
+    .Changed = nullptr,
+    .Drops = Drops,
+    .DropCount = 1,
+};
+// clang-format on

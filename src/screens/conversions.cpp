@@ -1,0 +1,105 @@
+// Screen 8: the conversions, each shown forward or reversed.
+#include "screens/frame/header.h"
+#include "screens/list_screen.h"
+#include "screens/rows.h"
+#include "screens/screens.h"
+#include "store/configuration.h"
+#include "store/operations.h"
+#include "store/windows.h"
+
+namespace {
+
+// --- Rows
+
+int NeverMarked(int) {
+    return 0;
+}
+
+void Explain(int) {
+    ShowHelp(341, 0, 40, 41, 42, 342);
+}
+
+// --- Titles
+
+void DrawTitle() {
+    DrawHeaderTitle(u"Conversions");
+}
+
+void DrawColumns() {
+    static constexpr ColumnTitle Titles[] = {{u"A =", u"A ="}, {u"Rate", u"Rate"}, {u"X B", u"X B"}};
+    PaintTitles(Titles, 3, TitleBrush, TitleBrush);
+}
+
+// --- Strokes and drops
+
+void Stroke(int position) {
+    CurRec row;
+    if (!InList(position) || !FetchCur(position, &row))
+        return;
+    row.DirectionState = row.DirectionState == 1 ? 0 : 1;
+    ModRecFile(0, position, &row);
+    state.SelectedPos[ConversionList] = position;
+    ReloadAndPaint(PaintCounts | PaintRows);
+    Explain(position);
+}
+
+int CanReorder() {
+    return 1;
+}
+
+constexpr TitleSpot Spots[] = {{2, 6, 0, ScreenWidth - 1, 16, ToggleRefColumn}};
+constexpr TabDrop Drops[] = {{BinList, AcceptInBin, BinRow}};
+
+} // namespace
+
+void UpdateConRec(Window window, int position, int mode) {
+    RowStrip strip;
+    if (!BeginRow(&strip, window, position, mode, ConversionBrush))
+        return;
+    const CurRec &row = state.CurRows[strip.Index];
+    const int32_t *e = state.ColumnEdge[ConversionList];
+    KeepingCell(strip, 1, e[1] - 3, NoFill);
+    KeepingCell(strip, e[1] + 1, e[2] - 1, NoFill);
+    TurningCell(strip, e[2], 225, ConversionBrush, PressedConversion);
+    if (strip.Past)
+        return;
+    const bool reversed = row.DirectionState == 1;
+    PaintFlag(window, row.ColourFlag, e[1], strip.Place.Top);
+    RowText(strip, 3, e[1] - 4, reversed ? row.ToName : row.FromName);
+    RowAmount(strip, e[1] + 2, e[2] - 2, reversed ? row.InverseRate : row.Rate, 2, Align::Centre);
+    RowText(strip, e[2] + 3, 224, state.RefColumn ? row.Note : reversed ? row.FromName : row.ToName);
+}
+
+void doCons(Window window, int mask) {
+    PaintScreen(ConversionScreen, window, mask);
+}
+
+// clang-format off
+const ListScreen ConversionScreen = {
+    .List = ConversionList,
+    .Paint = doCons,
+    .TabHelp = {{{343, 344, 0, 345, 346, 347}}, {}, nullptr},
+    .Arrives = Arrival::ShowEnd,
+    .Selection = Choose::LastWhenNone,
+    .NeedsAccount = false,
+    .PostsDues = false,
+    .ChecksTotals = false,
+    .PaintRow = UpdateConRec,
+    .Marked = NeverMarked,
+    .BlankHelp = {{{34, 0, 35, 47, 37, 0}}, {}, nullptr},
+    .ExplainRow = Explain,
+    .DrawTitle = DrawTitle,
+    .DrawColumns = DrawColumns,
+    .Spots = Spots,
+    .SpotCount = 1,
+    .Grabs = 2,
+    .GrabFloor = 30,
+    .ColumnsExplained = true,
+    .PressPlot = nullptr,
+    .Stroke = Stroke,
+    .CanReorder = CanReorder,
+    .Changed = nullptr,
+    .Drops = Drops,
+    .DropCount = 1,
+};
+// clang-format on

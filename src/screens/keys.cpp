@@ -1,0 +1,156 @@
+// The hardware keys, and the keys that stand for taps and commands.
+#include "core/messages.h"
+#include "platform/shell.h"
+#include "resources/menus.h"
+#include "screens/drawing/geometry.h"
+#include "screens/frame/header.h"
+#include "screens/input.h"
+#include "screens/list_screen.h"
+#include "screens/screens.h"
+#include "store/windows.h"
+
+namespace {
+
+// --- Up and Down on a list
+
+void ShowListHelp() {
+    ShowHelp(75, 58, 59, 0, 57, 61);
+}
+
+int SelectionShows() {
+    return RowShows(RowOfPosition(state.SelectedPos[state.CurrentScreen]));
+}
+
+void ShowWindowFrom(int32_t top) {
+    LoadWindow(top);
+    state.Paint[state.CurrentScreen](ListWindow, PaintCounts | PaintRows);
+}
+
+void CentreOnSelection() {
+    const int screen = state.CurrentScreen;
+    ShowWindowFrom(SetRecPosition(state.SelectedPos[screen], state.EntryCount[screen]));
+}
+
+void MoveUp() {
+    const int screen = state.CurrentScreen;
+    const int32_t selected = state.SelectedPos[screen];
+    ShowListHelp();
+    if (selected < 2)
+        return;
+    if (!SelectionShows()) {
+        CentreOnSelection();
+        return;
+    }
+    if (RowOfPosition(selected) > 1) {
+        SelectRow(selected - 1);
+        return;
+    }
+    SelectRow(selected - 1);
+    CentreOnSelection();
+}
+
+void MoveDown() {
+    const int screen = state.CurrentScreen;
+    const int32_t count = state.EntryCount[screen];
+    const int32_t limit = count + 2 > state.RowCount ? count + 2 : state.RowCount;
+    int32_t *selected = &state.SelectedPos[screen];
+    ShowListHelp();
+    if (*selected >= limit)
+        return;
+    if (*selected == 0) {
+        const bool first = screen != AccountList && screen != TransactionList && screen != CategoryList;
+        *selected = first || count < 1 ? 1 : count;
+        ShowWindowFrom(first ? 1 : 0);
+        return;
+    }
+    if (!SelectionShows()) {
+        CentreOnSelection();
+        return;
+    }
+    const bool lastRow = RowOfPosition(*selected) == state.RowCount;
+    SelectRow(*selected + 1);
+    if (lastRow)
+        ShowWindowFrom(state.TopPos[screen] + 1);
+}
+
+void MoveSelection(Key key) {
+    if (state.CurrentScreen == GraphList)
+        return;
+    if (key == Key::Up)
+        MoveUp();
+    else
+        MoveDown();
+}
+
+// --- The other keys
+
+void StepByKey(Key key) {
+    static constexpr HelpChoice Steps = {{{125, 72, 73, 0, 126, 76}}, {{125, 72, 74, 0, 126, 76}}, InArchiveView};
+    if (key == Key::Right)
+        DoRightArrow();
+    else
+        DoLeftArrow();
+    if (state.CurrentScreen <= GraphList)
+        ShowChoice(Steps);
+}
+
+void OpenSelected(Key) {
+    if (state.CurrentScreen == AccountList && InList(state.SelectedPos[AccountList]))
+        ShowEnteredAccount();
+    else if (state.CurrentScreen != GraphList)
+        DoButtonDblclk(ListWindow, EntryRow);
+}
+
+void ShowTab(Key key) {
+    const int tab = static_cast<int>(key) - static_cast<int>(Key::Tab1) + 1;
+    ShowTabPageOf(tab);
+    TapTab(tab);
+}
+
+// As if the stylus went across the selected row.
+void StrokeSelected(Key) {
+    const ListScreen *screen = ScreenOf(state.CurrentScreen);
+    const int32_t selected = state.SelectedPos[state.CurrentScreen];
+    if (!screen || !screen->Stroke || selected < 1)
+        return;
+    if (!SelectionShows())
+        CentreOnSelection();
+    screen->Stroke(selected);
+}
+
+// The cross quits when there is nothing left to close; the key never does.
+void Leave(Key) {
+    if (state.ActiveDialog != NoDialog || state.HubState != 0 || state.HelpMode)
+        WndProc({.Kind = EventKind::Command, .Code = CommandCross});
+}
+
+struct KeyRow {
+    Key First, Last;
+    bool InForm; // also while a form is open
+    void (*Do)(Key key);
+    int Command; // when there is no action of its own
+};
+constexpr KeyRow Keys[] = {
+    {Key::Up, Key::Down, false, MoveSelection, 0},         {Key::Left, Key::Right, false, StepByKey, 0},
+    {Key::Enter, Key::Enter, false, OpenSelected, 0},      {Key::Tab1, Key::Tab8, false, ShowTab, 0},
+    {Key::Stroke, Key::Stroke, false, StrokeSelected, 0},  {Key::Escape, Key::Escape, true, Leave, 0},
+    {Key::Help, Key::Help, true, nullptr, CommandLeftEye}, {Key::Delete, Key::Delete, false, nullptr, CommandDeleteOne},
+    {Key::New, Key::New, false, nullptr, CommandNew},      {Key::Modify, Key::Modify, false, nullptr, CommandModify},
+    {Key::Tick, Key::Tick, true, nullptr, CommandTick},
+};
+
+} // namespace
+
+void DoKeyDown(Key key) {
+    for (const KeyRow &row : Keys) {
+        if (key < row.First || key > row.Last)
+            continue;
+        if (state.ActiveDialog != NoDialog && !row.InForm)
+            return;
+        if (row.Do)
+            row.Do(key);
+        else
+            WndProc({.Kind = EventKind::Command, .Code = row.Command}); // an open form hears it first
+        return;
+    }
+}

@@ -1,0 +1,116 @@
+// Screen 5: the templates.
+#include "screens/frame/header.h"
+#include "screens/list_screen.h"
+#include "screens/rows.h"
+#include "screens/screens.h"
+#include "store/configuration.h"
+#include "store/operations.h"
+#include "store/windows.h"
+
+namespace {
+
+// --- Rows
+
+const FRec &RowAt(int position) {
+    return state.FavRows[RowOfPosition(position)];
+}
+
+FixedAmount ShownValue(const FRec &row) {
+    return row.Cash == 1 ? row.Value : TimesUnits(row.Units, row.Value);
+}
+
+int Marked(int position) {
+    return RowShows(RowOfPosition(position)) && RowAt(position).Cleared == 1;
+}
+
+void ExplainTemplate(const FRec &row) {
+    const int alert = WholeMagnitude(ShownValue(row)) > LargestShown ? 112 : 0;
+    ShowHelp(113, alert, 40, 41, 42, row.Cleared == 1 ? 44 : 43);
+}
+
+void Explain(int position) {
+    ExplainTemplate(RowAt(position));
+}
+
+// --- Titles
+
+void DrawTitle() {
+    DrawHeaderTitle(u"Templates");
+}
+
+void DrawColumns() {
+    static constexpr ColumnTitle Titles[] = {{u"Name", u"Ref"}, {u"Value", u"Value"}};
+    PaintTitles(Titles, 2, TitleBrush, TitleBrush);
+}
+
+// --- Strokes and drops
+
+// The entry that the template makes will be reconciled, or not.
+void Stroke(int position) {
+    FRec row;
+    if (!InList(position) || !FetchFav(position, &row))
+        return;
+    row.Cleared = row.Cleared == 1 ? 0 : 1;
+    ModRecFile(0, position, &row);
+    state.SelectedPos[TemplateList] = position;
+    ReloadAndPaint(PaintCounts | PaintRows);
+    ExplainTemplate(row);
+}
+
+int CanReorder() {
+    return 1;
+}
+
+constexpr TitleSpot Spots[] = {{0, 1, 1, -6, 16, ToggleRefColumn}};
+constexpr TabDrop Drops[] = {{BinList, AcceptInBin, BinRow}};
+
+} // namespace
+
+void UpdateFRec(Window window, int position, int mode) {
+    RowStrip strip;
+    if (!BeginRow(&strip, window, position, mode, GreenBrush))
+        return;
+    const FRec &row = state.FavRows[strip.Index];
+    const int edge = state.ColumnEdge[TemplateList][1];
+    KeepingCell(strip, 1, edge - 3, IsMarked(mode) ? FlaggedBrush : NoFill);
+    TurningCell(strip, edge + 1, 225, NoFill, PressedGreen);
+    if (strip.Past)
+        return;
+    PaintFlag(window, row.Flag, edge, strip.Place.Top);
+    RowText(strip, 3, edge - 4, state.RefColumn ? row.Memo : row.Name);
+    RowAmount(strip, edge + 2, 224, ShownValue(row));
+}
+
+void doFavs(Window window, int mask) {
+    PaintScreen(TemplateScreen, window, mask);
+}
+
+// clang-format off
+const ListScreen TemplateScreen = {
+    .List = TemplateList,
+    .Paint = doFavs,
+    .TabHelp = {{{18, 19, 20, 21, 22, 23}}, {}, nullptr},
+    .Arrives = Arrival::ShowEnd,
+    .Selection = Choose::LastWhenNone,
+    .NeedsAccount = true,
+    .PostsDues = true,
+    .ChecksTotals = false,
+    .PaintRow = UpdateFRec,
+    .Marked = Marked,
+    .BlankHelp = {{{34, 0, 35, 47, 37, 0}}, {}, nullptr},
+    .ExplainRow = Explain,
+    .DrawTitle = DrawTitle,
+    .DrawColumns = DrawColumns,
+    .Spots = Spots,
+    .SpotCount = 1,
+    .Grabs = 1,
+    .GrabFloor = 30,
+    .ColumnsExplained = true,
+    .PressPlot = nullptr,
+    .Stroke = Stroke,
+    .CanReorder = CanReorder,
+    .Changed = nullptr,
+    .Drops = Drops,
+    .DropCount = 1,
+};
+// clang-format on

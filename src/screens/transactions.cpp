@@ -1,0 +1,522 @@
+// Screen 2: the transactions of the current account, live or archived.
+#include "core/error_log.h"
+#include "core/greys.h"
+#include "ledger/account_window.h"
+#include "ledger/balance.h"
+#include "ledger/filter.h"
+#include "ledger/jeopardy.h"
+#include "ledger/moves.h"
+#include "ledger/reconcile.h"
+#include "ledger/shares.h"
+#include "platform/clock.h"
+#include "platform/shell.h"
+#include "platform/text.h"
+#include "screens/drawing/colour_model.h"
+#include "screens/frame/header.h"
+#include "screens/input.h"
+#include "screens/list_screen.h"
+#include "screens/rows.h"
+#include "screens/screens.h"
+#include "store/configuration.h"
+#include "store/index.h"
+#include "store/operations.h"
+#include "store/windows.h"
+
+namespace {
+
+const int32_t *Edge() {
+    return state.ColumnEdge[TransactionList];
+}
+
+// A damaged account may hold any type.
+int KnownKind() {
+    return state.AccountKind >= static_cast<int>(BankAccount) && state.AccountKind <= static_cast<int>(ShareCash);
+}
+
+int KindIsList() {
+    return state.AccountKind == ListAccount;
+}
+
+// The line that a filter adds to what a title says.
+int FilterLine() {
+    return state.FilterShown ? 462 : 0;
+}
+
+// --- Rows
+
+const TRec &RowAt(int position) {
+    return state.TranRows[RowOfPosition(position)].Rec;
+}
+
+FixedAmount ShownBalance(const TRec &row) {
+    if (!KnownKind()) {
+        ReportError(In::UpdateTRec, Trouble::CaseError);
+        return 0;
+    }
+    return RowBalance(row, state.AccountKind, static_cast<int>(state.ReconciledView));
+}
+
+int InJeopardy(const TRec &row, FixedAmount balance) {
+    if (KindIsList() && row.RowKind != EntryRow)
+        return 0;
+    return BreaksLimit(state.CurAccount, balance);
+}
+
+int Marked(int position) {
+    return RowShows(RowOfPosition(position)) && RowAt(position).Cleared == 1;
+}
+
+int IsMarker(const TRec &row) {
+    return row.RowKind == DayMarker || row.RowKind == ArchiveMarker || row.RowKind == DeletedMarker ||
+           row.RowKind == ReconcileEntry;
+}
+
+// Markers that show their title centred in bold, in the view that is their own.
+int TitleIsCentred(const TRec &row) {
+    switch (row.RowKind) {
+    case DayMarker:
+        return 1;
+    case ArchiveMarker:
+    case ReconcileEntry:
+        return !state.ArchiveView;
+    case DeletedMarker:
+        return state.ArchiveView == 1;
+    default:
+        return 0;
+    }
+}
+
+// ORDER RECONCILESTEP: idle, impossible, solved, computing
+constexpr int ReconcileBrush[] = {GoldBrush, RedBrush, FlaggedBrush, GoldBrush};
+
+// What stands in the third column.
+struct Measure {
+    enum { Blank, Amount, Number, Word } Shows = Blank;
+    FixedAmount Value = 0; // of a number: whole units
+    int Decimals = 2;
+    bool RedWhenPositive = false;
+    Align Side = Align::Right;
+};
+
+Measure ReconcileMeasure() {
+    if (state.ReconcileState == ReconcileStep::Solved)
+        return {.Shows = Measure::Number, .Value = state.SelectedCount, .Side = Align::Centre};
+    if (state.ReconcileState == ReconcileStep::Impossible)
+        return {.Shows = Measure::Amount, .Value = state.Discrepancy};
+    return {};
+}
+
+Measure ValueMeasure(const TRec &row) {
+    const bool share = IsShare(state.AccountKind);
+    const bool reversed = state.AccountKind == ShareValue;
+    if (row.RowKind == DayMarker)
+        return {};
+    if (row.RowKind == ReconcileEntry)
+        return ReconcileMeasure();
+    if (row.RowKind == ArchiveMarker || row.RowKind == DeletedMarker) {
+        const bool cleared = state.ReconciledView == 1;
+        const FixedAmount total =
+            cleared ? TimesUnits(row.ClearedUnits, row.ClearedValue) : TimesUnits(row.Units, row.Value);
+        const FixedAmount cash = cleared ? row.ClearedCashAmount : row.CashAmount;
+        return {.Shows = Measure::Amount, .Value = share ? AddAmounts(total, cash) : total};
+    }
+    if (row.Cash == 1)
+        return {.Shows = Measure::Amount, .Value = row.CashAmount};
+    // Buying shares costs money: in a share account the value column is red when it is positive, deliberately.
+    const FixedAmount value = share && row.NoCash == 1 ? 0 : TimesUnits(row.Units, row.Value);
+    return {.Shows = Measure::Amount, .Value = value, .RedWhenPositive = reversed};
+}
+
+Measure MeasureOf(const TRec &row) {
+    const bool cleared = state.ReconciledView == 1;
+    switch (state.AccountKind) {
+    case BankAccount:
+    case ListAccount:
+    case ShareValue:
+        return ValueMeasure(row);
+    case ShareNumber:
+        if (row.RowKind == DayMarker)
+            return {};
+        if (row.Cash == 1)
+            return {.Shows = Measure::Word};
+        if (cleared && (row.RowKind == ArchiveMarker || row.RowKind == DeletedMarker))
+            return {.Shows = Measure::Number, .Value = row.ClearedUnits};
+        return {.Shows = Measure::Number, .Value = row.Units};
+    case ShareTotal:
+        if (row.Cash == 1)
+            return {};
+        return {.Shows = Measure::Number, .Value = cleared ? row.RunClearedUnits : row.RunUnits};
+    case SharePrice:
+        if (row.RowKind != DayMarker && (row.Cash == 1 || row.NoCash == 1))
+            return {};
+        return {.Shows = Measure::Amount, .Value = cleared ? row.ClearedValue : row.Value, .Decimals = 3};
+    case ShareCash:
+        return {.Shows = Measure::Amount, .Value = cleared ? row.RunCleared : row.RunTotal};
+    default:
+        return {};
+    }
+}
+
+void PaintMeasure(const RowStrip &strip, int left, int right, const Measure &measure) {
+    const bool red = measure.RedWhenPositive ? measure.Value > 0 : measure.Value < 0;
+    const Colour ink = red ? AlertRed : Black;
+    char16_t text[24] = {};
+    switch (measure.Shows) {
+    case Measure::Blank:
+        return;
+    case Measure::Word:
+        RowText(strip, left, right, u"Cash", Align::Right);
+        return;
+    case Measure::Amount:
+        RowAmountIn(strip, left, right, measure.Value, measure.Decimals, measure.Side, ink);
+        return;
+    case Measure::Number:
+        AppendNumber(text, 24, measure.Value < 0 ? -measure.Value : measure.Value);
+        RowText(strip, left, right, text, measure.Side, Font::Normal, ink);
+        return;
+    }
+}
+
+struct RowBrushes {
+    int Date, Title, Rest;
+};
+
+RowBrushes BrushesOf(const TRec &row, int position, int mode, int jeopardy) {
+    const int title = jeopardy ? JeopardyBrush : IsMarked(mode) ? ReconciledBrush : NoFill;
+    if (row.RowKind == DayMarker)
+        return {MarkerBrush, MarkerBrush, MarkerBrush};
+    if (row.RowKind == ReconcileEntry)
+        return {SilverBrush, ReconcileBrush[static_cast<int>(state.ReconcileState) & 3], SilverBrush};
+    if (state.ReconcileState == ReconcileStep::Solved && IsReconcileCandidate(position))
+        return {FlaggedBrush, title, SilverBrush};
+    return {row.Cleared == 1 ? ReconciledBrush : SilverBrush, title, SilverBrush};
+}
+
+void PaintCells(const RowStrip &strip, const RowBrushes &brush) {
+    const int32_t *e = Edge();
+    if (KindIsList()) {
+        KeepingCell(strip, 1, e[2] - 2, brush.Title);
+        TurningCell(strip, e[2] + 2, e[3] - 1, SilverBrush, PressedSilver);
+        TurningCell(strip, e[3], 225, SilverBrush, PressedSilver);
+        return;
+    }
+    KeepingCell(strip, 1, e[1] - 3, brush.Date);
+    KeepingCell(strip, e[1] + 1, e[2] - 1, brush.Title);
+    TurningCell(strip, e[2], e[3] - 1, brush.Rest, PressedSilver);
+    TurningCell(strip, e[3], 225, brush.Rest, PressedSilver);
+}
+
+void ExplainReconcile() {
+    static constexpr HelpLines ByStep[] = {
+        // ORDER RECONCILESTEP
+        {{428, 0, 431, 442, 443, 0}},
+        {{428, 0, 444, 445, 0, 446}},
+        {{428, 0, 42, 429, 430, 0}},
+        {{428, 0, 431, 442, 443, 0}},
+    };
+    ShowLines(ByStep[static_cast<int>(state.ReconcileState) & 3]);
+}
+
+void Explain(int position) {
+    const TRec &row = RowAt(position);
+    const FixedAmount balance = ShownBalance(row);
+    const int alert = WholeMagnitude(balance) > LargestShown ? 203 : InJeopardy(row, balance) ? 291 : 0;
+    switch (row.RowKind) {
+    case DayMarker:
+        ShowHelp(0, 39, 0, 46, alert ? 112 : 0);
+        return;
+    case ArchiveMarker:
+        ShowHelp(0, 109, alert, 111);
+        return;
+    case DeletedMarker:
+        ShowHelp(0, 220, 221, alert);
+        return;
+    case ReconcileEntry:
+        ExplainReconcile();
+        return;
+    default:
+        ShowHelp(38, alert, 40, 41, 42, row.Cleared == 1 ? 44 : 43);
+    }
+}
+
+// --- Titles
+
+void DrawTitle() {
+    DrawHeaderTitle(state.CurAccount.Name);
+}
+
+// ORDER ACCOUNTTYPE: the words over the third column, the second one lower
+constexpr const char16_t *MeasureTitle[][2] = {
+    {u"Value", nullptr},  {u"Value", nullptr}, {u"Number", nullptr}, {u"Price", nullptr},
+    {u"Share", u"total"}, {u"Value", nullptr}, {u"Cash", u"total"},
+};
+
+const char16_t *NameTitle() {
+    if (state.RefColumn)
+        return u"Ref";
+    return state.AccountKind == BankAccount ? u"Name" : KindIsList() ? u"List" : u"Share";
+}
+
+void DrawColumns() {
+    static constexpr ColumnTitle Titles[] = {{u"Date", u"Date"}, {u"", u""}, {u"", u""}, {u"Balance", u"Balance"}};
+    PaintTitles(Titles, 4, state.FilterShown ? RedBrush : TitleBrush,
+                state.ReconciledView ? ReconciledBrush : TitleBrush);
+    const int32_t *e = Edge();
+    PaintText(TopWindow, NameTitle(), {e[1] + 2, HeaderBottom + 1, e[2] - 2, TitlesBottom - 1}, Align::Centre,
+              Font::Bold, Black);
+    DrawMeasureTitle(e[2], e[3], Black);
+}
+
+void ToggleReconciledView(int) {
+    static constexpr HelpLines Reconciled = {{64, 65, 66, 67, 56, 0}}, All = {{0, 68, 69, 70, 56, 0}},
+                               AllOfShares = {{0, 105, 106, 0, 0, 0}};
+    state.ReconciledView = !state.ReconciledView;
+    ShowLines(state.ReconciledView ? Reconciled : IsShare(state.AccountKind) ? AllOfShares : All);
+    doTransactions(ListWindow, PaintColumns | PaintRows);
+}
+
+// ORDER ACCOUNTTYPE; AlertLine is where a filter is told
+constexpr HelpLines MeasureHelp[] = {
+    {{0, 227, 0, AlertLine, 0, 0}},   {{0, 227, 0, AlertLine, 0, 0}},   {{0, 102, 101, 0, 107, 127}},
+    {{0, 210, 0, AlertLine, 0, 0}},   {{0, 103, 104, 0, AlertLine, 0}}, {{0, 100, 0, AlertLine, 0, 0}},
+    {{0, 224, 225, 0, AlertLine, 0}},
+};
+constexpr HelpLines NumberHelpFiltered = {{0, 102, 101, 0, 107, AlertLine}};
+
+void ExplainColumns(int) {
+    ShowHelp(0, 90, 91, 0, FilterLine());
+}
+
+// --- Strokes and drops
+
+// Opens the form of a new Reconcile entry, where one makes sense.
+void StrokeBlankRow() {
+    if (state.EntryCount[AccountList] < 1 || state.AccountKind != BankAccount || state.FilterShown || state.ArchiveView)
+        return;
+    state.SelectedPos[TransactionList] = state.EntryCount[TransactionList] + 1;
+    DoButtonDblclk(ListWindow, ReconcileEntry);
+}
+
+void StrokeReconcileEntry(int position, const TRec &row) {
+    if (state.ReconcileState == ReconcileStep::Solved) {
+        ApplyReconcile();
+        DeleteRecFile(state.CurAccount.ID, position);
+        RepairTop(TransactionList);
+        RecomputeBalances();
+        ReloadAndPaint(PaintCounts | PaintRows);
+        return;
+    }
+    // The search comes last: whatever changes a list ends the state it leaves.
+    RecomputeBalances();
+    LoadWindow(state.TopPos[TransactionList]);
+    RunReconcile(row.Value);
+    doTransactions(ListWindow, PaintCounts | PaintRows);
+}
+
+void StrokeEntry(int position, TRec *row) {
+    static constexpr HelpLines Set = {{48, 49, 50, 53, 54, 56}}, Unset = {{48, 51, 52, 53, 54, 56}};
+    if (FilterGivesWay())
+        return;
+    row->Cleared = row->Cleared == 1 ? 0 : 1;
+    ShowLines(row->Cleared ? Set : Unset);
+    ModRecFile(state.CurAccount.ID, position, row);
+    state.SelectedPos[TransactionList] = position;
+    RecomputeBalances();
+    ReloadAndPaint(PaintCounts | PaintRows);
+}
+
+void Stroke(int position) {
+    TRec row;
+    if (!InList(position)) {
+        StrokeBlankRow();
+        return;
+    }
+    if (!FetchTran(position, &row))
+        return;
+    if (row.RowKind == DayMarker || row.RowKind == ArchiveMarker)
+        ShowHelp(108, 49);
+    else if (row.RowKind != ReconcileEntry)
+        StrokeEntry(position, &row);
+    else if (!FilterGivesWay())
+        StrokeReconcileEntry(position, row);
+}
+
+void Changed() {
+    RecomputeBalances();
+}
+
+int AcceptEntry(int position) {
+    return InList(position) && RowShows(RowOfPosition(position)) && RowAt(position).RowKind == EntryRow;
+}
+
+// Adds a record at the head of another list and comes back to this screen.
+void AddAtHead(int list, const void *record) {
+    state.CurrentScreen = list;
+    AddRecFile(0, 1, record, 0);
+    state.CurrentScreen = TransactionList;
+    doTransactions(ListWindow, PaintTabs);
+}
+
+void MakeTemplate(int position) {
+    TRec row;
+    FRec made;
+    if (!FetchTran(position, &row))
+        return;
+    InitFRec(&made);
+    CopyText(made.Name, TextRoom, row.Name);
+    CopyText(made.Memo, TextRoom, row.Memo);
+    made.Flag = row.Flag;
+    made.CatID = row.CatID;
+    made.Cash = row.Cash;
+    made.NoCash = row.NoCash;
+    made.Units = row.Units;
+    made.Value = row.Cash == 1 ? row.CashAmount : row.Value;
+    state.SelectedPos[TransactionList] = position;
+    AddAtHead(TemplateList, &made);
+}
+
+// The name of the entry's category, or its title when it has none.
+void CategoryText(const TRec &row, char16_t *to) {
+    CatRec category;
+    const int32_t position = row.CatID ? CatIDToPosition(row.CatID) : -1;
+    CopyText(to, TextRoom, position > 0 && FetchCat(position, &category) ? category.Name : row.Name);
+}
+
+void MakeCategory(int position) {
+    TRec row;
+    CatRec made;
+    if (!FetchTran(position, &row))
+        return;
+    InitCatRec(&made);
+    CategoryText(row, made.Name);
+    made.CatID = ClockTicks();
+    const Colour colour = state.Palette[PaletteHash(made.Name)];
+    made.Red = colour >> 16 & 0xFF;
+    made.Green = colour >> 8 & 0xFF;
+    made.Blue = colour & 0xFF;
+    AddAtHead(CategoryList, &made);
+}
+
+constexpr TitleSpot Spots[] = {
+    {3, 9, 0, ScreenWidth - 1, 16, ToggleReconciledView},
+    {1, 8, 2, -8, 16, ToggleRefColumn},
+    {2, 8, 3, -8, 17, StepMeasure},
+    {0, 0, 1, -9, 17, ExplainColumns},
+};
+constexpr TabDrop Drops[] = {
+    {TemplateList, AcceptEntry, MakeTemplate},
+    {CategoryList, AcceptEntry, MakeCategory},
+    {BinList, AcceptInBin, BinRow},
+};
+
+} // namespace
+
+void RecomputeBalances() {
+    const uint32_t account = state.CurAccount.ID;
+    if (state.ArchiveView) {
+        state.ArchiveView = 0;
+        CalcBalance(account);
+        state.ArchiveView = 1;
+    }
+    CalcBalance(account);
+}
+
+int FilterGivesWay() {
+    if (state.CurrentScreen != TransactionList || !state.FilterShown)
+        return 0;
+    ClearFiltersAndRecompute();
+    state.CurrentScreen = TransactionList;
+    ShowHelp(0, 456, 457);
+    doTransactions(ListWindow, PaintAll);
+    return 1;
+}
+
+void DrawMeasureTitle(int left, int right, Colour ink) {
+    constexpr int Middle = HeaderBottom + 1, Lower = 8;
+    const auto &words = MeasureTitle[KnownKind() ? state.AccountKind : 0];
+    const Rect box = {left + 2, Middle, right - 2, TitlesBottom - 1};
+    if (!words[1]) {
+        PaintText(TopWindow, words[0], box, Align::Centre, Font::Bold, ink, 1);
+        return;
+    }
+    PaintText(TopWindow, words[0], {box.Left, Middle, box.Right, box.Bottom - Lower}, Align::Centre, Font::SmallBold,
+              ink, 1);
+    PaintText(TopWindow, words[1], {box.Left, Middle + Lower, box.Right, box.Bottom}, Align::Centre, Font::SmallBold,
+              ink, 1);
+}
+
+void StepMeasure(int) {
+    const bool share = IsShare(state.AccountKind);
+    if (share) {
+        UpdateShareMode(state.SelectedPos[AccountList], NextShareMode(static_cast<uint32_t>(state.AccountKind)));
+        state.CurAccount.AccType = static_cast<uint32_t>(state.AccountKind);
+    }
+    const int kind = KnownKind() ? state.AccountKind : 0;
+    const bool filteredNumber = kind == ShareNumber && state.FilterShown;
+    ShowLines(filteredNumber ? NumberHelpFiltered : MeasureHelp[kind], FilterLine());
+    if (share)
+        state.Paint[state.CurrentScreen](ListWindow, PaintColumns | PaintRows);
+}
+
+void UpdateTRec(Window window, int position, int mode) {
+    RowStrip strip;
+    if (!BeginRow(&strip, window, position, mode, SilverBrush))
+        return;
+    const int32_t *e = Edge();
+    if (strip.Past) {
+        PaintCells(strip, {SilverBrush, NoFill, SilverBrush});
+        return;
+    }
+    const TRec &row = state.TranRows[strip.Index].Rec;
+    const FixedAmount balance = ShownBalance(row);
+    const int jeopardy = InJeopardy(row, balance);
+    PaintCells(strip, BrushesOf(row, position, mode, jeopardy));
+    PaintFlag(window, row.Flag, KindIsList() ? e[2] : e[1], strip.Place.Top);
+    if (!KindIsList())
+        PaintDate(window, row.Date, strip.Place.Top, e[1] - 4, Black, Font::Normal);
+    const int titleRight = KindIsList() ? e[2] - 3 : e[2] - 2;
+    if (TitleIsCentred(row))
+        RowText(strip, e[1] + 3, titleRight, row.Name, Align::Centre, Font::Bold);
+    else
+        RowText(strip, e[1] + 3, titleRight, state.RefColumn ? row.Memo : row.Name, Align::Left, Font::Normal,
+                jeopardy && !IsMarker(row) ? White : Black);
+    PaintMeasure(strip, e[2] + 1, e[3] - 2, MeasureOf(row));
+    RowAmount(strip, e[3] + 1, RightEdge - 1, row.RowKind == ReconcileEntry ? row.Value : balance);
+}
+
+void doTransactions(Window window, int mask) {
+    PaintScreen(TransactionScreen, window, mask);
+    SetGreys(TransactionList);
+    if (state.ArchiveView)
+        EnableMenuItem(CommandInsertDay, 0);
+}
+
+// clang-format off
+const ListScreen TransactionScreen = {
+    .List = TransactionList,
+    .Paint = doTransactions,
+    .TabHelp = {{{0, 8, 9, 10, 0, 0}}, {{0, 8, 9, 84, 0, 0}}, InArchiveView},
+    .Arrives = Arrival::Own,
+    .Selection = Choose::Keep,
+    .NeedsAccount = true,
+    .PostsDues = true,
+    .ChecksTotals = false,
+    .PaintRow = UpdateTRec,
+    .Marked = Marked,
+    .BlankHelp = {{{34, 0, 35, 47, 37, 0}}, {{34, 0, 35, 47, 0, 0}}, InArchiveView},
+    .ExplainRow = Explain,
+    .DrawTitle = DrawTitle,
+    .DrawColumns = DrawColumns,
+    .Spots = Spots,
+    .SpotCount = 4,
+    .Grabs = 3,
+    .GrabFloor = 30,
+    .ColumnsExplained = false,
+    .PressPlot = nullptr,
+    .Stroke = Stroke,
+    .CanReorder = KindIsList,
+    .Changed = Changed,
+    .Drops = Drops,
+    .DropCount = 3,
+};
+// clang-format on
