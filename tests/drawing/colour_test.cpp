@@ -76,18 +76,11 @@ TEST(ColourModel, TextOnAColourStaysReadable) {
 TEST(Palette, DefaultIsTwelveHuesInFiveShadesWithCompanions) {
     TestRoot root;
     DefaultPalette();
-    constexpr struct {
-        int Number;
-        Colour Wanted;
-    } cases[] = {{1, Rgb(216, 164, 164)}, {5, Rgb(140, 0, 0)}, {60, Rgb(140, 0, 70)}};
-    for (const auto &row : cases)
-        EXPECT_EQ(state.Palette[row.Number], row.Wanted) << row.Number;
+    EXPECT_EQ(state.Palette[1], Rgb(216, 164, 164));
+    EXPECT_EQ(state.Palette[5], Rgb(140, 0, 0));
+    EXPECT_EQ(state.Palette[60], Rgb(140, 0, 70));
     SetPaletteEntry(60, 255, 0, 0);
     EXPECT_EQ(state.Palette[120], Rgb(254, 67, 0));
-    const std::vector<Colour> before(std::begin(state.Palette), std::end(state.Palette));
-    for (int outside : {-1, 0, 61, 125})
-        SetPaletteEntry(outside, 1, 2, 3);
-    EXPECT_EQ(before, std::vector<Colour>(std::begin(state.Palette), std::end(state.Palette)));
 }
 
 TEST(Palette, ANameAlwaysFallsOnTheSameEntry) {

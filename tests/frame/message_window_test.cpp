@@ -203,11 +203,6 @@ TEST_F(Messages, ARefusedDirectoryStaysExplained) {
     EXPECT_EQ(TextAt(ListWindow, {0, 147, 240, 240}),
               "Warning! | Wrong (future) version data | Can't use xx_Data directory | "
               "To exit Help mode, tap the eyes below");
-    ToggleEyes();
-    ToggleEyes();
-    EXPECT_EQ(Line(1), "");
-    EXPECT_EQ(Line(0), "Warning!");
-    EXPECT_EQ(Line(2), "Wrong (future) version data");
 }
 
 TEST_F(Messages, LeavingTheHubKeepsHelpAndItsLines) {
@@ -221,17 +216,6 @@ TEST_F(Messages, LeavingTheHubKeepsHelpAndItsLines) {
     EXPECT_TRUE(state.HelpMode && state.MessageWindowOn);
     EXPECT_EQ(Line(0), "HUB is the Zent focus for data control");
     EXPECT_EQ(TextsOn(ListWindow).size(), 4u);
-
-    ToggleEyes();
-    state.HubState = 2;
-    ShowWindow(HostWindow, 1);
-    calls.clear();
-    LeaveHelpOrHub(CommandHub);
-    EXPECT_FALSE(machine.Shown[HostWindow]);
-    EXPECT_EQ(calls.size(), 1u) << "the list is painted where the calculator stood";
-    EXPECT_FALSE(state.HelpMode || state.MessageWindowOn);
-    LeaveHelpOrHub(CommandHub);
-    EXPECT_EQ(calls.size(), 1u) << "nothing left to close";
 }
 
 TEST_F(Messages, AReportOpensTheWindowWithoutHelpMode) {
