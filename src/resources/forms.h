@@ -1,5 +1,6 @@
-// The forms' real controls: id, kind, box in DialogWindow, and how many units of text they take. Everything else on a
-// form is painted by hand (screens/frame/form.h). Controls end above y 189, where the message window begins.
+// The forms' real controls: id, kind, box in DialogWindow, how many units of text they take, and the name that stands
+// beside them. Everything else on a form is painted by hand (screens/frame/form.h). Controls end above y 189, where the
+// message window begins.
 #pragma once
 
 #include "platform/controls.h"
@@ -40,96 +41,96 @@ inline constexpr int16_t TitleLimit = 24, MemoLimit = 31, AccountNameLimit = 23,
 
 // clang-format off
 inline constexpr FormControl AccountControls[] = {
-    // id              kind                     x    y    w    h   limit
-    {TextField,        ControlKind::Edit,       40,  41, 186,  20, AccountNameLimit},
-    {MaxCheck,         ControlKind::Check,      60,  81,  18,  18, 0},
-    {MaxField,         ControlKind::Number,    145,  80,  81,  20, NumberLimit},
-    {MinCheck,         ControlKind::Check,      60, 104,  18,  18, 0},
-    {MinField,         ControlKind::Number,    145, 103,  81,  20, NumberLimit},
-    {TypeField,        ControlKind::List,       95, 142, 131,  20, 0},
+    // id              kind                     x    y    w    h   limit             name for a screen reader
+    {TextField,        ControlKind::Edit,       40,  41, 186,  20, AccountNameLimit,  u"Name"},
+    {MaxCheck,         ControlKind::Check,      60,  81,  18,  18, 0,                 u"Max enabled"},
+    {MaxField,         ControlKind::Number,    145,  80,  81,  20, NumberLimit,       u"Max"},
+    {MinCheck,         ControlKind::Check,      60, 104,  18,  18, 0,                 u"Min enabled"},
+    {MinField,         ControlKind::Number,    145, 103,  81,  20, NumberLimit,       u"Min"},
+    {TypeField,        ControlKind::List,       95, 142, 131,  20, 0,                 u"Account type"},
 };
 
 inline constexpr FormControl BasicControls[] = {
-    {DateField,        ControlKind::Date,       40,  21, 175,  20, 0},
-    {TitleField,       ControlKind::Combo,      40,  43, 186,  20, TitleLimit},
-    {WholeField,       ControlKind::Combo,      40,  65,  80,  20, NumberLimit},
-    {FractionField,    ControlKind::Combo,     130,  65,  64,  20, FractionLimit},
+    {DateField,        ControlKind::Date,       40,  21, 175,  20, 0,                 u"Date"},
+    {TitleField,       ControlKind::Combo,      40,  43, 186,  20, TitleLimit,        u"Name"},
+    {WholeField,       ControlKind::Combo,      40,  65,  80,  20, NumberLimit,       u"Amount"},
+    {FractionField,    ControlKind::Combo,     130,  65,  64,  20, FractionLimit,     u"Fraction"},
 };
 inline constexpr FormControl AdvancedControls[] = {
-    {DateField,        ControlKind::Date,       40,  21, 175,  20, 0},
-    {TitleField,       ControlKind::Combo,      40,  43, 186,  20, TitleLimit},
-    {WholeField,       ControlKind::Combo,      40,  65,  80,  20, NumberLimit},
-    {FractionField,    ControlKind::Combo,     130,  65,  64,  20, FractionLimit},
-    {TextField,        ControlKind::Edit,       40,  93, 186,  20, MemoLimit},
-    {MultiplierField,  ControlKind::Combo,      40, 115, 140,  20, NumberLimit},
-    {CategoryField,    ControlKind::List,       40, 137, 186,  20, 0},
-    {TransferField,    ControlKind::Combo,      40, 162, 160,  20, TextLimit},
+    {DateField,        ControlKind::Date,       40,  21, 175,  20, 0,                 u"Date"},
+    {TitleField,       ControlKind::Combo,      40,  43, 186,  20, TitleLimit,        u"Name"},
+    {WholeField,       ControlKind::Combo,      40,  65,  80,  20, NumberLimit,       u"Amount"},
+    {FractionField,    ControlKind::Combo,     130,  65,  64,  20, FractionLimit,     u"Fraction"},
+    {TextField,        ControlKind::Edit,       40,  93, 186,  20, MemoLimit,         u"Ref"},
+    {MultiplierField,  ControlKind::Combo,      40, 115, 140,  20, NumberLimit,       u"Number"},
+    {CategoryField,    ControlKind::List,       40, 137, 186,  20, 0,                 u"Category"},
+    {TransferField,    ControlKind::Combo,      40, 162, 160,  20, TextLimit,         u"Transfer"},
 };
 inline constexpr FormControl ExistingControls[] = {
-    {DateField,        ControlKind::Date,       40,  21, 175,  20, 0},
-    {TitleField,       ControlKind::Combo,      40,  43, 186,  20, TitleLimit},
-    {WholeField,       ControlKind::Combo,      40,  65,  80,  20, NumberLimit},
-    {FractionField,    ControlKind::Combo,     130,  65,  64,  20, FractionLimit},
-    {TextField,        ControlKind::Edit,       40,  93, 186,  20, MemoLimit},
-    {MultiplierField,  ControlKind::Combo,      40, 115, 140,  20, NumberLimit},
-    {CategoryField,    ControlKind::List,       40, 137, 186,  20, 0},
+    {DateField,        ControlKind::Date,       40,  21, 175,  20, 0,                 u"Date"},
+    {TitleField,       ControlKind::Combo,      40,  43, 186,  20, TitleLimit,        u"Name"},
+    {WholeField,       ControlKind::Combo,      40,  65,  80,  20, NumberLimit,       u"Amount"},
+    {FractionField,    ControlKind::Combo,     130,  65,  64,  20, FractionLimit,     u"Fraction"},
+    {TextField,        ControlKind::Edit,       40,  93, 186,  20, MemoLimit,         u"Ref"},
+    {MultiplierField,  ControlKind::Combo,      40, 115, 140,  20, NumberLimit,       u"Number"},
+    {CategoryField,    ControlKind::List,       40, 137, 186,  20, 0,                 u"Category"},
 };
 inline constexpr FormControl ReconcileControls[] = {
-    {DateField,        ControlKind::Date,       40,  35, 175,  20, 0},
-    {WholeField,       ControlKind::Combo,      40,  65,  80,  20, NumberLimit},
-    {FractionField,    ControlKind::Combo,     130,  65,  64,  20, FractionLimit},
+    {DateField,        ControlKind::Date,       40,  35, 175,  20, 0,                 u"Date"},
+    {WholeField,       ControlKind::Combo,      40,  65,  80,  20, NumberLimit,       u"Amount"},
+    {FractionField,    ControlKind::Combo,     130,  65,  64,  20, FractionLimit,     u"Fraction"},
 };
 
 inline constexpr FormControl TemplateControls[] = {
-    {TitleField,       ControlKind::Combo,      40,  24, 186,  20, TitleLimit},
-    {WholeField,       ControlKind::Combo,      40,  50,  80,  20, NumberLimit},
-    {FractionField,    ControlKind::Combo,     130,  50,  54,  20, FractionLimit},
-    {TextField,        ControlKind::Edit,       40,  80, 186,  20, MemoLimit},
-    {MultiplierField,  ControlKind::Combo,      40, 110, 140,  20, NumberLimit},
-    {TransferField,    ControlKind::Combo,      40, 134, 186,  20, TextLimit},
-    {CategoryField,    ControlKind::List,       40, 158, 186,  20, 0},
+    {TitleField,       ControlKind::Combo,      40,  24, 186,  20, TitleLimit,        u"Name"},
+    {WholeField,       ControlKind::Combo,      40,  50,  80,  20, NumberLimit,       u"Amount"},
+    {FractionField,    ControlKind::Combo,     130,  50,  54,  20, FractionLimit,     u"Fraction"},
+    {TextField,        ControlKind::Edit,       40,  80, 186,  20, MemoLimit,         u"Ref"},
+    {MultiplierField,  ControlKind::Combo,      40, 110, 140,  20, NumberLimit,       u"Number"},
+    {TransferField,    ControlKind::Combo,      40, 134, 186,  20, TextLimit,         u"Transfer"},
+    {CategoryField,    ControlKind::List,       40, 158, 186,  20, 0,                 u"Category"},
 };
 
 inline constexpr FormControl RecurringControls[] = {
-    {DateField,        ControlKind::Date,       40,   6, 170,  20, 0},
-    {TitleField,       ControlKind::Combo,      40,  30, 186,  20, TitleLimit},
-    {WholeField,       ControlKind::Combo,      40,  51,  80,  20, NumberLimit},
-    {FractionField,    ControlKind::Combo,     130,  51,  60,  20, FractionLimit},
-    {TextField,        ControlKind::Edit,       40,  73, 186,  20, MemoLimit},
-    {MultiplierField,  ControlKind::Combo,      40,  95, 140,  20, NumberLimit},
-    {AccountField,     ControlKind::Combo,      24, 131,  96,  19, TextLimit},
-    {TransferField,    ControlKind::Combo,     140, 131,  96,  19, TextLimit},
-    {CategoryField,    ControlKind::List,       40, 150, 186,  19, 0},
-    {CountField,       ControlKind::Combo,      39, 169,  40,  19, CountLimit},
-    {UnitField,        ControlKind::List,       80, 169,  68,  19, 0},
-    {RemainingField,   ControlKind::Combo,     170, 169,  66,  19, CountLimit},
+    {DateField,        ControlKind::Date,       40,   6, 170,  20, 0,                 u"Date"},
+    {TitleField,       ControlKind::Combo,      40,  30, 186,  20, TitleLimit,        u"Name"},
+    {WholeField,       ControlKind::Combo,      40,  51,  80,  20, NumberLimit,       u"Amount"},
+    {FractionField,    ControlKind::Combo,     130,  51,  60,  20, FractionLimit,     u"Fraction"},
+    {TextField,        ControlKind::Edit,       40,  73, 186,  20, MemoLimit,         u"Ref"},
+    {MultiplierField,  ControlKind::Combo,      40,  95, 140,  20, NumberLimit,       u"Number"},
+    {AccountField,     ControlKind::Combo,      24, 131,  96,  19, TextLimit,         u"Account"},
+    {TransferField,    ControlKind::Combo,     140, 131,  96,  19, TextLimit,         u"Transfer"},
+    {CategoryField,    ControlKind::List,       40, 150, 186,  19, 0,                 u"Category"},
+    {CountField,       ControlKind::Combo,      39, 169,  40,  19, CountLimit,        u"Every"},
+    {UnitField,        ControlKind::List,       80, 169,  68,  19, 0,                 u"Unit"},
+    {RemainingField,   ControlKind::Combo,     170, 169,  66,  19, CountLimit,        u"For"},
 };
 
 inline constexpr FormControl ConversionControls[] = {
-    {FromField,        ControlKind::Combo,       5,  40, 230,  20, TextLimit},
-    {WholeField,       ControlKind::Combo,      50,  84,  80,  20, NumberLimit},
-    {FractionField,    ControlKind::Combo,     140,  84,  54,  20, FractionLimit},
-    {ToField,          ControlKind::Combo,       5, 127, 230,  20, TextLimit},
-    {TextField,        ControlKind::Edit,       40, 152, 186,  20, TextLimit},
+    {FromField,        ControlKind::Combo,       5,  40, 230,  20, TextLimit,         u"From"},
+    {WholeField,       ControlKind::Combo,      50,  84,  80,  20, NumberLimit,       u"Amount"},
+    {FractionField,    ControlKind::Combo,     140,  84,  54,  20, FractionLimit,     u"Fraction"},
+    {ToField,          ControlKind::Combo,       5, 127, 230,  20, TextLimit,         u"To"},
+    {TextField,        ControlKind::Edit,       40, 152, 186,  20, TextLimit,         u"Ref"},
 };
 
 inline constexpr FormControl CategoryControls[] = {
-    {TextField,        ControlKind::Edit,      130, 126, 105,  20, TextLimit},
-    {DescriptionField, ControlKind::Edit,       40, 154, 195,  20, TextLimit},
+    {TextField,        ControlKind::Edit,      130, 126, 105,  20, TextLimit,         u"Name"},
+    {DescriptionField, ControlKind::Edit,       40, 154, 195,  20, TextLimit,         u"Ref"},
 };
 
 inline constexpr FormControl NotepadControls[] = {
-    {TextField,        ControlKind::MultiLine,   5,   5, 230, 180, NoteLimit},
+    {TextField,        ControlKind::MultiLine,   5,   5, 230, 180, NoteLimit,         u"Notepad"},
 };
 
 inline constexpr FormControl ConfigurationControls[] = {
-    {FrontPageCheck,   ControlKind::Check,     180,  47,  18,  18, 0},
-    {LookAheadField,   ControlKind::Combo,     124,  77,  50,  20, LookAheadLimit},
-    {AdvancedCheck,    ControlKind::Check,     180, 109,  18,  18, 0},
+    {FrontPageCheck,   ControlKind::Check,     180,  47,  18,  18, 0,                 u"Display startup screen"},
+    {LookAheadField,   ControlKind::Combo,     124,  77,  50,  20, LookAheadLimit,    u"Look ahead"},
+    {AdvancedCheck,    ControlKind::Check,     180, 109,  18,  18, 0,                 u"I'm an advanced user"},
 };
 
 inline constexpr FormControl ProgressControls[] = {
-    {ProgressField,    ControlKind::Progress,   20,  70, 200,  20, 0},
+    {ProgressField,    ControlKind::Progress,   20,  70, 200,  20, 0,                 u"Progress"},
 };
 // clang-format on
 

@@ -3,10 +3,35 @@
 #pragma once
 
 #include "resources/error_names.h"
+#include "screens/frame/form.h"
 #include "store/records/records.h"
 
 inline constexpr int MostListed = 100; // templates or categories in a list
 inline constexpr char16_t NoneText[] = u"<none>", CashText[] = u"Cash", DeletedCategoryText[] = u"category deleted";
+
+// The help lines of an entry's fields.
+// clang-format off
+inline constexpr HelpRow EntryHelp[] = {
+    {DateField,       {0, 137, 138, 0, 0, 0}},
+    {TitleField,      {0, 139, 144, 140, 0, 0}},
+    {WholeField,      {0, 141, 143, 144, 145, 0}},
+    {FractionField,   {142, 143, 144, 150, 145, 0}},
+    {TextField,       {0, 147, 162, 0, 0, 0}},
+    {MultiplierField, {148, 149, 143, 144, 213, 0}},
+    {CategoryField,   {0, 393, 0, 0, 0, 0}},
+    {TransferField,   {0, 151, 144, 156, 0, 0}},
+    {AccountField,    {0, 159, 144, 156, 0, 0}},
+    {CountField,      {0, 157, 143, 144, 0, 0}},
+    {UnitField,       {0, 157, 144, 0, 0, 0}},
+    {RemainingField,  {0, 158, 143, 144, 0, 0}},
+};
+// clang-format on
+
+// A form's Decor that paints the point between the whole part and the fraction of a row of fields that begins at `top`.
+template <int Top> void PaintPoint(int mask) {
+    if (mask & DecorLabels)
+        FillRect(DialogWindow, {123, Top + 15, 127, Top + 19}, Rgb(0, 0, 0));
+}
 
 // The items of a field's list, in the form of a FieldList's Fill.
 void ListWholeNumbers(int field); // "0" to "99", "100"

@@ -73,24 +73,12 @@ constexpr FieldList Lists[] = {
     {TitleField, ListTemplates}, {WholeField, ListWholeNumbers}, {FractionField, ListFractions},
     {MultiplierField, ListMultipliers}, {CategoryField, ListCategories}, {TransferField, ListTransfers},
 };
-
-constexpr HelpRow Help[] = {
-    {DateField,       {0, 137, 138, 0, 0, 0}},
-    {TitleField,      {0, 139, 144, 140, 0, 0}},
-    {WholeField,      {0, 141, 143, 144, 145, 0}},
-    {FractionField,   {142, 143, 144, 150, 145, 0}},
-    {TextField,       {0, 147, 162, 0, 0, 0}},
-    {MultiplierField, {148, 149, 143, 144, 213, 0}},
-    {CategoryField,   {0, 393, 0, 0, 0, 0}},
-    {TransferField,   {0, 151, 144, 156, 0, 0}},
-};
 // clang-format on
 
 void TranDialogFill(int initialise);
 int TranDialogSave();
 void DiaProcTran(const Event &event);
 void TapTran(int item);
-void PaintPoint(int mask);
 
 // ORDER LAYOUT
 enum Layout : int { Basic, AdvancedNew, AdvancedExisting, Reconcile };
@@ -100,14 +88,14 @@ constexpr Form FormOf(const FormTemplate *controls, std::span<const FormPart> pa
             .WithPanel = 1,
             .Controls = controls,
             .Parts = parts,
-            .Help = Help,
+            .Help = EntryHelp,
             .Lists = Lists,
             .Fill = TranDialogFill,
             .Tick = TranDialogSave,
             .Cross = nullptr,
             .Changed = DiaProcTran,
             .Tapped = TapTran,
-            .Decor = PaintPoint};
+            .Decor = PaintPoint<65>};
 }
 constexpr Form Forms[] = {
     // ORDER LAYOUT
@@ -123,12 +111,6 @@ const Form *CurrentLayout() {
     if (!state.ViewIsAdvanced)
         return &Forms[Basic];
     return &Forms[IsNew() ? AdvancedNew : AdvancedExisting];
-}
-
-// The point between whole part and fraction.
-void PaintPoint(int mask) {
-    if (mask & DecorLabels)
-        FillRect(DialogWindow, {123, 80, 127, 84}, Black);
 }
 
 // An entry's fields as a block, and back. A cash row of an account shows and keeps CashAmount.
@@ -355,6 +337,7 @@ void AddCounterEntry(const TRec &row, uint32_t partnerID) {
     const int32_t fromType = state.AccountKind, selected = state.SelectedPos[TransactionList];
     if (MakeAccountCurrent(partnerID)) {
         TRec counter = row;
+        CopyText(counter.FITID, TextRoom, u""); // the bank's identity is the row's own
         MakeCounterEntry(&counter, fromType, state.AccountKind);
         if (AddRecFile(partnerID, CpDates(counter.Date, counter.Rank), &counter, 0))
             CalcBalance(partnerID);
