@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-inline constexpr int MessageRoom = 40, LastMessage = 485;
+inline constexpr int MessageRoom = 40, LastMessage = 488;
 
 struct Message {
     int16_t Id;
@@ -484,5 +484,8 @@ inline constexpr Message Messages[] = {
     {483, u"Enter the new password"},
     {484, u"then tap 'tick' or 'cross' below"},
     {485, u"will disable filtering"},
+    {486, u"The data are enciphered"},
+    {487, u"and can't be opened without a pass code"},
+    {488, u"This version has no way to ask for it"},
 };
 // clang-format on

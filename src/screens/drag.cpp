@@ -11,6 +11,7 @@
 #include "store/configuration.h"
 #include "store/operations.h"
 #include "store/windows.h"
+#include <cstring>
 
 namespace {
 
@@ -32,18 +33,21 @@ void DragEdge(int x) {
     state.ColumnRepaintGate = edge[grabbed] != low && edge[grabbed] != high;
 }
 
-// An edge whose stored form already gives its pixel is left as it stands, so that columns do not creep.
+// Writes the dragged edges into the account. An edge whose stored form already gives its pixel is left as it stands, so
+// that columns do not creep.
 void KeepAccountEdges() {
-    const int32_t *edge = state.ColumnEdge[TransactionList];
-    ARec *account = &state.CurAccount;
+    int32_t edge[5];
+    std::memcpy(edge, state.ColumnEdge[TransactionList], sizeof edge);
+    if (!LoadCurrentAccount())
+        return;
+    ARec account = state.CurAccount;
     for (int i = 0; i < 5; ++i) {
-        const bool hidden = i == 1 && state.AccountKind == ListAccount;
-        if (!hidden && denormalise(account->ColumnPos[i]) != edge[i])
-            account->ColumnPos[i] = normalise(edge[i]);
+        const bool hidden = i == 1 && account.AccType == ListAccount;
+        if (!hidden && denormalise(account.ColumnPos[i]) != edge[i])
+            account.ColumnPos[i] = normalise(edge[i]);
     }
-    const ARec kept = *account;
     state.CurrentScreen = AccountList;
-    ModRecFile(0, state.SelectedPos[AccountList], &kept);
+    ModRecFile(0, state.SelectedPos[AccountList], &account);
     state.CurrentScreen = TransactionList;
     LoadCurrentAccount();
 }

@@ -212,6 +212,6 @@ void DoButtonDown(Window window, int x, int y) {
         TurnTabPage();
     else if (place < 0)
         TapTab(-place);
-    else if (screen->PressPlot)
+    else if (screen->PressPlot && window == ListWindow)
         screen->PressPlot(x, y);
 }

@@ -83,7 +83,8 @@ void DrawTabs() {
         FillRect(ListWindow, {0, top, ScreenWidth, top + TabBand}, White);
         for (int slot = 1; slot <= SlotCount; ++slot) {
             const int tab = TabInSlot(slot);
-            DrawTabText(tab, tab == state.CurrentScreen ? SelectedTab : NormalTab);
+            const int cool = tab == state.CurrentScreen ? SelectedTab : NormalTab;
+            DrawTabText(tab, tab != 0 && tab == state.DragOverTab ? HotTab : cool);
         }
         DrawPageButton();
     }
