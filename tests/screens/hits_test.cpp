@@ -1,0 +1,148 @@
+// Where a tap lands, and what it says.
+#include "device.h"
+#include "screens/input.h"
+
+namespace {
+
+TEST_F(Device, PointsOfTheListMeetTheirRowsAndTabs) {
+    static constexpr struct {
+        int Page, X, Y, Place;
+    } cases[] = {
+        {0, 10, 0, 1},     {0, 10, 16, 1},     {0, 10, 17, 2},     {0, 10, 203, 12},  {0, 10, 204, 0},
+        {0, 3, 205, -1},   {0, 0, 205, -1},    {0, 39, 222, -1},   {0, 40, 222, -2},  {0, 200, 205, -6},
+        {0, 224, 210, -6}, {0, 225, 210, -13}, {0, 239, 210, -13}, {0, 40, 223, 0},   {1, 3, 205, -7},
+        {1, 40, 205, -8},  {1, 77, 205, 0},    {1, 151, 205, 0},   {1, 188, 205, -6}, {1, 230, 205, -13},
+        {0, -1, 5, 0},     {0, 240, 5, 0},     {0, 10, -1, 0},
+    };
+    for (const auto &row : cases) {
+        state.TabPage = row.Page;
+        EXPECT_EQ(LinePos(ListWindow, row.X, row.Y), row.Place) << row.Page << ": " << row.X << ',' << row.Y;
+    }
+    EXPECT_EQ(LinePos(TopWindow, 10, 5), 0);
+}
+
+// Taps on header and titles: device coordinates, edges at their defaults, each on a screen freshly entered.
+TEST_F(Device, EveryPlaceOfHeaderAndTitlesExplainsItself) {
+    static constexpr struct {
+        int Screen, X, Y;
+        const char *Lines;
+    } cases[] = {
+        // header
+        {1, 0, 26, "0,207,0,0,0,0"},
+        {1, 29, 41, "0,207,0,0,0,0"},
+        {5, 29, 30, "0,207,0,0,0,0"},
+        {1, 30, 30, "71,72,73,0,75,76"},
+        {2, 59, 30, "71,72,73,0,75,76"},
+        {1, 60, 30, "77,78,79,89,0,80"},
+        {2, 178, 30, "77,78,79,89,0,80"},
+        {3, 100, 30, "77,78,79,89,0,80"},
+        {1, 179, 30, "71,72,73,0,75,76"},
+        {1, 210, 30, "71,72,73,0,75,76"},
+        {1, 211, 30, "0,208,0,0,0,0"},
+        {8, 239, 30, "0,208,0,0,0,0"},
+        {4, 100, 30, "-"}, // screens 4 to 8 know the counts alone
+        {7, 40, 30, "-"},
+        // accounts, edge 150
+        {1, 0, 50, "-"},
+        {1, 1, 50, "0,464,0,80,0,0"},
+        {1, 144, 50, "0,464,0,80,0,0"},
+        {1, 145, 50, "-"},
+        {1, 146, 50, "0,0,90,91,0,0"},
+        {1, 154, 50, "0,0,90,91,0,0"},
+        {1, 155, 50, "-"},
+        {1, 156, 50, "64,65,66,67,56,209"},
+        {1, 239, 50, "64,65,66,67,56,209"},
+        // transactions, edges 45, 135, 180
+        {2, 36, 50, "0,90,91,0,0,0"},
+        {2, 36, 42, "-"},
+        {2, 37, 50, "-"},
+        {2, 41, 50, "0,0,90,91,0,0"},
+        {2, 50, 50, "-"},
+        {2, 53, 50, "0,464,0,80,0,0"},
+        {2, 127, 50, "0,464,0,80,0,0"},
+        {2, 139, 50, "0,0,90,91,0,0"},
+        {2, 143, 50, "0,227,0,0,0,0"},
+        {2, 172, 42, "-"},
+        {2, 172, 43, "0,227,0,0,0,0"},
+        {2, 184, 50, "0,0,90,91,0,0"},
+        {2, 188, 50, "-"},
+        {2, 189, 50, "64,65,66,67,56,0"},
+        // recurring and bin, edges 38, 120, 175
+        {4, 46, 50, "0,464,0,80,0,0"},
+        {4, 112, 50, "0,464,0,80,0,0"},
+        {4, 10, 50, "0,0,90,91,0,0"},
+        {4, 120, 50, "0,0,90,91,0,0"},
+        {6, 43, 50, "0,464,0,80,0,0"},
+        {6, 116, 50, "0,0,90,91,0,0"},
+        // templates, edge 150; categories, edge 45; conversions, edges 95 and 130
+        {5, 144, 50, "0,464,0,80,0,0"},
+        {5, 200, 50, "0,0,90,91,0,0"},
+        {7, 50, 50, "0,0,90,91,0,0"},
+        {7, 51, 50, "0,464,0,80,0,0"},
+        {8, 135, 50, "0,0,90,91,0,0"},
+        {8, 136, 50, "0,464,0,80,0,0"},
+        // graph
+        {3, 3, 50, "-"},
+        {3, 4, 50, "0,255,0,256,257,0"},
+        {3, 24, 50, "258,0,259,260,261,262"},
+        {3, 63, 50, "263,0,264,265,0,271"},
+        {3, 64, 50, "253,0,326,331,0,0"},
+        {3, 103, 50, "324,0,326,330,0,0"},
+        {3, 104, 50, "0,266,0,0,0,0"},
+        {3, 124, 50, "0,227,0,0,0,0"},
+        {3, 173, 50, "64,65,66,67,56,0"},
+    };
+    for (const auto &row : cases) {
+        state.RefColumn = state.ReconciledView = state.ArchiveView = 0;
+        state.GraphMode = 0;
+        state.BalanceView = 1;
+        if (state.CurrentScreen != row.Screen)
+            SendKey(static_cast<Key>(static_cast<int>(Key::Tab1) + row.Screen - 1));
+        ASSERT_EQ(state.CurrentScreen, row.Screen);
+        const std::string before = "-", old = (state.MessageLine[0] = 1, Ids());
+        Tap(row.X, row.Y);
+        EXPECT_EQ(Ids() == old ? before : Ids(), row.Lines) << row.Screen << ": " << row.X << ',' << row.Y;
+    }
+}
+
+TEST_F(Device, TabsAndPageButtonExplainThemselves) {
+    static constexpr struct {
+        int Page, Slot, Screen;
+        const char *Lines;
+    } cases[] = {
+        {0, 2, 2, "0,8,9,10,0,0"},     {0, 2, 2, "0,8,9,10,0,0"},          {0, 3, 3, "11,12,0,250,252,0"},
+        {0, 4, 4, "13,14,15,0,16,17"}, {0, 5, 5, "18,19,20,21,22,23"},     {0, 6, 6, "0,24,25,26,27,0"},
+        {1, 4, 6, "0,0,391,0,392,0"},  {1, 1, 7, "351,352,0,353,354,355"}, {1, 2, 8, "343,344,0,345,346,347"},
+        {1, 6, 6, "0,24,25,26,27,0"},  {0, 1, 1, "6,7,0,42,239,0"},
+    };
+    for (const auto &row : cases) {
+        if (state.TabPage != row.Page)
+            Tap(TabMiddle(7).X, TabMiddle(7).Y);
+        ASSERT_EQ(state.TabPage, row.Page);
+        Tap(TabMiddle(row.Slot).X, TabMiddle(row.Slot).Y);
+        EXPECT_EQ(state.CurrentScreen, row.Screen) << row.Slot;
+        EXPECT_EQ(Ids(), row.Lines) << row.Page << ' ' << row.Slot;
+        EXPECT_TRUE(Remains(ListWindow).empty()) << row.Screen;
+    }
+}
+
+TEST_F(Device, EveryRowExplainsItself) {
+    static constexpr struct {
+        int Screen, Row;
+        const char *Lines;
+    } cases[] = {
+        {1, 1, "29,0,40,32,33,5"},   {1, 4, "34,0,35,36,37,0"},    {2, 1, "38,0,40,41,42,43"},
+        {2, 4, "0,39,0,46,0,0"},     {2, 9, "34,0,35,47,37,0"},    {4, 1, "110,120,0,40,41,0"},
+        {5, 1, "113,0,40,41,42,43"}, {5, 2, "113,0,40,41,42,44"},  {6, 1, "34,0,86,0,0,0"},
+        {7, 1, "356,0,40,41,0,357"}, {8, 2, "341,0,40,41,42,342"}, {8, 9, "34,0,35,47,37,0"},
+    };
+    for (const auto &row : cases) {
+        if (state.CurrentScreen != row.Screen)
+            SendKey(static_cast<Key>(static_cast<int>(Key::Tab1) + row.Screen - 1));
+        TapRow(row.Row);
+        EXPECT_EQ(Ids(), row.Lines) << row.Screen << ' ' << row.Row;
+        EXPECT_EQ(state.SelectedPos[row.Screen], state.TopPos[row.Screen] + row.Row - 1);
+    }
+}
+
+} // namespace
