@@ -2,6 +2,7 @@
 #include "screens/list_screen.h"
 #include "ledger/account_window.h"
 #include "screens/frame/header.h"
+#include "screens/frame/message_window.h"
 #include "screens/frame/scroll.h"
 #include "screens/frame/tabs.h"
 #include "screens/rows.h"
@@ -37,6 +38,7 @@ const ListScreen *ScreenOf(int screen) {
 }
 
 void SetPaintProcedures() {
+    state.Paint[0] = PaintMessages;
     for (const ListScreen *screen : Screens)
         if (screen)
             state.Paint[screen->List] = screen->Paint;
