@@ -8,7 +8,10 @@
 int ShiftRecord(uint32_t accountID, int32_t from, int32_t to, const void *record) {
     if (!AddRecFile(accountID, to, record, 1))
         return 0;
-    return DeleteRecFile(accountID, to <= from ? from + 1 : from);
+    if (DeleteRecFile(accountID, to <= from ? from + 1 : from))
+        return 1;
+    DeleteRecFile(accountID, to); // rather where it was than in two places
+    return 0;
 }
 
 int MoveRecFile(uint32_t accountID, int32_t from, int32_t to, const void *record) {

@@ -10,12 +10,12 @@
 int MoveRecFile(uint32_t accountID, int32_t from, int32_t to, const void *record);
 
 // The bare move that MoveRecFile and the Day marker use: inserted at `to`, then taken out at its old place. 0 when the
-// insertion failed.
+// disk failed; the record is then where it was.
 int ShiftRecord(uint32_t accountID, int32_t from, int32_t to, const void *record);
 
 // The owner's delete of one row of the current list: into the bin, then out of its file, then the window's top
 // repaired. A row of the bin is erased for good, an account row with its files. A heading row goes without a bin copy.
-// Refused (0) while a filter is shown.
+// Refused (0) for the rows of a filtered view.
 int DeleteRecMem(int32_t position);
 
 // Restores the selected bin row into the list that state.CurrentScreen names. 1 when it was restored.

@@ -1,0 +1,138 @@
+#include "ledger/reconcile.h"
+#include "care/cipher/hooks.h"
+#include "core/error_log.h"
+#include "core/state.h"
+#include "ledger/account_file.h"
+#include "ledger/moves.h"
+#include "store/index.h"
+#include "store/operations.h"
+#include "store/runs.h"
+#include "store/windows.h"
+#include <bit>
+
+namespace {
+
+constexpr FileKind Kind = FileKind::Transactions;
+
+// A mask is cut in two halves of ten bits, each with a table of its sums.
+constexpr int HalfBits = MostCandidates / 2;
+constexpr uint32_t HalfMasks = 1U << HalfBits;
+
+int IsCandidate(const TRec &row, uint32_t today) {
+    return row.RowKind == EntryRow && (!row.Cleared || row.Date.DayNumber > today);
+}
+
+// sums[m] is the sum of the candidates of mask m: that of m without its lowest bit, plus one.
+void SumMasks(int firstCandidate, int count, FixedAmount *sums) {
+    sums[0] = 0;
+    for (uint32_t mask = 1; mask < 1U << count; ++mask)
+        sums[mask] = AddAmounts(sums[mask & (mask - 1)], state.Candidates[firstCandidate + std::countr_zero(mask)].Sum);
+}
+
+// The smallest mask whose sum is the target, 0 for none. The target is not 0.
+uint32_t SmallestMask(int count, FixedAmount target) {
+    const int lowBits = count < HalfBits ? count : HalfBits;
+    FixedAmount low[HalfMasks], high[HalfMasks];
+    SumMasks(0, lowBits, low);
+    SumMasks(lowBits, count - lowBits, high);
+    for (uint32_t upper = 0; upper < 1U << (count - lowBits); ++upper) {
+        const FixedAmount rest = SubtractAmounts(target, high[upper]);
+        for (uint32_t lower = 0; lower < 1U << lowBits; ++lower)
+            if (low[lower] == rest)
+                return upper << lowBits | lower;
+    }
+    return 0;
+}
+
+} // namespace
+
+void LoadReconcileCandidates() {
+    state.CandidateCount = 0;
+    RecDate today;
+    LoadTodaysDate(&today);
+    uint32_t filtered;
+    const int handle = OpenDataFile(Kind, OpenOrCreate, state.CurAccount.ID, &filtered);
+    int32_t read;
+    for (int32_t first = 1;
+         state.CandidateCount < MostCandidates && (read = ReadRun(handle, Kind, first, RunLength(Kind))) > 0;
+         first += read) {
+        for (int32_t index = 0; index < read && state.CandidateCount < MostCandidates; ++index) {
+            auto *record = static_cast<TRecFile *>(RunRecord(Kind, index));
+            DecipherRecord(Kind, record);
+            const TRec &row = record->Rec;
+            if (IsCandidate(row, today.DayNumber))
+                state.Candidates[state.CandidateCount++] = {first + index, TimesUnits(row.Units, row.Value),
+                                                            row.Cleared, 0};
+        }
+    }
+    CloseFile(handle);
+}
+
+void SearchReconcile() {
+    state.SelectedCount = 0;
+    for (Candidate &candidate : state.Candidates)
+        candidate.Selected = 0;
+    if (state.Discrepancy == 0) {
+        state.ReconcileState = ReconcileStep::Solved;
+        return;
+    }
+    const uint32_t mask = SmallestMask(state.CandidateCount, state.Discrepancy);
+    for (int i = 0; i < state.CandidateCount; ++i)
+        state.Candidates[i].Selected = mask >> i & 1;
+    state.SelectedCount = std::popcount(mask);
+    state.ReconcileState = mask ? ReconcileStep::Solved : ReconcileStep::Impossible;
+}
+
+void RunReconcile(FixedAmount target) {
+    state.ReconcileState = ReconcileStep::Computing;
+    ARec account;
+    if (FindAccount(state.CurAccount.ID, &account, nullptr))
+        state.CurAccount.ClearedBalance = account.ClearedBalance;
+    state.CurrentCleared = state.CurAccount.ClearedBalance;
+    state.TargetBalance = target;
+    state.Discrepancy = SubtractAmounts(state.TargetBalance, state.CurrentCleared);
+    LoadReconcileCandidates();
+    SearchReconcile();
+}
+
+int IsReconcileCandidate(int32_t position) {
+    if (state.ReconcileState != ReconcileStep::Solved)
+        return 0;
+    for (int i = 0; i < state.CandidateCount; ++i)
+        if (state.Candidates[i].Position == position)
+            return state.Candidates[i].Selected == 1;
+    return 0;
+}
+
+void ApplyReconcile() {
+    if (state.ReconcileState != ReconcileStep::Solved)
+        return;
+    const int32_t screen = state.CurrentScreen;
+    state.CurrentScreen = TransactionList;
+    for (int i = 0; i < state.CandidateCount; ++i) {
+        TRec row;
+        if (!state.Candidates[i].Selected || !FetchTran(state.Candidates[i].Position, &row))
+            continue;
+        row.Cleared = 1;
+        ModRecFile(state.CurAccount.ID, state.Candidates[i].Position, &row);
+    }
+    state.ReconcileState = ReconcileStep::Idle;
+    state.CurrentScreen = screen;
+}
+
+int StrokeReconcile(int32_t position) {
+    TRec row;
+    if (!FetchTran(position, &row) || row.RowKind != ReconcileEntry)
+        return 0;
+    if (state.ReconcileState != ReconcileStep::Solved) {
+        RunReconcile(row.Value);
+        return 0;
+    }
+    ApplyReconcile();
+    const int32_t screen = state.CurrentScreen;
+    state.CurrentScreen = TransactionList;
+    if (DeleteRecFile(state.CurAccount.ID, position))
+        RepairTop(TransactionList);
+    state.CurrentScreen = screen;
+    return 1;
+}

@@ -1,0 +1,63 @@
+// What all tests of the ledger start from: a fresh device with a data directory, accounts made by hand, and the files
+// read back as their bytes lie, not through the program.
+#pragma once
+
+#include "core/state.h"
+#include "host/test_host.h"
+#include "store/records/records.h"
+#include <cstring>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+constexpr uint32_t Today = 155289; // 2 March 2026 as a day number
+
+struct Entry { // a row as a test writes it down
+    int Day;   // from today
+    const char *Name;
+    int64_t Value;
+    int32_t Units = 1;
+    uint32_t Cleared = 0;
+    uint8_t RowKind = 0;
+    uint32_t Cash = 0, NoCash = 0;
+};
+
+class Ledger : public testing::Test {
+protected:
+    testhost::TestRoot Root;
+
+    Ledger();
+    // Appends an account of a type with its own ID; it is the current one.
+    uint32_t NewAccount(uint32_t type, const char *name = "Account");
+    // By the program: date order, record operation, balances.
+    void Put(uint32_t account, const Entry &entry);
+    // Straight into the file, as they come; then CalcBalance.
+    void Fill(uint32_t account, const std::vector<Entry> &entries, bool archive = false);
+    void PutItem(const DDRec &item);
+    void GoTo(uint32_t account, bool archive = false);
+
+    std::vector<TRec> Rows(uint32_t account, bool archive = false) const;
+    template <typename Record> std::vector<Record> Read(const std::string &file) const;
+    ARec Account(uint32_t account) const;
+    std::vector<BinRec> Bin() const { return Read<BinRec>("E1_06BIN"); }
+    std::vector<DDRec> Items() const { return Read<DDRec>("E1_04DD"); }
+    // "Name value" of each row, with ", " between them.
+    std::string Names(uint32_t account, bool archive = false) const;
+    // The balance as of today by a plain sum over the rows' own fields, for money accounts.
+    static int64_t PlainSum(const std::vector<TRec> &rows, uint32_t lastDay, bool clearedOnly);
+};
+
+TRec RowOf(const Entry &entry);
+DDRec ItemOf(const char *name, int day, uint32_t account, int64_t value, const char *unit, int32_t period,
+             int32_t total);
+
+template <typename Record> std::vector<Record> Ledger::Read(const std::string &file) const {
+    const std::vector<uint8_t> bytes = testhost::ReadBytes(Root.DataFile(file));
+    std::vector<Record> records;
+    for (size_t at = 0; at + sizeof(Record) + TailBytes <= bytes.size(); at += sizeof(Record) + TailBytes) {
+        Record record;
+        std::memcpy(static_cast<void *>(&record), bytes.data() + at, sizeof record);
+        records.push_back(record);
+    }
+    return records;
+}
