@@ -2,6 +2,7 @@
 // the present scale.
 #include "resources/art.h"
 #include "hosts/qt/device.h"
+#include <QCoreApplication>
 #include <QFile>
 #include <QHash>
 #include <QPainter>
@@ -40,7 +41,7 @@ QSvgRenderer *Drawing(int id) {
     if (known != drawings.constEnd())
         return *known;
     const QString file = QStringLiteral(":/art/%1.svg").arg(id);
-    QSvgRenderer *drawing = QFile::exists(file) ? new QSvgRenderer(file) : nullptr;
+    QSvgRenderer *drawing = QFile::exists(file) ? new QSvgRenderer(file, qApp) : nullptr;
     if (drawing && !drawing->isValid()) {
         delete drawing;
         drawing = nullptr;

@@ -102,6 +102,14 @@ protected:
                 Hold.stop();
             break;
         case QEvent::MouseButtonRelease:
+            Hold.stop();
+            // What is typed after a tap into a date replaces the part that was tapped.
+            if (auto *date = qobject_cast<QDateEdit *>(one->Real); date && part != date)
+                QTimer::singleShot(0, date, [date] {
+                    if (!date->findChild<QLineEdit *>()->hasSelectedText())
+                        date->setSelectedSection(date->currentSection());
+                });
+            break;
         case QEvent::Hide:
             Hold.stop();
             break;
@@ -206,9 +214,12 @@ QWidget *MakeText(QWidget *parent, const FormControl &control) {
     QPlainTextEdit *const text = new QPlainTextEdit(parent);
     text->setTabChangesFocus(true);
     Watch(text->viewport());
-    QObject::connect(text, &QPlainTextEdit::textChanged, [text, id = control.Id] {
+    QObject::connect(text, &QPlainTextEdit::textChanged, [text, id = control.Id, last = QString()]() mutable {
         KeepLimit(text);
-        Tell(id, ControlChange::Text);
+        if (const QString now = text->toPlainText(); now != last) { // its layout alone may have changed
+            last = now;
+            Tell(id, ControlChange::Text);
+        }
     });
     return text;
 }

@@ -97,6 +97,8 @@ void RequestPaint();
 // Gives the paint event that was asked for, if one was.
 void DeliverPaint();
 
+// Once, before the first press.
+void WatchPointer();
 // Sends what a pointer does at a point of the screen to the program window that lies there.
 void SendPointer(EventKind kind, const QPoint &screen);
 // The same as a press on an arrow of the list's scroll bar, `lines` times; below 0 is up.

@@ -1,9 +1,12 @@
 // Mouse, touch and pen: each is the stylus, told to the program window that lies under it.
 #include "hosts/qt/device.h"
 #include "platform/shell.h"
+#include <QApplication>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QScrollBar>
 #include <QWheelEvent>
+#include <QWindow>
 #include <cmath>
 
 namespace {
@@ -13,6 +16,24 @@ constexpr Window FrontToBack[] = {HubWindow, DialogWindow, HostWindow, ListWindo
 constexpr int WheelNotch = 120; // eighths of a degree
 
 bool pointerDown;
+
+// The program may hide the window that holds the press; the toolkit then sends what follows to nobody.
+class LostPointerFilter : public QObject {
+public:
+    using QObject::QObject;
+    QPointer<ProgramWindow> Holder;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override {
+        const bool moves = event->type() == QEvent::MouseMove, ends = event->type() == QEvent::MouseButtonRelease;
+        if ((moves || ends) && pointerDown && Holder && Holder->isHidden() && watched == host.Frame->windowHandle())
+            SendPointer(moves ? EventKind::PointerMove : EventKind::PointerUp,
+                        static_cast<QMouseEvent *>(event)->globalPosition().toPoint());
+        return false;
+    }
+};
+
+LostPointerFilter *lostPointer;
 
 // The device pixel that covers a pixel of a widget.
 int DevicePixel(int widgetPixel) {
@@ -48,14 +69,24 @@ void SendPointer(EventKind kind, const QPoint &screen) {
         Deliver({.Kind = kind, .Where = NoWindow});
 }
 
-void ProgramWindow::mousePressEvent(QMouseEvent *event) {
-    if (event->button() == Qt::LeftButton)
-        SendPointer(EventKind::PointerDown, event->globalPosition().toPoint());
+void WatchPointer() {
+    lostPointer = new LostPointerFilter(qApp);
+    qApp->installEventFilter(lostPointer);
 }
 
+// Both kinds of press.
+static void Press(ProgramWindow *window, const QMouseEvent &event, EventKind kind) {
+    if (event.button() != Qt::LeftButton)
+        return;
+    lostPointer->Holder = window;
+    SendPointer(kind, event.globalPosition().toPoint());
+}
+
+void ProgramWindow::mousePressEvent(QMouseEvent *event) {
+    Press(this, *event, EventKind::PointerDown);
+}
 void ProgramWindow::mouseDoubleClickEvent(QMouseEvent *event) {
-    if (event->button() == Qt::LeftButton)
-        SendPointer(EventKind::DoubleTap, event->globalPosition().toPoint());
+    Press(this, *event, EventKind::DoubleTap);
 }
 
 void ProgramWindow::mouseMoveEvent(QMouseEvent *event) {

@@ -44,7 +44,8 @@ public:
     }
 
 protected:
-    void wheelEvent(QWheelEvent *event) override { event->ignore(); } // the list's own
+    // The list's own, so that a turn is a line over the bar too.
+    void wheelEvent(QWheelEvent *event) override { QApplication::sendEvent(parentWidget(), event); }
 
 private:
     void Tell(int action) {

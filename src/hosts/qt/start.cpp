@@ -29,6 +29,7 @@ void PrepareHost(double scale) {
     QApplication::setPalette(palette);
     QApplication::setFont(DeviceFont(Font::Normal, host.Scale));
     WatchKeys();
+    WatchPointer();
 }
 
 void ShowDevice() {

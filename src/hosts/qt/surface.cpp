@@ -7,18 +7,16 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
-#include <QScreen>
 #include <cmath>
 
 namespace {
 
 struct Face {
-    int Cell;      // height of a line in device pixels
-    double Pixels; // size of the font
+    int Pixels; // size of the font in device pixels
     bool Bold;
 };
-// ORDER FONT
-constexpr Face Faces[] = {{13, 11, false}, {13, 11, true}, {12, 10, true}, {20, 17, true}};
+// ORDER FONT: they fill cells of 13, 13, 12 and 20 pixels.
+constexpr Face Faces[] = {{11, false}, {11, true}, {10, true}, {17, true}};
 constexpr int FaceCount = sizeof Faces / sizeof Faces[0];
 
 const QString &Family() {
@@ -65,7 +63,7 @@ void FillPixels(Window window, const QRect &box, Colour fill) {
     QImage *const image = ImageOf(window);
     if (!image)
         return;
-    const QRect inside = box & image->rect();
+    const QRect inside = box.isEmpty() ? QRect() : box & image->rect();
     if (inside.isEmpty())
         return;
     const QRgb pixel = 0xff000000 | fill;
@@ -132,8 +130,8 @@ void PaintArt(Window window, const QRect &box, const QImage *art, QPainter::Comp
 QFont DeviceFont(Font font, double pixelsPerUnit) {
     const Face &face = Faces[static_cast<int>(font)];
     QFont made(Family());
-    // Sizes between whole pixels exist only in points, so that text keeps its place in the layout at every scale.
-    made.setPointSizeF(face.Pixels * pixelsPerUnit * 72 / qApp->primaryScreen()->logicalDotsPerInchY());
+    // Glyphs have whole sizes; rounded down, so that what fits at scale 1 fits at every scale.
+    made.setPixelSize(std::max(1, static_cast<int>(face.Pixels * pixelsPerUnit)));
     made.setBold(face.Bold);
     made.setHintingPreference(QFont::PreferVerticalHinting);
     return made;

@@ -1,0 +1,146 @@
+#include "host_qt/little_program.h"
+#include "core/startup/door.h"
+#include "hosts/qt/start.h"
+#include <QApplication>
+
+namespace little {
+
+std::function<void(const Event &)> OnEvent;
+int IdleStepsWanted, IdleStepsDone;
+static std::string told;
+
+static const char *const WindowNames[] = {"None", "Top", "List", "Host", "Hub", "Dialog"};
+static const char *const KeyNames[] = {
+    "None",   "Up",     "Down",   "Left",   "Right",  "Enter",  "Backspace", "Clear",  "Digit0", "Digit1", "Digit2",
+    "Digit3", "Digit4", "Digit5", "Digit6", "Digit7", "Digit8", "Digit9",    "Tab1",   "Tab2",   "Tab3",   "Tab4",
+    "Tab5",   "Tab6",   "Tab7",   "Tab8",   "Stroke", "Escape", "Help",      "Delete", "New",    "Modify", "Tick"};
+static const char *const ScrollNames[] = {"LineUp", "LineDown", "PageUp", "PageDown", "ThumbTrack", "Top", "Bottom"};
+static const char *const ChangeNames[] = {"Focus", "Choice", "Dropped", "Text", "Pressed", "DoublePressed", "Calendar"};
+
+static std::string Words(const Event &event) {
+    static const char *const Pointer[] = {"down", "move", "up", "double"};
+    const size_t code = static_cast<size_t>(event.Code);
+    switch (event.Kind) {
+    case EventKind::PointerDown:
+    case EventKind::PointerMove:
+    case EventKind::PointerUp:
+    case EventKind::DoubleTap:
+        return std::string(Pointer[static_cast<size_t>(event.Kind)]) + " " + WindowNames[event.Where] + " " +
+               std::to_string(event.X) + "," + std::to_string(event.Y);
+    case EventKind::Key:
+        return std::string("key ") + KeyNames[code];
+    case EventKind::Command:
+        return "command " + std::to_string(event.Code);
+    case EventKind::Control:
+        return "control " + std::to_string(event.Control) + " " + ChangeNames[static_cast<size_t>(event.Change)];
+    case EventKind::Scroll:
+        return std::string("scroll ") + ScrollNames[code] +
+               (event.Code == static_cast<int>(ScrollCode::ThumbTrack) ? " " + std::to_string(event.Position) : "");
+    case EventKind::Paint:
+        return "paint";
+    case EventKind::Close:
+        return "close";
+    }
+    return "?";
+}
+
+std::string Told() {
+    Settle();
+    return std::exchange(told, "");
+}
+
+void Settle() {
+    for (int pass = 0; pass < 6; ++pass)
+        QApplication::processEvents();
+}
+
+void Begin(double scale) {
+    OnEvent = nullptr;
+    IdleStepsWanted = IdleStepsDone = 0;
+    if (QWidget *popup = QApplication::activePopupWidget())
+        popup->close();
+    CloseForm();
+    ShowCommandBar(nullptr, 0);
+    ShowScrollBar(0);
+    for (const Window window : {HostWindow, HubWindow, DialogWindow})
+        ShowWindow(window, 0);
+    host.Frame->resize(qRound(DeviceWidth * scale), qRound(DeviceHeight * scale));
+    host.Frame->activateWindow();
+    Settle();
+    ASSERT_DOUBLE_EQ(host.Scale, scale);
+    for (ProgramWindow *window : host.Windows)
+        if (window)
+            window->Image.fill(Qt::white);
+    Told();
+}
+
+QPoint WidgetPixel(int x, int y) {
+    return host.Frame->Corner +
+           QPoint(static_cast<int>((x + 0.5) * host.Scale), static_cast<int>((y + 0.5) * host.Scale));
+}
+
+void PressAt(int x, int y) {
+    QTest::mousePress(host.Frame->windowHandle(), Qt::LeftButton, {}, WidgetPixel(x, y));
+}
+void MoveTo(int x, int y) {
+    QTest::mouseMove(host.Frame->windowHandle(), WidgetPixel(x, y));
+}
+void ReleaseAt(int x, int y) {
+    QTest::mouseRelease(host.Frame->windowHandle(), Qt::LeftButton, {}, WidgetPixel(x, y));
+}
+void TapAt(int x, int y) {
+    PressAt(x, y);
+    ReleaseAt(x, y);
+    // Beyond the time in which a second tap would make it a double tap.
+    QTest::mouseMove(host.Frame->windowHandle(), WidgetPixel(x, y), QApplication::doubleClickInterval() + 1);
+}
+void DoubleTapAt(int x, int y) {
+    QTest::mouseDClick(host.Frame->windowHandle(), Qt::LeftButton, {}, WidgetPixel(x, y));
+}
+
+void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(host.Frame->windowHandle(), key, modifiers);
+}
+void Type(const char *text) {
+    for (; *text; ++text)
+        QTest::keyClick(host.Frame->windowHandle(), *text);
+}
+
+QWidget *Control(const char *name) {
+    for (QWidget *one : host.Windows[DialogWindow]->findChildren<QWidget *>())
+        if (one->accessibleName() == QLatin1String(name) && !one->isHidden())
+            return one;
+    return nullptr;
+}
+
+} // namespace little
+
+int WinMain() {
+    return CreateWindows() ? 1 : 0;
+}
+
+void HandleEvent(const Event &event) {
+    if (!little::told.empty())
+        little::told += "; ";
+    little::told += little::Words(event);
+    if (little::OnEvent)
+        little::OnEvent(event);
+}
+
+int IdleStep() {
+    if (little::IdleStepsWanted == 0)
+        return 0;
+    ++little::IdleStepsDone;
+    return --little::IdleStepsWanted > 0;
+}
+
+int main(int count, char **words) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(count, words);
+    testing::InitGoogleTest(&count, words);
+    PrepareHost(1);
+    if (WinMain() != 1)
+        return 1;
+    ShowDevice();
+    return RUN_ALL_TESTS();
+}
