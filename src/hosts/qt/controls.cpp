@@ -310,10 +310,11 @@ void OpenForm(const FormTemplate *form) {
         widgets.append({control.Id, control.Kind, box, real});
         real->setAccessibleName(QString::fromUtf16(control.Name));
         SetControlLimit(control.Id, control.Limit);
-        Watch(real);
+        if (control.Kind != ControlKind::Progress) { // which only shows
+            Watch(real);
+            first = first ? first : real;
+        }
         real->show();
-        if (!first && real->focusPolicy() != Qt::NoFocus)
-            first = real;
     }
     RescaleForm();
     ShowWindow(DialogWindow, 1);
