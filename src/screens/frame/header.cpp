@@ -27,7 +27,7 @@ void DrawImageIn(const Rect &box, int image) {
 }
 
 void DrawTitleText(int left, int right, const char16_t *text) {
-    PaintText(TopWindow, text, {left, HeaderBottom, right, CellBottom + 1}, Align::Centre, Font::Bold, Black, 1);
+    PaintText(TopWindow, text, {left, HeaderBottom + 1, right, CellBottom + 1}, Align::Centre, Font::Bold, Black, 1);
 }
 
 void DrawGrips(int left, int right) {
