@@ -1,0 +1,103 @@
+// A statement's balance finds the entries that explain it.
+#include "ledger/account_window.h"
+#include "ledger/balance.h"
+#include "ledger/ledger_test.h"
+#include "ledger/reconcile.h"
+
+using namespace testhost;
+
+namespace {
+
+std::string Selected() {
+    std::string positions;
+    for (int32_t position = 1; position <= 40; ++position)
+        if (IsReconcileCandidate(position))
+            positions += std::to_string(position) + " ";
+    return positions;
+}
+
+} // namespace
+
+TEST_F(Ledger, TheSearchPrefersTheOldestEntries) {
+    const std::vector<Entry> twentyTwo(22, Entry{-5, "one", 1000});
+    struct Case {
+        const char *What;
+        std::vector<Entry> Rows;
+        FixedAmount Target;
+        ReconcileStep State;
+        const char *Selected;
+        int32_t Count;
+    };
+    const Case cases[] = {
+        {"first alone", {{-3, "", 5000}, {-2, "", 3000}, {-1, "", 2000}}, 5000, ReconcileStep::Solved, "1 ", 1},
+        {"both", {{-3, "", 3000}, {-2, "", 5000}}, 8000, ReconcileStep::Solved, "1 2 ", 2},
+        {"a thousandth off", {{-3, "", 3000}, {-2, "", 5000}}, 8001, ReconcileStep::Impossible, "", 0},
+        {"nothing to explain", {{-3, "", 3000, 1, 1}}, 3000, ReconcileStep::Solved, "", 0},
+        {"nothing to choose from", {{-3, "", 3000, 1, 1}}, 4000, ReconcileStep::Impossible, "", 0},
+        {"the multiplier counts", {{-3, "", -10000, 3}, {-2, "", 1}}, -30000, ReconcileStep::Solved, "1 ", 1},
+        {"reconciled, but not yet due", {{-3, "", 1000}, {1, "", 7000, 1, 1}}, 7000, ReconcileStep::Solved, "2 ", 1},
+        {"markers are no entries",
+         {{-3, "", 4000, 1, 0, DeletedMarker}, {-2, "", 4000, 1, 0, ReconcileEntry}, {-1, "", 4000}},
+         4000,
+         ReconcileStep::Solved,
+         "3 ",
+         1},
+        {"twenty", twentyTwo, 20000, ReconcileStep::Solved, "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 ", 20},
+        {"the 21st is not considered", twentyTwo, 21000, ReconcileStep::Impossible, "", 0},
+    };
+    for (const Case &test : cases) {
+        SCOPED_TRACE(test.What);
+        const uint32_t bank = NewAccount(BankAccount);
+        Fill(bank, test.Rows);
+        RunReconcile(test.Target);
+        EXPECT_EQ(state.ReconcileState, test.State);
+        EXPECT_EQ(Selected(), test.Selected);
+        EXPECT_EQ(state.SelectedCount, test.Count);
+    }
+}
+
+// All masks in ascending order by the plainest loop, against the search's own, over many small accounts.
+TEST_F(Ledger, TheSmallestMaskWins) {
+    uint32_t random = 7;
+    const auto next = [&random] { return (random = random * 1664525 + 1013904223) >> 16; };
+    int solved = 0;
+    for (int round = 0; round < 300; ++round) {
+        state.CandidateCount = static_cast<int32_t>(next() % 14);
+        for (int i = 0; i < state.CandidateCount; ++i)
+            state.Candidates[i] = {i + 1, static_cast<FixedAmount>(next() % 41) - 20, 0, 0};
+        state.Discrepancy = static_cast<FixedAmount>(next() % 61) - 30;
+        uint32_t expected = 0;
+        for (uint32_t mask = 1; state.Discrepancy != 0 && !expected && mask < 1U << state.CandidateCount; ++mask) {
+            FixedAmount sum = 0;
+            for (int i = 0; i < state.CandidateCount; ++i)
+                sum += mask >> i & 1 ? state.Candidates[i].Sum : 0;
+            expected = sum == state.Discrepancy ? mask : 0;
+        }
+        SearchReconcile();
+        uint32_t found = 0;
+        for (int i = 0; i < state.CandidateCount; ++i)
+            found |= state.Candidates[i].Selected << i;
+        EXPECT_EQ(found, expected) << "round " << round;
+        solved += found != 0;
+    }
+    EXPECT_GT(solved, 100);
+}
+
+TEST_F(Ledger, AStrokeReconcilesTheSolutionAndTakesTheEntryAway) {
+    const uint32_t bank = NewAccount(BankAccount);
+    Fill(bank, {{-3, "a", 5000}, {-2, "b", 7000}, {-1, "c", 9000}, {0, "Reconcile", 14000, 1, 0, ReconcileEntry}});
+    EXPECT_EQ(StrokeReconcile(1), 0); // an entry
+    EXPECT_EQ(StrokeReconcile(4), 0); // idle: it searches
+    EXPECT_EQ(state.ReconcileState, ReconcileStep::Solved);
+    EXPECT_EQ(StrokeReconcile(4), 1);
+    CalcBalance(bank);
+    EXPECT_EQ(Names(bank), "a 5, b 12, c 21");
+    EXPECT_EQ(Account(bank).ClearedBalance, 14000);
+    EXPECT_EQ(state.ReconcileState, ReconcileStep::Idle);
+    EXPECT_TRUE(Bin().empty());
+    // A solution holds only for the file as it was.
+    RunReconcile(21000);
+    EXPECT_EQ(Selected(), "2 ");
+    Put(bank, {-9, "older", 1000});
+    EXPECT_EQ(Selected(), "");
+}

@@ -1,0 +1,263 @@
+// Standing orders are paid once each, on their day, whole.
+#include "ledger/account_window.h"
+#include "ledger/balance.h"
+#include "ledger/filter.h"
+#include "ledger/ledger_test.h"
+#include "ledger/recurring.h"
+#include "platform/text.h"
+#include "store/index.h"
+#include "store/windows.h"
+
+using namespace testhost;
+
+namespace {
+
+std::string Dates(const std::vector<TRec> &rows) {
+    std::string dates;
+    for (const TRec &row : rows)
+        dates += std::to_string(row.Date.Year) + "-" + std::to_string(row.Date.Month) + "-" +
+                 std::to_string(row.Date.Day) + " ";
+    return dates;
+}
+
+} // namespace
+
+TEST_F(Ledger, AnItemFiresOnItsDaysAndNoOther) {
+    struct Case {
+        int Year, Month, Day; // next date
+        const char *Unit;
+        int32_t Period, Total;
+        const char *Fired;
+        int32_t Remaining;
+        uint32_t NextDay; // from 2 March 2026
+    };
+    const Case cases[] = {
+        {2026, 3, 9, "Day(s)", 1, 5, "2026-3-9 ", 4, 8}, // the last day of the look-ahead of 7
+        {2026, 3, 10, "Day(s)", 1, 5, "", 5, 8},
+        {2026, 3, 1, "Day(s)", 3, 2, "2026-3-1 2026-3-4 ", 0, 2}, // the last date stands
+        {2026, 2, 20, "Week(s)", 1, ForEver, "2026-2-20 2026-2-27 2026-3-6 ", ForEver, 11},
+        {2026, 1, 31, "Month(s)", 1, ForEver, "2026-1-31 2026-2-28 ", ForEver, 29},
+        {2023, 11, 30, "Month(s)", 15, ForEver, "2023-11-30 2025-2-28 ", ForEver, 89},
+        {2024, 2, 29, "Year(s)", 1, 9, "2024-2-29 2025-2-28 2026-2-28 ", 6, 363},
+        {2026, 3, 1, "Month(s)", 0, 5, "", 5, static_cast<uint32_t>(-1)},
+        {2026, 3, 1, "Month(s)", 1, 0, "", 0, static_cast<uint32_t>(-1)},
+    };
+    for (const Case &test : cases) {
+        SCOPED_TRACE(testing::Message() << test.Year << "-" << test.Month << "-" << test.Day << " " << test.Unit);
+        const uint32_t bank = NewAccount(BankAccount);
+        DDRec item = ItemOf("Rent", 0, bank, -5000, test.Unit, test.Period, test.Total);
+        item.NextDate = {
+            static_cast<uint32_t>(test.Year), static_cast<int8_t>(test.Month), static_cast<int8_t>(test.Day), {}, 0};
+        InsertAbs(&item.NextDate);
+        item.DayWanted = static_cast<uint8_t>(test.Day);
+        PutItem(item);
+        CheckDDs();
+        CheckDDs(); // nothing is paid twice
+        EXPECT_EQ(Dates(Rows(bank)), test.Fired);
+        EXPECT_EQ(Items()[0].Remaining, test.Remaining);
+        EXPECT_EQ(Items()[0].NextDate.DayNumber, Today + test.NextDay);
+        EXPECT_EQ(Items()[0].ItemStatus, 0U);
+        EXPECT_EQ(Items()[0].FirstDone, *test.Fired ? 1 : 0);
+        EXPECT_EQ(Rows(bank).empty() ? 0 : Rows(bank).back().RunTotal, PlainSum(Rows(bank), Today + 99, false));
+        WriteBytes(Root.DataFile("E1_04DD"), {});
+    }
+}
+
+TEST_F(Ledger, The29thFallsInto2100Too) {
+    const uint32_t bank = NewAccount(BankAccount);
+    DDRec item = ItemOf("Leap", 0, bank, 1000, "Month(s)", 1, ForEver);
+    item.NextDate = {2100, 1, 29, {}, 0};
+    InsertAbs(&item.NextDate);
+    item.DayWanted = 29;
+    PutItem(item);
+    SetClock(2100, 3, 22);
+    CheckDDs();
+    EXPECT_EQ(Dates(Rows(bank)), "2100-1-29 2100-2-29 2100-3-29 ");
+    EXPECT_EQ(Rows(bank)[1].Date.DayNumber - Rows(bank)[0].Date.DayNumber, 31U);
+}
+
+TEST_F(Ledger, ALongForgottenItemCatchesUpInSteps) {
+    const uint32_t bank = NewAccount(BankAccount);
+    PutItem(ItemOf("Bread", -60, bank, -100, "Day(s)", 1, ForEver));
+    PutItem(ItemOf("Exactly", -17, bank, -100, "Day(s)", 1, ForEver));
+    CheckDDs();
+    EXPECT_EQ(Rows(bank).size(), 25U + 25U);
+    EXPECT_EQ(Items()[0].ItemStatus, +GeneratesMany);
+    EXPECT_EQ(Items()[1].ItemStatus, 0U);
+    CheckDDs();
+    CheckDDs();
+    EXPECT_EQ(Rows(bank).size(), 68U + 25U);
+    EXPECT_EQ(Items()[0].ItemStatus + Items()[1].ItemStatus, 0U);
+    EXPECT_EQ(machine.Exclamations, 3);
+}
+
+TEST_F(Ledger, TheFirstOccurrenceHasItsOwnAmountAndAccount) {
+    const uint32_t a = NewAccount(BankAccount), b = NewAccount(BankAccount);
+    DDRec item = ItemOf("Credit", 0, a, 2000000, "Day(s)", 7, 3);
+    item.Block[1].Value = 2500000;
+    item.Block[1].Account = b;
+    item.Block[1].Flag = 2;
+    item.Block[1].CatID = 20000;
+    CopyText(item.Block[1].Memo, TextRoom, u"later");
+    PutItem(item);
+    CheckDDs();
+    EXPECT_EQ(Names(a), "Credit 2000");
+    EXPECT_EQ(Names(b), "Credit 2500");
+    EXPECT_EQ(Rows(b)[0].Flag, 2);
+    EXPECT_EQ(Rows(b)[0].CatID, 20000);
+    EXPECT_EQ(Utf8(Rows(b)[0].Memo), "later");
+    EXPECT_EQ(Items()[0].Remaining, 1);
+}
+
+TEST_F(Ledger, ATransferReachesBothAccountsOfAnyKind) {
+    struct Case {
+        uint32_t From, To;
+        uint32_t Cash;
+        int64_t FromBalance, ToBalance;
+    };
+    const Case cases[] = {
+        {BankAccount, BankAccount, 0, -30000, 30000}, {BankAccount, ListAccount, 1, -10000, 10000},
+        {BankAccount, ShareValue, 0, -30000, 30000},  {ShareValue, BankAccount, 1, -10000, 10000},
+        {ShareValue, ShareTotal, 1, -10000, 10000},
+    };
+    for (const Case &test : cases) {
+        SCOPED_TRACE(testing::Message() << test.From << " to " << test.To << " cash " << test.Cash);
+        const uint32_t from = NewAccount(test.From), to = NewAccount(test.To);
+        DDRec item = ItemOf("Save", 0, from, -10000, "Year(s)", 1, 1);
+        item.Block[0].Units = 3;
+        item.Block[0].Cash = test.Cash;
+        item.Block[0].Transfer = to;
+        PutItem(item);
+        CheckDDs();
+        ASSERT_EQ(Rows(from).size(), 1U);
+        ASSERT_EQ(Rows(to).size(), 1U);
+        EXPECT_EQ(Account(from).Balance, test.FromBalance);
+        EXPECT_EQ(Account(to).Balance, test.ToBalance);
+        EXPECT_EQ(Rows(from)[0].TransferID, to);
+        EXPECT_EQ(Rows(to)[0].TransferID, 0U);
+    }
+}
+
+TEST_F(Ledger, ItemsWithoutAnAccountWaitAndSaySo) {
+    const uint32_t bank = NewAccount(BankAccount);
+    DDRec gone = ItemOf("Gone", -3, 99, -1, "Day(s)", 1, 5);
+    PutItem(gone);
+    DDRec half = ItemOf("Half", -2, bank, -1000, "Day(s)", 1, 2);
+    half.Block[0].Transfer = 77; // pays, though the other end has gone
+    half.Block[1].Account = 88;  // and then has no account any more
+    PutItem(half);
+    CheckDDs();
+    EXPECT_EQ(Names(bank), "Half -1");
+    EXPECT_EQ(Rows(bank)[0].TransferID, 0U);
+    EXPECT_EQ(Items()[0].Remaining, 5);
+    EXPECT_EQ(DDFileCheck(), 0);
+    EXPECT_EQ(Items()[0].ItemStatus, +MissingAccount);
+    EXPECT_EQ(Items()[1].ItemStatus, +MissingAccount);
+    WriteBytes(Root.DataFile("E1_04DD"), {});
+
+    PutItem(ItemOf("Fine", 9, bank, 100000999, "Day(s)", 1, 5));
+    EXPECT_EQ(DDFileCheck(), 1);
+    DDRec large = ItemOf("Large", 9, bank, -1000010, "Day(s)", 1, 5);
+    large.Block[0].Units = 100000;
+    PutItem(large);
+    EXPECT_EQ(DDFileCheck(), 0);
+    EXPECT_EQ(state.RecurringInOrder, 0U);
+    EXPECT_EQ(Items()[0].ItemStatus + Items()[1].ItemStatus, 0U);
+    large.Block[0].Units = INT32_MIN;
+    large.Block[0].Value = INT64_MIN;
+    large.NextDate = DateFromDayNumber(Today);
+    PutItem(large);
+    CheckDDs(); // a product beyond 64 bits wraps
+    EXPECT_EQ(disk.OpenHandles, 0);
+}
+
+TEST_F(Ledger, ItemsStandInDateOrderAfterAPass) {
+    const uint32_t bank = NewAccount(BankAccount);
+    for (int i = 0; i < 40; ++i)
+        PutItem(ItemOf(("item" + std::to_string(i)).c_str(), i % 8, bank, 1, i % 3 ? "Month(s)" : "Day(s)", i % 5 + 4,
+                       ForEver));
+    PutItem(ItemOf("later", 20, bank, 1, "Day(s)", 1, ForEver));
+    std::vector<std::string> names;
+    for (const DDRec &item : Items())
+        names.push_back(Utf8(item.Name));
+    CheckDDs();
+    const std::vector<DDRec> items = Items();
+    ASSERT_EQ(items.size(), 41U);
+    const auto placeBefore = [&names](const DDRec &item) {
+        return std::find(names.begin(), names.end(), Utf8(item.Name)) - names.begin();
+    };
+    for (size_t i = 1; i < items.size(); ++i) {
+        EXPECT_LE(items[i - 1].NextDate.DayNumber, items[i].NextDate.DayNumber);
+        if (items[i - 1].NextDate.DayNumber == items[i].NextDate.DayNumber) {
+            EXPECT_LT(placeBefore(items[i - 1]), placeBefore(items[i])); // those of one day keep their order
+        }
+    }
+}
+
+// The owner stays where he was: screen, account, row and view.
+TEST_F(Ledger, APassLeavesTheOwnerWhereHeWas) {
+    const uint32_t a = NewAccount(BankAccount), b = NewAccount(BankAccount);
+    Fill(b, {{-9, "x", 1000}, {-8, "y", 2000}, {-7, "x", 4000}});
+    FilterCriteria criteria;
+    CriteriaFromRow(Rows(b)[1], 2, &criteria);
+    ASSERT_EQ(ApplyFilter(b, 0, FilterBy::Name, criteria, 0), 1);
+    GoTo(b);
+    state.SelectedPos[TransactionList] = 2;
+    state.CurrentScreen = TransactionList;
+    static int painted;
+    painted = 0;
+    state.Paint[TransactionList] = [](Window, int mask) { painted = mask; };
+    PutItem(ItemOf("quiet", 30, a, 1, "Day(s)", 1, 1));
+    state.CurrentScreen = TransactionList;
+    CheckDDs();
+    EXPECT_EQ(painted, 0);
+    EXPECT_EQ(state.FilterView, 1U);
+    PutItem(ItemOf("due", 0, a, 7000, "Day(s)", 1, 1));
+    state.CurrentScreen = TransactionList;
+    CheckDDs();
+    EXPECT_EQ(painted, 1023);
+    EXPECT_EQ(state.CurrentScreen, +TransactionList);
+    EXPECT_EQ(state.CurAccount.ID, b);
+    EXPECT_EQ(state.SelectedPos[AccountList], 2);
+    EXPECT_EQ(state.SelectedPos[TransactionList], 3); // the same row, now among all
+    EXPECT_EQ(state.FilterView, 0U);
+    EXPECT_EQ(state.EntryCount[TransactionList], 3);
+    EXPECT_EQ(Account(b).Balance, 7000);
+    EXPECT_EQ(Account(a).Balance, 7000);
+
+    state.ArchiveView = 1;
+    state.CurrentScreen = AccountList;
+    PutItem(ItemOf("again", 0, a, 7000, "Day(s)", 1, 1));
+    state.CurrentScreen = AccountList;
+    CheckDDs();
+    EXPECT_EQ(state.ArchiveView, 1U);
+    EXPECT_EQ(state.CurrentScreen, +AccountList);
+    EXPECT_EQ(Rows(a).size(), 2U);
+    EXPECT_TRUE(Rows(a, true).empty());
+}
+
+// Whichever write fails, an occurrence is paid in both accounts or in none, and stands at most twice when the item
+// itself could not be written.
+TEST_F(Ledger, AFailingDiskPaysNoHalfTransfer) {
+    for (int n = 1;; ++n) {
+        SCOPED_TRACE(n);
+        const uint32_t a = NewAccount(BankAccount), b = NewAccount(BankAccount);
+        DDRec item = ItemOf("Save", 0, a, -10000, "Day(s)", 30, 3);
+        item.Block[0].Transfer = b;
+        PutItem(item);
+        ResetDisk();
+        disk.Switches.FailAt = n;
+        CheckDDs();
+        const bool failed = disk.WriteCalls >= n;
+        ResetDisk();
+        EXPECT_EQ(Rows(a).size(), Rows(b).size());
+        CheckDDs();
+        const size_t paid = Rows(a).size();
+        EXPECT_TRUE(paid == 1 || (failed && paid == 2)) << paid;
+        EXPECT_EQ(Rows(b).size(), paid);
+        WriteBytes(Root.DataFile("E1_04DD"), {});
+        if (!failed)
+            break;
+        ASSERT_LT(n, 200);
+    }
+}
