@@ -81,11 +81,13 @@ protected:
         if (!one)
             return false;
         switch (event->type()) {
-        case QEvent::FocusIn:
-            if (const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
-                part == one->Real && (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason))
+        case QEvent::FocusIn: {
+            const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+            Entered = reason == Qt::MouseFocusReason ? one->Real : nullptr;
+            if (part == one->Real && (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason))
                 Tell(one->Id, ControlChange::Focus);
             break;
+        }
         case QEvent::MouseButtonPress: {
             const QMouseEvent *const mouse = static_cast<QMouseEvent *>(event);
             if (mouse->button() != Qt::LeftButton)
@@ -103,12 +105,7 @@ protected:
             break;
         case QEvent::MouseButtonRelease:
             Hold.stop();
-            // What is typed after a tap into a date replaces the part that was tapped.
-            if (auto *date = qobject_cast<QDateEdit *>(one->Real); date && part != date)
-                QTimer::singleShot(0, date, [date] {
-                    if (!date->findChild<QLineEdit *>()->hasSelectedText())
-                        date->setSelectedSection(date->currentSection());
-                });
+            SelectTapped(one->Real, part);
             break;
         case QEvent::Hide:
             Hold.stop();
@@ -133,6 +130,7 @@ protected:
 private:
     QTimer Hold;
     QPointer<QWidget> Held;
+    QWidget *Entered = nullptr; // the control whose focus came with the present tap
     QPoint HeldAt;
 
     static const Widget *ControlOf(const QWidget *part) {
@@ -141,6 +139,19 @@ private:
                 if (at == one.Real)
                     return &one;
         return nullptr;
+    }
+
+    // What is typed after a tap into a box replaces what stood there, as after Tab; a second tap places the cursor. In
+    // a date each tap takes the part that it hits.
+    void SelectTapped(QWidget *control, QWidget *part) {
+        auto *edit = qobject_cast<QLineEdit *>(part);
+        if (!edit || edit->hasSelectedText())
+            return;
+        if (auto *date = qobject_cast<QDateEdit *>(control))
+            QTimer::singleShot(0, date, [date] { date->setSelectedSection(date->currentSection()); });
+        else if (Entered == control)
+            QTimer::singleShot(0, edit, &QLineEdit::selectAll);
+        Entered = nullptr;
     }
 
     void OpenContextMenu() {

@@ -70,15 +70,15 @@ int DisplayNamed() {
     return 0;
 }
 
-// The toolkit ends the process when it can't reach the display; the owner reads one line that helps.
+// The toolkit ends the process when it can't reach the display; the owner reads one line that helps. Its lesser remarks
+// about the machine are not for the owner.
 void TellToolkitTrouble(QtMsgType type, const QMessageLogContext &, const QString &text) {
     if (type == QtFatalMsg) {
         fputs(NoDisplay, stderr);
         _Exit(1);
     }
-    if (!qApp && type != QtDebugMsg)
-        return; // what precedes the fatal line says the same at length
-    fprintf(stderr, "%s\n", qPrintable(text));
+    if (type == QtCriticalMsg)
+        fprintf(stderr, "zentrik: %s\n", qPrintable(text));
 }
 
 // Makes the root when it is missing and names it to the program. 1, or 0 with a line on the terminal.
@@ -106,6 +106,7 @@ int main(int count, char **words) {
         fputs(arguments.Help ? Usage : "zentrik " ZENTRIK_VERSION "\n", stdout);
         return 0;
     }
+    qInstallMessageHandler(TellToolkitTrouble);
     if (!arguments.Tour.isEmpty())
         return PlayTour(count, words, arguments.Tour);
     if (!DisplayNamed()) {
@@ -115,7 +116,6 @@ int main(int count, char **words) {
     if (!PrepareRoot(arguments.Root))
         return 1;
 
-    qInstallMessageHandler(TellToolkitTrouble);
     QApplication application(count, words);
     application.setApplicationName(QStringLiteral("Zentrik"));
     application.setDesktopFileName(QStringLiteral("zentrik"));
