@@ -184,7 +184,7 @@ void UpdateBinRec(Window window, int position, int mode) {
         RowText(strip, e[2] + 2, e[3] - 2, account, AccountIsLost(account) ? Align::Centre : Align::Left);
     }
     if (row.SourceList != CategoryList)
-        RowAmount(strip, e[3] + 1, RightEdge - 1, ShownValue(row));
+        RowAmount(strip, e[3] + 1, RightEdge - 2, ShownValue(row));
 }
 
 void doBin(Window window, int mask) {

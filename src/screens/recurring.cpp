@@ -89,7 +89,7 @@ void UpdateDDRec(Window window, int position, int mode) {
     RowText(strip, e[1] + 3, e[2] - 2, state.RefColumn ? block.Memo : row.Name);
     RowText(strip, e[2] + 2, e[3] - 2, AccountIdToName(block.Account), Align::Left, lost ? Font::Bold : Font::Normal,
             lost ? AlertRed : Black);
-    RowAmount(strip, e[3] + 1, RightEdge - 1, ShownValue(block));
+    RowAmount(strip, e[3] + 1, RightEdge - 2, ShownValue(block));
 }
 
 void doDDs(Window window, int mask) {

@@ -481,7 +481,7 @@ void UpdateTRec(Window window, int position, int mode) {
         RowText(strip, e[1] + 3, titleRight, state.RefColumn ? row.Memo : row.Name, Align::Left, Font::Normal,
                 jeopardy && !IsMarker(row) ? White : Black);
     PaintMeasure(strip, e[2] + 1, e[3] - 2, MeasureOf(row));
-    RowAmount(strip, e[3] + 1, RightEdge - 1, row.RowKind == ReconcileEntry ? row.Value : balance);
+    RowAmount(strip, e[3] + 1, RightEdge - 2, row.RowKind == ReconcileEntry ? row.Value : balance);
 }
 
 void doTransactions(Window window, int mask) {

@@ -5,6 +5,7 @@
 #include "host/hands.h"
 #include "host/test_host.h"
 #include "resources/menus.h"
+#include <array>
 #include <cstring>
 #include <gtest/gtest.h>
 
