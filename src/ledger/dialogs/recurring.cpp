@@ -144,8 +144,11 @@ void Fill(int) {
 
 void FlipBlock() {
     ReadEntryFields(&Block(), 0);
+    const uint32_t sign = state.FirstSign;
     state.BlockIndex = 1 - state.BlockIndex;
     FillBlock();
+    if (Block().Value == 0)
+        state.FirstSign = sign; // nothing has none of its own
     DrawDialogDecor(DecorAll);
     if (state.BlockIndex == 0)
         ShowHelp(0, 153);

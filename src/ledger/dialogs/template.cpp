@@ -21,7 +21,7 @@ bool IsNew() {
 constexpr FormPart Parts[] = {
     // item              box                     hit                     text     side          field
     {FlagItem,           {0, 0, 20, 26},         {0, 0, 35, 25},         nullptr},
-    {TitleItem,          {0, 24, 35, 44},        {0, 25, 35, 38},        u"Name", Align::Right, TitleField},
+    {TitleItem,          {0, 26, 35, 42},        {0, 25, 35, 38},        u"Name", Align::Right, TitleField},
     {FirstSignItem,      {23, 54, 35, 66},       {23, 55, 36, 67},       nullptr},
     {ClearedItem,        {188, 52, 204, 68},     {189, 53, 205, 69},     nullptr},
     {RefItem,            {0, 80, 35, 100},       {0, 84, 35, 98},        u"Ref",  Align::Right, TextField},

@@ -181,11 +181,13 @@ void TranDialogFill(int initialise) {
         state.FirstSign = IsShareAccount() || row.RowKind == ReconcileEntry;
 }
 
+// Every value stays as it is, the signs of amounts of 0 too.
 void TranDialogSwitchView() {
-    const Form *next = CurrentLayout();
-    if (next == state.OpenedForm)
-        return;
-    RebuildForm(next, 0);
+    const uint32_t firstSign = state.FirstSign, secondSign = state.SecondSign;
+    RebuildForm(CurrentLayout(), 0);
+    state.FirstSign = firstSign;
+    state.SecondSign = secondSign;
+    DrawDialogDecor(DecorFirstSign | DecorSecondSign);
 }
 
 // What the Basic view cannot show of a template.
@@ -210,7 +212,7 @@ void LoadTemplate(int index) {
     TakeBlock(block, &row);
     if (!state.ViewIsAdvanced && NeedsAdvanced(picked)) {
         state.ViewIsAdvanced = 1;
-        TranDialogSwitchView();
+        RebuildForm(CurrentLayout(), 0);
     } else {
         TranDialogFill(0);
         DrawDialogDecor(DecorAll);

@@ -153,7 +153,7 @@ void ShowLines(const int16_t *lines, int force) {
 void ShowTapHelp(const FormPart &part, const ItemKind *kind) {
     if (const HelpRow *row = HelpOf(part.Item != LabelItem && HelpOf(part.Item) ? part.Item : part.Field))
         ShowLines(row->Lines, 0);
-    else if (kind && !part.Field)
+    else if (kind && kind->OffLines[1])
         ShowLines(kind->Word && state.*(kind->Word) ? kind->OnLines : kind->OffLines, part.Item == ViewItem);
 }
 
