@@ -1,0 +1,140 @@
+// Damaged files and impossible input: a clear answer, and nothing lost.
+#include "core/state.h"
+#include "day.h"
+
+using namespace stories;
+
+class BadInput : public testing::Test {
+protected:
+    BadInput() {
+        SetClock(2026, 3, 2);
+        StartProgram();
+    }
+    // The last record of an account's file by its title; zero when it is missing.
+    TRec Entry(const std::string &title) {
+        for (const TRec &entry : RecordsIn<TRec>(root.DataFile("E1_02A1")))
+            if (NameOf(entry) == title)
+                return entry;
+        return {};
+    }
+    TestRoot root;
+};
+
+TEST_F(BadInput, DataOfAFutureVersionIsRefusedAndNotTouched) {
+    OpenAccount(1);
+    const Point row = RowMiddle(2);
+    Tap(row.X, row.Y);
+    SendCommand(40098); // something for the bin
+    QuitProgram();
+    for (const char *name : {"E1_01IND", "E1_02A1", "E1_04DD", "E1_05FAV", "E1_06BIN", "E1_07CAT", "E1_08CUR"}) {
+        SCOPED_TRACE(name);
+        std::vector<uint8_t> bytes = ReadBytes(root.DataFile(name));
+        ASSERT_FALSE(bytes.empty());
+        bytes[0] = 2;
+        WriteBytes(root.DataFile(name), bytes);
+        const auto files = Snapshot(root.Path());
+        ASSERT_TRUE(StartProgram());
+        EXPECT_EQ(state.DataUsable, 0u);
+        std::string shown;
+        for (const StandingText &text : TextsIn(ListWindow, {0, 147, 240, 262}))
+            shown += text.Words + "/";
+        EXPECT_EQ(shown, "Warning!/Wrong (future) version data/Can't use xx_Data directory/"
+                         "To exit Help mode, tap the eyes below/");
+        for (int slot = 1; slot <= 7; ++slot) {
+            const Point tab = TabMiddle(slot), first = RowMiddle(1);
+            Tap(tab.X, tab.Y);
+            DoubleTap(first.X, first.Y);
+            Drag(first.X, first.Y, first.X + 60, first.Y);
+            SendCommand(40076);
+            Tick();
+        }
+        QuitProgram();
+        EXPECT_FALSE(ProgramRuns());
+        EXPECT_EQ(Snapshot(root.Path()), files);
+        bytes[0] = 1;
+        WriteBytes(root.DataFile(name), bytes);
+    }
+    ASSERT_TRUE(StartProgram());
+    EXPECT_EQ(state.DataUsable, 1u);
+}
+
+TEST_F(BadInput, AShortConfigurationIsReplacedAndTheAccountsStay) {
+    QuitProgram();
+    WriteBytes(root.DataFile("E1_03CON"), std::vector<uint8_t>(100, 0xAA));
+    const std::vector<uint8_t> accounts = ReadBytes(root.DataFile("E1_01IND"));
+    ASSERT_TRUE(StartProgram());
+    const std::vector<uint8_t> bytes = ReadBytes(root.DataFile("E1_03CON"));
+    ASSERT_EQ(bytes.size(), 888u);
+    EXPECT_EQ(bytes[0], 1);
+    EXPECT_EQ(bytes[12], 7) << "days to look ahead";
+    EXPECT_EQ(ReadBytes(root.DataFile("E1_01IND")), accounts);
+    EXPECT_EQ(RowsShown(1), std::vector<std::string>{"Current account | 516.00"});
+}
+
+TEST_F(BadInput, WhatTheBoxesCannotMeanCountsAsNothing) {
+    OpenAccount(1);
+    const struct {
+        const char *Title, *Whole, *Fraction;
+        int64_t Value;
+    } cases[] = {
+        {"letters", "abc", "x", 0},
+        {"empty", "", "", 0},
+        {"sign", "-12", "", -12000},
+        {"most", "99999999", "999", -99999999999},
+        {"too long", "123456789", "1234", -12345678123},
+        {"blank", "   ", " ", 0},
+        {"half", "1", "5", -1500},
+        {"wide", "\xEF\xBC\x95", "", 0}, // a full-width digit
+    };
+    for (const auto &given : cases) {
+        AddEntry({2026, 2, 22, given.Title, given.Whole, given.Fraction});
+        EXPECT_EQ(NameOf(Entry(given.Title)), given.Title);
+        EXPECT_EQ(Entry(given.Title).Value, given.Value) << given.Title;
+    }
+}
+
+TEST_F(BadInput, AHugeTitleIsCutAndNothingBehindItIsHurt) {
+    OpenAccount(1);
+    AddEntry({2026, 2, 22, std::string(1000, 'W').c_str(), "1", "0"});
+    const TRec entry = Entry(std::string(24, 'W'));
+    EXPECT_EQ(NameOf(entry), std::string(24, 'W'));
+    EXPECT_EQ(entry.Value, -1000);
+    EXPECT_EQ(entry.Name[31], 0);
+    // The surface shows it cut to its cell, over nothing else.
+    for (const StandingText &text : TextsIn(ListWindow, Row(3)))
+        EXPECT_LE(text.Ink.Right, text.Box.Right);
+}
+
+TEST_F(BadInput, DatesAtBothEndsOfTheRangeKeepTheirOrder) {
+    OpenAccount(1);
+    AddEntry({9999, 12, 31, "last", "1", "0"});
+    AddEntry({1700, 1, 1, "first", "1", "0"});
+    AddEntry({2024, 2, 29, "leap", "1", "0"});
+    const std::vector<TRec> entries = RecordsIn<TRec>(root.DataFile("E1_02A1"));
+    ASSERT_EQ(entries.size(), 8u);
+    EXPECT_EQ(NameOf(entries.front()), "first");
+    EXPECT_EQ(entries.front().Date.DayNumber, 36160u);
+    EXPECT_EQ(NameOf(entries[1]), "leap");
+    EXPECT_EQ(NameOf(entries.back()), "last");
+    EXPECT_EQ(entries.back().Date.DayNumber, 3067671u);
+}
+
+TEST_F(BadInput, ATornRecordAtTheEndIsPassedOverAndWrittenOver) {
+    QuitProgram();
+    std::vector<uint8_t> bytes = ReadBytes(root.DataFile("E1_02A1"));
+    const std::vector<std::string> before = EntriesIn(root.DataFile("E1_02A1"));
+    for (const size_t torn : {size_t{1}, size_t{304}, size_t{607}}) {
+        SCOPED_TRACE(torn);
+        std::vector<uint8_t> cut = bytes;
+        cut.insert(cut.end(), torn, 0xEE);
+        WriteBytes(root.DataFile("E1_02A1"), cut);
+        ASSERT_TRUE(StartProgram());
+        OpenAccount(1);
+        EXPECT_EQ(state.EntryCount[TransactionList], 5);
+        AddEntry({2026, 3, 20, "new", "1", "0"});
+        std::vector<std::string> expected = before;
+        expected.push_back("2026-03-20 new -1000");
+        EXPECT_EQ(EntriesIn(root.DataFile("E1_02A1")), expected);
+        QuitProgram();
+    }
+}

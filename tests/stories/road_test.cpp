@@ -1,0 +1,127 @@
+// The road: a first start, an entry on a real screen, kept for good.
+#include "core/state.h"
+#include "day.h"
+
+using namespace stories;
+
+class Road : public testing::Test {
+protected:
+    Road() { SetClock(2026, 3, 2); }
+    TestRoot root;
+};
+
+TEST_F(Road, AFirstStartShowsThreeAccountsWithBalancesAsOfToday) {
+    ASSERT_TRUE(StartProgram());
+    EXPECT_EQ(state.CurrentScreen, AccountList);
+    EXPECT_EQ(
+        RowsShown(state.RowCount),
+        (std::vector<std::string>{"Current account | 516.00", "Savings account | 6033.21", "Work expenses | 162.03"}));
+    const auto balance = [](int row) { return TextsIn(ListWindow, Row(row, 150)).at(0).InkColour; };
+    EXPECT_EQ(balance(1), Rgb(0, 0, 0));
+    EXPECT_EQ(balance(3), Rgb(255, 0, 0)) << "a negative balance is told by its colour alone";
+    EXPECT_EQ(EntriesIn(root.DataFile("E1_02A1")),
+              (std::vector<std::string>{"2026-02-12 Opening balance 964000", "2026-02-21 ATM -200000",
+                                        "2026-02-23 Rent -248000", "2026-03-02 Monday 0",
+                                        "2026-03-09 Visa payment -344980"}));
+    EXPECT_EQ(Lines(), "/Tap an item on the screen/for information on that item///");
+}
+
+TEST_F(Road, ABackDatedEntryStandsInItsPlaceForGood) {
+    ASSERT_TRUE(StartProgram());
+    OpenAccount(1);
+    ASSERT_EQ(state.CurrentScreen, TransactionList);
+    const Point blank = RowMiddle(6);
+    DoubleTap(blank.X, blank.Y);
+    ASSERT_EQ(state.ActiveDialog, TransactionDialog);
+    FillEntry({2026, 2, 22, "Groceries", "45", "5"});
+    Tick();
+
+    EXPECT_EQ(state.ActiveDialog, NoDialog);
+    const std::vector<std::string> rows = {"12 Feb | Opening balance | 964.00 | 964.00",
+                                           "21 Feb | ATM | 200.00 | 764.00",
+                                           "22 Feb | Groceries | 45.50 | 718.50",
+                                           "23 Feb | Rent | 248.00 | 470.50",
+                                           "02 Mar | Monday | 470.50",
+                                           "09 Mar | Visa payment | 344.98 | 125.52"};
+    EXPECT_EQ(RowsShown(state.RowCount), rows);
+    EXPECT_EQ(TextsIn(ListWindow, Row(3, 135, 180)).at(0).InkColour, Rgb(255, 0, 0));
+    std::vector<int64_t> totals;
+    for (const TRec &entry : RecordsIn<TRec>(root.DataFile("E1_02A1")))
+        totals.push_back(entry.RunTotal);
+    EXPECT_EQ(totals, (std::vector<int64_t>{964000, 764000, 718500, 470500, 470500, 125520}));
+
+    const Point accounts = TabMiddle(1);
+    Tap(accounts.X, accounts.Y);
+    EXPECT_EQ(RowsShown(1), std::vector<std::string>{"Current account | 470.50"});
+    EXPECT_EQ(RecordsIn<ARec>(root.DataFile("E1_01IND")).at(0).Balance, 470500);
+
+    const auto files = Snapshot(root.Path());
+    QuitProgram();
+    EXPECT_FALSE(ProgramRuns());
+    ASSERT_TRUE(StartProgram());
+    EXPECT_EQ(RowsShown(1), std::vector<std::string>{"Current account | 470.50"});
+    OpenAccount(1);
+    EXPECT_EQ(RowsShown(state.RowCount), rows);
+    EXPECT_EQ(Snapshot(root.Path()), files) << "a restart on the same day changes no byte";
+    EXPECT_EQ(disk.OpenHandles, 0);
+}
+
+TEST_F(Road, TheCrossKeepsNothing) {
+    ASSERT_TRUE(StartProgram());
+    OpenAccount(1);
+    const auto files = Snapshot(root.Path());
+    OpenNewEntry();
+    FillEntry({2026, 2, 22, "Groceries", "45", "5"});
+    Cross();
+    EXPECT_EQ(state.ActiveDialog, NoDialog);
+    EXPECT_EQ(Snapshot(root.Path()), files);
+    EXPECT_EQ(state.EntryCount[TransactionList], 5);
+}
+
+TEST_F(Road, ASecondCopyTouchesNothing) {
+    ASSERT_TRUE(StartProgram());
+    const auto files = Snapshot(root.Path());
+    machine.AnotherRuns = true;
+    EXPECT_FALSE(StartProgram());
+    EXPECT_EQ(Snapshot(root.Path()), files);
+}
+
+TEST_F(Road, AStrokeMarksAnEntryReconciledAndASecondOneTakesItBack) {
+    ASSERT_TRUE(StartProgram());
+    OpenAccount(1);
+    const Point rent = RowMiddle(3);
+    for (const uint32_t cleared : {1u, 0u}) {
+        Drag(rent.X, rent.Y, rent.X + 26, rent.Y);
+        EXPECT_EQ(RecordsIn<TRec>(root.DataFile("E1_02A1")).at(2).Cleared, cleared);
+        EXPECT_EQ(RecordsIn<ARec>(root.DataFile("E1_01IND")).at(0).ClearedBalance, cleared ? -248000 : 0);
+    }
+    Drag(rent.X, rent.Y, rent.X + 25, rent.Y);
+    EXPECT_EQ(RecordsIn<TRec>(root.DataFile("E1_02A1")).at(2).Cleared, 0u) << "25 pixels are still a tap";
+}
+
+TEST_F(Road, AStrokeOnAnAccountMakesATotalOfThoseAboveIt) {
+    ASSERT_TRUE(StartProgram());
+    const Point third = RowMiddle(3);
+    Drag(third.X, third.Y, third.X + 40, third.Y);
+    EXPECT_EQ(RowsShown(state.RowCount),
+              (std::vector<std::string>{"Current account | 516.00", "Savings account | 6033.21", "Total | 6549.21",
+                                        "Work expenses | 162.03"}));
+    Drag(third.X, third.Y, third.X + 40, third.Y);
+    EXPECT_EQ(RecordsIn<ARec>(root.DataFile("E1_01IND")).size(), 3u);
+}
+
+TEST_F(Road, AColumnEdgeStaysWhereItWasDraggedAndDoesNotCreep) {
+    ASSERT_TRUE(StartProgram());
+    OpenAccount(1);
+    Drag(135, 52, 120, 52);
+    EXPECT_EQ(state.ColumnEdge[TransactionList][2], 120);
+    QuitProgram();
+    for (int start = 0; start < 5; ++start) {
+        ASSERT_TRUE(StartProgram());
+        OpenAccount(1);
+        EXPECT_EQ(state.ColumnEdge[TransactionList][1], 44) << "45 pixels are stored as thousandths of the width";
+        EXPECT_EQ(state.ColumnEdge[TransactionList][2], 120);
+        EXPECT_EQ(state.ColumnEdge[TransactionList][3], 180);
+        QuitProgram();
+    }
+}
