@@ -13,7 +13,7 @@ std::string Line(int n) {
 std::string Lines() {
     std::string all = Line(0);
     for (int n = 1; n < MessageLines; ++n)
-        all += "/" + Line(n);
+        all.append("/").append(Line(n));
     return all;
 }
 
