@@ -135,6 +135,7 @@ void Filter(int id) {
     LoadTranFile(state.SelectedPos[AccountList],
                  SetRecPosition(state.SelectedPos[TransactionList], CountTransactions()));
     state.CurrentScreen = screen;
+    SetGreys(screen);
     ShowHelp(462, 458, 459, 460, 461, 485);
     state.Paint[screen](ListWindow, PaintAll);
 }
@@ -144,6 +145,7 @@ void FilterOff(int) {
     ClearFiltersAndRecompute();
     CheckT1totals(0);
     state.CurrentScreen = screen;
+    SetGreys(screen);
     Repaint();
     ShowHelp(0, 456, 457);
 }
