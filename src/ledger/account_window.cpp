@@ -83,11 +83,15 @@ int OpenAccountFile(uint32_t accountID) {
     return handle;
 }
 
+int AcceptFile(int handle) {
+    TRecFile record;
+    return !ReadRecord(handle, Kind, 1, &record) || AcceptVersion(record.Rec.Version, In::LoadTranFile);
+}
+
 int LoadAccount(uint32_t accountID, int32_t top) {
     int handle = OpenAccountFile(accountID);
     const int32_t count = CountRecords(handle, Kind);
-    TRecFile record;
-    if (count > 0 && ReadRecord(handle, Kind, 1, &record) && !AcceptVersion(record.Rec.Version, In::LoadTranFile)) {
+    if (!AcceptFile(handle)) {
         CloseFile(handle);
         return ShowNothing();
     }
@@ -131,6 +135,16 @@ int LoadTranFile(int32_t accountPosition, int32_t top) {
     }
     state.CurrentScreen = screen;
     return filtered;
+}
+
+int AcceptTranFile(int32_t accountPosition) {
+    const uint32_t accountID = RectoID(accountPosition);
+    if (accountID == 0)
+        return 1;
+    const int handle = OpenDataFile(Kind, OpenExisting, accountID, nullptr);
+    const int accepted = AcceptFile(handle);
+    ReleaseFile(handle); // there may be no such file yet
+    return accepted;
 }
 
 int LoadCurrentAccount() {

@@ -8,6 +8,10 @@
 // Leaves CurrentScreen as it was. Returns 1 when a filter file is shown (also in state.FilterShown), else 0.
 int LoadTranFile(int32_t accountPosition, int32_t top);
 
+// Takes the data-refused path when the transactions of the account at a position have another version than 1 (store/
+// windows.h). Reads only, unlike LoadTranFile. 1 when they may be used, or when there are none.
+int AcceptTranFile(int32_t accountPosition);
+
 // Fetches the account at SelectedPos[AccountList] into CurAccount. 1, or 0 when there is none.
 int LoadCurrentAccount();
 

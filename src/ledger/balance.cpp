@@ -326,10 +326,14 @@ void CheckT1totals(int) {
         if (account.RowKind == HeadingRow || account.ID == 0)
             continue;
         account.Balance = account.ClearedBalance = account.ArcBalance = account.ArcClearedBalance = 0;
+        int known = 1; // of a future version no total can be told: the stored ones stay
         for (uint32_t archive = 0; archive < 2; ++archive) {
             const int handle = OpenView(archive, account.ID, OpenOrCreate);
             if (handle < 0)
                 ReportError(In::CheckT1totals, archive ? Trouble::RcreateFail : Trouble::TcreateFail);
+            TRecFile first;
+            if (ReadRecord(handle, FileKind::Transactions, 1, &first) && first.Rec.Version != RecordVersion)
+                known = 0;
             TRec row;
             if (TotalsAsOfToday(handle, today.DayNumber, !archive, &account, &row)) {
                 (archive ? account.ArcBalance : account.Balance) = RowBalance(row, account.AccType, 0);
@@ -337,7 +341,8 @@ void CheckT1totals(int) {
             }
             CloseFile(handle);
         }
-        WriteAccount(position, account, In::CheckT1totals);
+        if (known)
+            WriteAccount(position, account, In::CheckT1totals);
     }
 }
 

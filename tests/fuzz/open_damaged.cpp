@@ -66,15 +66,16 @@ protected:
     void Run(const char *name, const std::vector<uint8_t> &bytes) {
         Restore();
         WriteBytes(root.DataFile(name), bytes);
-        const auto files = Snapshot(root.Path());
+        const std::string data = root.HostPath("\\Program Files");
+        const auto files = Snapshot(data);
         ASSERT_TRUE(StartProgram());
+        const bool refused = !state.DataUsable;
         WalkAllScreens();
-        const bool usable = state.DataUsable;
         QuitProgram();
         EXPECT_FALSE(ProgramRuns());
         EXPECT_EQ(disk.OpenHandles, 0);
-        if (!usable && !bytes.empty()) {
-            EXPECT_EQ(ReadBytes(root.DataFile(name)), bytes) << "a refused file is not touched";
+        if (refused) {
+            EXPECT_TRUE(Snapshot(data) == files) << "refused data are not touched";
         }
     }
 
@@ -86,7 +87,7 @@ protected:
 
 TEST_F(Damaged, RandomBytesInAnyFileAreSurvived) {
     for (const char *name : DataFiles)
-        for (const uint64_t seed : FuzzSeeds(2)) {
+        for (const uint64_t seed : FuzzSeeds(3)) {
             SCOPED_TRACE(std::string(name) + " seed " + std::to_string(seed));
             std::vector<uint8_t> bytes = FuzzBytes(seed, 6000);
             Run(name, bytes);
@@ -99,7 +100,7 @@ TEST_F(Damaged, RandomBytesInAnyFileAreSurvived) {
 
 TEST_F(Damaged, DamagedRecordsInAnyFileAreSurvived) {
     for (const char *name : DataFiles)
-        for (const uint64_t seed : FuzzSeeds(6)) {
+        for (const uint64_t seed : FuzzSeeds(8)) {
             SCOPED_TRACE(std::string(name) + " seed " + std::to_string(seed));
             Run(name, DamagedBytes(seed, Good(name)));
         }

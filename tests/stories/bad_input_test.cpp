@@ -33,6 +33,7 @@ TEST_F(BadInput, DataOfAFutureVersionIsRefusedAndNotTouched) {
         bytes[0] = 2;
         WriteBytes(root.DataFile(name), bytes);
         const auto files = Snapshot(root.Path());
+        SetClock(2026, 3, 3); // a day on, totals and markers would move
         ASSERT_TRUE(StartProgram());
         EXPECT_EQ(state.DataUsable, 0u);
         std::string shown;
@@ -56,6 +57,21 @@ TEST_F(BadInput, DataOfAFutureVersionIsRefusedAndNotTouched) {
     }
     ASSERT_TRUE(StartProgram());
     EXPECT_EQ(state.DataUsable, 1u);
+}
+
+TEST_F(BadInput, AnAccountOfAFutureVersionKeepsItsBalanceUntilItIsOpened) {
+    QuitProgram();
+    std::vector<uint8_t> bytes = ReadBytes(root.DataFile("E1_02A2"));
+    std::fill(bytes.begin(), bytes.end(), uint8_t{0x22});
+    WriteBytes(root.DataFile("E1_02A2"), bytes);
+    ASSERT_TRUE(StartProgram());
+    EXPECT_EQ(state.DataUsable, 1u);
+    EXPECT_EQ(RecordsIn<ARec>(root.DataFile("E1_01IND")).at(1).Balance, 6033210);
+    OpenAccount(2);
+    EXPECT_EQ(state.DataUsable, 0u);
+    QuitProgram();
+    EXPECT_EQ(ReadBytes(root.DataFile("E1_02A2")), bytes);
+    EXPECT_EQ(RecordsIn<ARec>(root.DataFile("E1_01IND")).at(1).Balance, 6033210);
 }
 
 TEST_F(BadInput, AShortConfigurationIsReplacedAndTheAccountsStay) {

@@ -80,7 +80,8 @@ int LoadLists(SampleList *samples, int count) {
         samples[i].Load(samples[i].Top);
     LoadBinFile(1);
     LoadCatFile(0);
-    return state.DataUsable == 1;
+    LoadPalette();
+    return state.DataUsable == 1 && AcceptTranFile(state.SelectedPos[AccountList]);
 }
 
 void FillWithSamples(const SampleList *samples, int count, int firstRun) {
@@ -111,7 +112,6 @@ void FirstLoad() {
     };
     SetPositions();
     const int usable = LoadLists(samples, 3);
-    LoadPalette();
     state.FileAccessReady = 1;
     const int firstRun = usable && state.EntryCount[AccountList] == 0;
     if (usable) {
