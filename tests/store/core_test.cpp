@@ -31,46 +31,20 @@ std::string GreysOf(int id) {
     return greys;
 }
 
-void Plain() {}
-void InArchive() {
-    state.ArchiveView = 1;
-}
-void Filtered() {
-    state.FilterView = 1;
-}
-void OnList() {
-    state.AccountKind = ListAccount;
-}
-void OnShares() {
-    state.AccountKind = ShareNumber;
-}
-void AsGraph() {
-    state.GraphMode = 1;
-}
-void AsRegression() {
-    state.GraphMode = 2;
-}
-void AsExtrapolation() {
-    state.GraphMode = 3;
-}
-void AsBars() {
-    state.GraphMode = 4;
-}
-void AsPies() {
-    state.GraphMode = 5;
-}
-void WithKey() {
-    state.PasswordOn = 1;
-}
-void WithDialog() {
-    state.ActiveDialog = TransactionDialog;
-}
-void WithHub() {
-    state.HubState = 1;
-}
-void WithoutData() {
-    state.DataUsable = 0;
-}
+constexpr auto Plain = [] {};
+constexpr auto InArchive = [] { state.ArchiveView = 1; };
+constexpr auto Filtered = [] { state.FilterView = 1; };
+constexpr auto OnList = [] { state.AccountKind = ListAccount; };
+constexpr auto OnShares = [] { state.AccountKind = ShareNumber; };
+constexpr auto AsGraph = [] { state.GraphMode = 1; };
+constexpr auto AsRegression = [] { state.GraphMode = 2; };
+constexpr auto AsExtrapolation = [] { state.GraphMode = 3; };
+constexpr auto AsBars = [] { state.GraphMode = 4; };
+constexpr auto AsPies = [] { state.GraphMode = 5; };
+constexpr auto WithKey = [] { state.PasswordOn = 1; };
+constexpr auto WithDialog = [] { state.ActiveDialog = TransactionDialog; };
+constexpr auto WithHub = [] { state.HubState = 1; };
+constexpr auto WithoutData = [] { state.DataUsable = 0; };
 
 } // namespace
 
@@ -82,79 +56,43 @@ TEST(Menus, OfferWhatTheScreenCanDo) {
         const char *Expected;
     } cases[] = {
         // clang-format off
-        //                                         012345678
-        {Plain,           CommandNotepad,         "-EEEEEEEE"},
-        {Plain,           ConfigPopup,            "-EEEEEEEE"},
-        {Plain,           CommandGeneral,         ".EEEEEEEE"},
-        {Plain,           CommandAlign,           ".-E------"},
-        {Plain,           PasswordPopup,          "-EEEEEEEE"},
-        {Plain,           CommandPasswordOn,      "EEEEEEEEE"},
-        {Plain,           CommandPasswordOff,     "---------"},
-        {Plain,           JeopardyPopup,          "-EEE-----"},
-        {Plain,           CommandJeopardyOn,      "........."},
-        {Plain,           FilterPopup,            "--EE-----"},
-        {Plain,           ShowOnlyPopup,          "..EE....."},
-        {Plain,           ShowEntry,              "...E....."},
-        {Plain,           ExcludeEntry,           "..EE....."},
-        {Plain,           CommandFilterOff,       "........."},
-        {Plain,           InsertPopup,            "-EE------"},
-        {Plain,           CommandInsertDay,       ".-E......"},
-        {Plain,           CommandInsertReconcile, ".-E......"},
-        {Plain,           CommandInsertTotal,     ".E-......"},
-        {Plain,           CommandModify,          "-EE-EE-EE"},
-        {Plain,           DeletePopup,            "-EE-EEEEE"},
-        {Plain,           CommandDeleteOne,       "........."},
-        {Plain,           CommandEmptyBin,        "EEEEEEEEE"},
-        {Plain,           CommandAbout,           "-EEEEEEEE"},
-        {Plain,           CommandExport,          "--E------"},
-        {Plain,           CommandImport,          "--E------"},
-        {Plain,           CommandBackup,          "-EEEEEEEE"},
-        {Plain,           CommandRestore,         "-EEEEEEEE"},
-        {Plain,           ArchivePopup,           "--E------"},
-        {Plain,           UnarchivePopup,         "---------"},
-        {Plain,           CommandExit,            "-EEEEEEEE"},
-        {InArchive,       InsertPopup,            "-E-------"},
-        {InArchive,       CommandImport,          "---------"},
-        {InArchive,       ArchivePopup,           "---------"},
-        {InArchive,       UnarchivePopup,         "--E------"},
-        {InArchive,       CommandInsertDay,       ".-......."},
-        {InArchive,       CommandInsertReconcile, ".-......."},
-        {InArchive,       CommandInsertTotal,     ".E......."},
-        {InArchive,       CommandExport,          "--E------"},
-        {Filtered,        InsertPopup,            "-E-------"},
-        {Filtered,        DeletePopup,            "-E--EEEEE"},
-        {Filtered,        CommandImport,          "---------"},
-        {Filtered,        ArchivePopup,           "---------"},
-        {Filtered,        FilterPopup,            "-.EE....."},
-        {Filtered,        ShowOnlyPopup,          ".-EE-----"},
-        {Filtered,        ExcludePopup,           ".-EE-----"},
-        {OnList,          ShowDate,               "..--....."},
-        {OnList,          ShowMonth,              "..--....."},
-        {OnList,          ExcludeYear,            "..--....."},
-        {OnList,          ShowName,               "..EE....."},
-        {OnList,          CommandInsertReconcile, ".--......"},
-        {OnShares,        CommandInsertReconcile, ".--......"},
-        {OnShares,        ShowDate,               "..EE....."},
-        {AsGraph,         CommandModify,          "-EEEEE-EE"},
-        {AsGraph,         DeletePopup,            "-EEEEEEEE"},
-        {AsRegression,    CommandExport,          "--EE-----"},
-        {AsRegression,    CommandImport,          "--EE-----"},
-        {AsRegression,    ArchivePopup,           "--EE-----"},
-        {AsExtrapolation, CommandModify,          "-EE-EE-EE"},
-        {AsExtrapolation, ShowOnlyPopup,          "..E-....."},
-        {AsExtrapolation, ExcludePopup,           "..E-....."},
-        {AsBars,          ExcludeFlag,            "..E-....."},
-        {AsPies,          ShowYear,               "..E-....."},
-        {AsPies,          ExcludeFollowing,       "..E-....."},
-        {AsPies,          ExcludeEntry,           "..EE....."},
-        {AsPies,          ShowEntry,              "...E....."},
-        {WithKey,         CommandPasswordOff,     "EEEEEEEEE"},
-        {WithDialog,      CommandExit,            "---------"},
-        {WithDialog,      CommandPasswordOn,      "EEEEEEEEE"},
-        {WithDialog,      CommandEmptyBin,        "EEEEEEEEE"},
-        {WithDialog,      CommandGeneral,         "........."},
-        {WithHub,         CommandModify,          "---------"},
-        {WithoutData,     CommandEmptyBin,        "---------"},
+        //                                         012345678     condition        item                      012345678
+        {Plain,           CommandNotepad,         "-EEEEEEEE"}, {Plain,           ConfigPopup,            "-EEEEEEEE"},
+        {Plain,           CommandGeneral,         ".EEEEEEEE"}, {Plain,           CommandAlign,           ".-E------"},
+        {Plain,           PasswordPopup,          "-EEEEEEEE"}, {Plain,           CommandPasswordOn,      "EEEEEEEEE"},
+        {Plain,           CommandPasswordOff,     "---------"}, {Plain,           JeopardyPopup,          "-EEE-----"},
+        {Plain,           CommandJeopardyOn,      "........."}, {Plain,           FilterPopup,            "--EE-----"},
+        {Plain,           ShowOnlyPopup,          "..EE....."}, {Plain,           ShowEntry,              "...E....."},
+        {Plain,           ExcludeEntry,           "..EE....."}, {Plain,           CommandFilterOff,       "........."},
+        {Plain,           InsertPopup,            "-EE------"}, {Plain,           CommandInsertDay,       ".-E......"},
+        {Plain,           CommandInsertReconcile, ".-E......"}, {Plain,           CommandInsertTotal,     ".E-......"},
+        {Plain,           CommandModify,          "-EE-EE-EE"}, {Plain,           DeletePopup,            "-EE-EEEEE"},
+        {Plain,           CommandDeleteOne,       "........."}, {Plain,           CommandEmptyBin,        "EEEEEEEEE"},
+        {Plain,           CommandAbout,           "-EEEEEEEE"}, {Plain,           CommandExport,          "--E------"},
+        {Plain,           CommandImport,          "--E------"}, {Plain,           CommandBackup,          "-EEEEEEEE"},
+        {Plain,           CommandRestore,         "-EEEEEEEE"}, {Plain,           ArchivePopup,           "--E------"},
+        {Plain,           UnarchivePopup,         "---------"}, {Plain,           CommandExit,            "-EEEEEEEE"},
+        {InArchive,       InsertPopup,            "-E-------"}, {InArchive,       CommandImport,          "---------"},
+        {InArchive,       ArchivePopup,           "---------"}, {InArchive,       UnarchivePopup,         "--E------"},
+        {InArchive,       CommandInsertDay,       ".-......."}, {InArchive,       CommandInsertReconcile, ".-......."},
+        {InArchive,       CommandInsertTotal,     ".E......."}, {InArchive,       CommandExport,          "--E------"},
+        {Filtered,        InsertPopup,            "-E-------"}, {Filtered,        DeletePopup,            "-E--EEEEE"},
+        {Filtered,        CommandImport,          "---------"}, {Filtered,        ArchivePopup,           "---------"},
+        {Filtered,        FilterPopup,            "-.EE....."}, {Filtered,        ShowOnlyPopup,          ".-EE-----"},
+        {Filtered,        ExcludePopup,           ".-EE-----"}, {OnList,          ShowDate,               "..--....."},
+        {OnList,          ShowMonth,              "..--....."}, {OnList,          ExcludeYear,            "..--....."},
+        {OnList,          ShowName,               "..EE....."}, {OnList,          CommandInsertReconcile, ".--......"},
+        {OnShares,        CommandInsertReconcile, ".--......"}, {OnShares,        ShowDate,               "..EE....."},
+        {AsGraph,         CommandModify,          "-EEEEE-EE"}, {AsGraph,         DeletePopup,            "-EEEEEEEE"},
+        {AsRegression,    CommandExport,          "--EE-----"}, {AsRegression,    CommandImport,          "--EE-----"},
+        {AsRegression,    ArchivePopup,           "--EE-----"}, {AsExtrapolation, CommandModify,          "-EE-EE-EE"},
+        {AsExtrapolation, ShowOnlyPopup,          "..E-....."}, {AsExtrapolation, ExcludePopup,           "..E-....."},
+        {AsBars,          ExcludeFlag,            "..E-....."}, {AsPies,          ShowYear,               "..E-....."},
+        {AsPies,          ExcludeFollowing,       "..E-....."}, {AsPies,          ExcludeEntry,           "..EE....."},
+        {AsPies,          ShowEntry,              "...E....."}, {WithKey,         CommandPasswordOff,     "EEEEEEEEE"},
+        {WithDialog,      CommandExit,            "---------"}, {WithDialog,      CommandPasswordOn,      "EEEEEEEEE"},
+        {WithDialog,      CommandEmptyBin,        "EEEEEEEEE"}, {WithDialog,      CommandGeneral,         "........."},
+        {WithHub,         CommandModify,          "---------"}, {WithoutData,     CommandEmptyBin,        "---------"},
         {WithoutData,     CommandExit,            "---------"},
         // clang-format on
     };

@@ -41,20 +41,12 @@ TEST(Text, NumbersOfABoxAreReadAsFarAsTheyGo) {
         int Width, Found;
         int64_t Value;
     } cases[] = {
-        {u"12", 8, 1, 12},
-        {u"  -12x", 8, 1, -12},
-        {u"+5", 8, 1, 5},
-        {u"12345", 3, 1, 123},
-        {u"-12345", 3, 1, -12},
-        {u"", 8, 0, 77},
-        {u"abc", 8, 0, 77},
-        {u"--5", 8, 0, 77},
-        {u"-", 8, 0, 77},
-        {u"7", 0, 0, 77},
-        {u"99999999999999999999", 40, 1, INT64_MAX},
-        {u"-9223372036854775808", 40, 1, INT64_MIN},
-        {u"-99999999999999999999", 40, 1, INT64_MIN},
-        {u"9223372036854775807", 40, 1, INT64_MAX},
+        // clang-format off
+        {u"12", 8, 1, 12}, {u"  -12x", 8, 1, -12}, {u"+5", 8, 1, 5}, {u"12345", 3, 1, 123}, {u"-12345", 3, 1, -12},
+        {u"", 8, 0, 77}, {u"abc", 8, 0, 77}, {u"--5", 8, 0, 77}, {u"-", 8, 0, 77}, {u"7", 0, 0, 77},
+        {u"99999999999999999999", 40, 1, INT64_MAX}, {u"-9223372036854775808", 40, 1, INT64_MIN},
+        {u"-99999999999999999999", 40, 1, INT64_MIN}, {u"9223372036854775807", 40, 1, INT64_MAX},
+        // clang-format on
     };
     for (const auto &c : cases) {
         int64_t value = 77;
@@ -94,12 +86,10 @@ TEST(Text, StatementsOfAnyBankComeInReadable) {
         int Room;
         const char *Expected;
     } out[] = {
-        {u"é€😀", 10, "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80"},
-        {u"é€😀", 9, "\xC3\xA9\xE2\x82\xAC"},
-        {u"é", 2, ""},
-        {u"\xD83Dx", 8, "\xEF\xBF\xBDx"},
-        {u"\xDE00", 8, "\xEF\xBF\xBD"},
-        {u"", 1, ""},
+        // clang-format off
+        {u"é€😀", 10, "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80"}, {u"é€😀", 9, "\xC3\xA9\xE2\x82\xAC"}, {u"é", 2, ""},
+        {u"\xD83Dx", 8, "\xEF\xBF\xBDx"}, {u"\xDE00", 8, "\xEF\xBF\xBD"}, {u"", 1, ""},
+        // clang-format on
     };
     for (const auto &c : out) {
         char to[16];
