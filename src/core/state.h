@@ -74,19 +74,19 @@ using PaintProcedure = void (*)(Window window, int mask);
 
 struct State {
     // Core
-    int32_t CurrentScreen;     // a List: the screen shown, and the list that the store works on
-    int32_t PreviousScreen;    // the screen before the present one
-    int32_t ActiveDialog;      // a Dialog
+    int32_t CurrentScreen;  // a List: the screen shown, and the list that the store works on
+    int32_t PreviousScreen; // the screen before the present one
+    int32_t ActiveDialog;   // a Dialog
     NextStep Next;
-    uint32_t DataUsable;       // 0 after WrongVersion: nothing is read or written any more
-    uint32_t FileAccessReady;  // 1 once FirstLoad has run
-    uint32_t FrontPageDone;    // 1 once the first screen may be used
-    uint32_t LastWriteResult;  // of the last write of a record
-    RecDate SharedToday;       // start-up date, refreshed by CheckDDs; the jeopardy test compares with it
-    const char16_t *DayNames[7];    // [0] Sunday
-    const char16_t *MonthNames[13]; // [1] January, short
+    uint32_t DataUsable;                   // 0 after WrongVersion: nothing is read or written any more
+    uint32_t FileAccessReady;              // 1 once FirstLoad has run
+    uint32_t FrontPageDone;                // 1 once the first screen may be used
+    uint32_t LastWriteResult;              // of the last write of a record
+    RecDate SharedToday;                   // start-up date, refreshed by CheckDDs; the jeopardy test compares with it
+    const char16_t *DayNames[7];           // [0] Sunday
+    const char16_t *MonthNames[13];        // [1] January, short
     PaintProcedure Paint[ScreenCount + 1]; // by screen; [0] the message window
-    int32_t RepaintSkip;       // paint requests still to swallow
+    int32_t RepaintSkip;                   // paint requests still to swallow
 
     // Configuration record
     uint32_t ShowFrontPage;
@@ -147,17 +147,17 @@ struct State {
     int32_t YearColumn;      // x of the year in a date cell, measured at start-up
     int32_t HighlightPos;    // position drawn as selected, 0 none
     int32_t ScrollBarShown;
-    int32_t LeftEye, RightEye; // images of the command bar's eyes, 1 to 10
+    int32_t LeftEye, RightEye;         // images of the command bar's eyes, 1 to 10
     int16_t MessageLine[MessageLines]; // the current message: ids, 0 blank, below 0 a line of the import report
     int16_t MessageAlign;              // 1 centred, 0 left
     uint8_t ItemEnabled[MenuRows];     // by row of the menu table
 
     // Gestures
-    int32_t PressX, PressY;   // last press, in the window that got it
-    int32_t DragSource;       // position held, 0 none
-    int32_t DropTarget;       // position under the release
-    int32_t DragOverTab;      // tab drawn hot, 0 none
-    int32_t DropLineRow;      // row whose top edge carries the insertion line, 0 none
+    int32_t PressX, PressY; // last press, in the window that got it
+    int32_t DragSource;     // position held, 0 none
+    int32_t DropTarget;     // position under the release
+    int32_t DragOverTab;    // tab drawn hot, 0 none
+    int32_t DropLineRow;    // row whose top edge carries the insertion line, 0 none
     uint32_t DropLineShown;
     int32_t ColumnDragScreen; // screen whose column edge is held, 0 none
     int32_t ColumnGrab;       // index of the held edge
@@ -177,8 +177,8 @@ struct State {
     Colour Palette[125];
     Colour CategoryColour; // of CategoryBrush, set for each category row
 
-    // Report of the last import, shown by the message ids -1 to -6. ORDER REPORTLINE: well formed, badly formed, skipped
-    // as requested, unreadable, file too big, and the number of entries that the file held
+    // Report of the last import, shown by the message ids -1 to -6. ORDER REPORTLINE: well formed, badly formed,
+    // skipped as requested, unreadable, file too big, and the number of entries that the file held
     int32_t ImportCount[MessageLines];
     uint32_t ImportSucceeded;
 

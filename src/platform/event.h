@@ -27,6 +27,7 @@ enum class EventKind : uint8_t {
     Close,       // the window's close button; the same as command 40002
 };
 
+// clang-format off
 enum class Key : uint8_t {
     None,
     Up, Down, Left, Right, Enter, Backspace, Clear,
@@ -51,6 +52,7 @@ enum class ControlChange : uint8_t {
     DoublePressed,
     Calendar,     // the calendar was opened
 };
+// clang-format on
 
 struct Event {
     EventKind Kind;

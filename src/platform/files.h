@@ -1,6 +1,6 @@
 // Files and directories by device path, such as "\Program Files\Zentrik\E1_Data\E1_01IND": 8-bit text, '\' between
-// names, a leading '\' for the device root. A path without the leading '\' is relative to the root. Implemented once, over
-// disk.h. Handles are small numbers; -1 is the handle of a failed open, which every function accepts and answers
+// names, a leading '\' for the device root. A path without the leading '\' is relative to the root. Implemented once,
+// over disk.h. Handles are small numbers; -1 is the handle of a failed open, which every function accepts and answers
 // with failure.
 #pragma once
 

@@ -1,6 +1,7 @@
 // The images, drawn as SVG in resources/art/<id>.svg at these logical sizes.
 #pragma once
 
+// clang-format off
 enum ImageId : int {
     TabIcons = 483,        // 8 icons 18 x 18 at pitch 18; from y 19 the alert variants of icons 4 and 6 in their columns
     TabShapes = 465,       // 9 shapes 37 x 26 at pitch 38; the ninth is the hot tab
@@ -27,6 +28,7 @@ enum ImageId : int {
     EntryDown = 342,
     ProgramIcon = 300,
 };
+// clang-format on
 
 struct Image {
     int Id, Width, Height;

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 // ORDER MENUID: popups have ids of their own; the rest are the commands that the menus send.
+// clang-format off
 enum MenuId : int {
     EditPopup = 40004, ToolsPopup = 113,
     ConfigPopup = 201, PasswordPopup, JeopardyPopup, FilterPopup, ShowOnlyPopup, ExcludePopup, InsertPopup, DeletePopup,
@@ -25,6 +26,7 @@ enum MenuId : int {
     CommandArchive = 40097, CommandUnarchive = 40109, CommandExit = 40072,
     CommandTick = 40091, CommandCross = 40089, CommandLeftEye = 1433, CommandRightEye = 1434, CommandHub = 1435,
 };
+// clang-format on
 
 struct MenuRow {
     int Parent; // popup it stands in

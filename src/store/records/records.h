@@ -12,6 +12,7 @@
 
 static_assert(std::endian::native == std::endian::little, "records are written as they stand in memory");
 
+// clang-format off
 // ORDER FILEKIND: the two digits in the file names, FileSizes
 enum class FileKind : uint8_t {
     Notepad, Accounts, Transactions, Configuration, Recurring, Templates, Bin, Categories, Conversions, Check, Count
@@ -37,7 +38,10 @@ enum Rank : uint32_t { DeletedRank = 1, ArchiveRank = 2, EntryRank = 3, DayRank 
 enum AccountType : uint32_t {
     BankAccount = 0, ListAccount = 1, ShareNumber = 2, SharePrice = 3, ShareTotal = 4, ShareValue = 5, ShareCash = 6
 };
-constexpr bool IsShare(int64_t accountType) { return accountType > 1; }
+// clang-format on
+constexpr bool IsShare(int64_t accountType) {
+    return accountType > 1;
+}
 
 inline constexpr int32_t ForEver = 314159; // DDRec.TotalCount of an item without an end
 inline constexpr uint8_t RecordVersion = 1;
@@ -49,9 +53,9 @@ struct ARec { // an account, or a heading of the account list
     uint8_t RowKind;
     char16_t Name[32];
     uint8_t Padding66[2];
-    uint32_t ID;      // names the transaction files
-    uint32_t AccType; // AccountType
-    uint32_t Flag;    // 0 to 3
+    uint32_t ID;                               // names the transaction files
+    uint32_t AccType;                          // AccountType
+    uint32_t Flag;                             // 0 to 3
     FixedAmount Balance, ClearedBalance;       // as of today, live file
     FixedAmount ArcBalance, ArcClearedBalance; // as of today, archive
     uint32_t ColumnPos[5];                     // thousandths of the screen width
@@ -126,7 +130,7 @@ struct DDRec { // a recurring item
     char16_t Name[32];
     uint8_t FirstDone; // 0 while Block[0] is in force, then 1
     uint8_t Padding91[5];
-    DDBlock Block[2]; // first and subsequent occurrences
+    DDBlock Block[2];        // first and subsequent occurrences
     char16_t PeriodUnit[10]; // "Day(s)", "Week(s)", "Month(s)", "Year(s)"; only the first letter is tested
     int32_t PeriodCount;
     int32_t TotalCount, Remaining; // occurrences asked for and still to come, or ForEver
@@ -186,9 +190,9 @@ struct BinRec { // anything deleted
     uint8_t Padding484[4];
     FixedAmount Totals[4]; // Balance to ArcClearedBalance of an account
     uint32_t SourceList;   // List
-    uint32_t RunUnits;        // or a category's Green
+    uint32_t RunUnits;     // or a category's Green
     uint32_t RunClearedUnits;
-    uint32_t CashAmountLow;   // or a category's Red
+    uint32_t CashAmountLow; // or a category's Red
     uint32_t ClearedCashAmountLow;
     int32_t ClearedUnits;
     FixedAmount ClearedValue;
@@ -353,14 +357,20 @@ struct FileSize {
     int Record;  // bytes in the file
     int Payload; // bytes that the cipher covers on writing
 };
+// clang-format off
 inline constexpr FileSize FileSizes[] = { // ORDER FILEKIND
     {2400, 2000}, {728, 528}, {608, 408}, {888, 688}, {728, 528},
     {536, 336},   {1064, 864}, {520, 320}, {584, 384}, {888, 688},
 };
+// clang-format on
 static_assert(sizeof(FileSizes) / sizeof(FileSizes[0]) == static_cast<size_t>(FileKind::Count));
 
-constexpr int RecordSize(FileKind kind) { return FileSizes[static_cast<int>(kind)].Record; }
-constexpr int PayloadSize(FileKind kind) { return FileSizes[static_cast<int>(kind)].Payload; }
+constexpr int RecordSize(FileKind kind) {
+    return FileSizes[static_cast<int>(kind)].Record;
+}
+constexpr int PayloadSize(FileKind kind) {
+    return FileSizes[static_cast<int>(kind)].Payload;
+}
 
 // The file that a list is kept in; GraphList works on the transactions.
 constexpr FileKind KindOfList(int list) {
