@@ -121,7 +121,7 @@ TEST(Messages, AreRememberedAndPaintedOnlyWhenNew) {
     LoadHelp();
     EXPECT_EQ(Utf8(MessageText(278)), "A % depreciation/appreciation");
     EXPECT_EQ(Utf8(MessageText(100)), "Value = price × number");
-    for (const int blank : {-3, 0, 30, 62, 455, 486, 100000})
+    for (const int blank : {-3, 0, 30, 62, 455, LastMessage + 1, 100000})
         EXPECT_EQ(Utf8(MessageText(blank)), "") << blank;
 
     ShowHelp(2, 3);
