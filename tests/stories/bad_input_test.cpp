@@ -10,13 +10,6 @@ protected:
         SetClock(2026, 3, 2);
         StartProgram();
     }
-    // The last record of an account's file by its title; zero when it is missing.
-    TRec Entry(const std::string &title) {
-        for (const TRec &entry : RecordsIn<TRec>(root.DataFile("E1_02A1")))
-            if (NameOf(entry) == title)
-                return entry;
-        return {};
-    }
     TestRoot root;
 };
 
@@ -85,54 +78,6 @@ TEST_F(BadInput, AShortConfigurationIsReplacedAndTheAccountsStay) {
     EXPECT_EQ(bytes[12], 7) << "days to look ahead";
     EXPECT_EQ(ReadBytes(root.DataFile("E1_01IND")), accounts);
     EXPECT_EQ(RowsShown(1), std::vector<std::string>{"Current account | 516.00"});
-}
-
-TEST_F(BadInput, WhatTheBoxesCannotMeanCountsAsNothing) {
-    OpenAccount(1);
-    const struct {
-        const char *Title, *Whole, *Fraction;
-        int64_t Value;
-    } cases[] = {
-        {"letters", "abc", "x", 0},
-        {"empty", "", "", 0},
-        {"sign", "-12", "", -12000},
-        {"most", "99999999", "999", -99999999999},
-        {"too long", "123456789", "1234", -12345678123},
-        {"blank", "   ", " ", 0},
-        {"half", "1", "5", -1500},
-        {"wide", "\xEF\xBC\x95", "", 0}, // a full-width digit
-    };
-    for (const auto &given : cases) {
-        AddEntry({2026, 2, 22, given.Title, given.Whole, given.Fraction});
-        EXPECT_EQ(NameOf(Entry(given.Title)), given.Title);
-        EXPECT_EQ(Entry(given.Title).Value, given.Value) << given.Title;
-    }
-}
-
-TEST_F(BadInput, AHugeTitleIsCutAndNothingBehindItIsHurt) {
-    OpenAccount(1);
-    AddEntry({2026, 2, 22, std::string(1000, 'W').c_str(), "1", "0"});
-    const TRec entry = Entry(std::string(24, 'W'));
-    EXPECT_EQ(NameOf(entry), std::string(24, 'W'));
-    EXPECT_EQ(entry.Value, -1000);
-    EXPECT_EQ(entry.Name[31], 0);
-    // The surface shows it cut to its cell, over nothing else.
-    for (const StandingText &text : TextsIn(ListWindow, Row(3)))
-        EXPECT_LE(text.Ink.Right, text.Box.Right);
-}
-
-TEST_F(BadInput, DatesAtBothEndsOfTheRangeKeepTheirOrder) {
-    OpenAccount(1);
-    AddEntry({9999, 12, 31, "last", "1", "0"});
-    AddEntry({1700, 1, 1, "first", "1", "0"});
-    AddEntry({2024, 2, 29, "leap", "1", "0"});
-    const std::vector<TRec> entries = RecordsIn<TRec>(root.DataFile("E1_02A1"));
-    ASSERT_EQ(entries.size(), 8u);
-    EXPECT_EQ(NameOf(entries.front()), "first");
-    EXPECT_EQ(entries.front().Date.DayNumber, 36160u);
-    EXPECT_EQ(NameOf(entries[1]), "leap");
-    EXPECT_EQ(NameOf(entries.back()), "last");
-    EXPECT_EQ(entries.back().Date.DayNumber, 3067671u);
 }
 
 TEST_F(BadInput, ATornRecordAtTheEndIsPassedOverAndWrittenOver) {
