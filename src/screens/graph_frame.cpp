@@ -101,9 +101,9 @@ void DrawColumns() {
 
 void ShowBarForMode() {
     const int on = ChartShown();
-    // Hiding the bar asks for a repaint that the caller does itself.
-    if (!on && state.ScrollBarShown)
-        ++state.RepaintSkip;
+    // Hiding the bar asks for a repaint that the caller does itself; it joins one that is already to be passed over.
+    if (!on && state.ScrollBarShown && state.RepaintSkip == 0)
+        state.RepaintSkip = 1;
     ShowListScrollBar(on);
 }
 
