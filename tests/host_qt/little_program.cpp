@@ -70,7 +70,7 @@ void Begin(double scale) {
     ASSERT_DOUBLE_EQ(host.Scale, scale);
     for (ProgramWindow *window : host.Windows)
         if (window)
-            window->Image.fill(Qt::white);
+            window->PersistentImage()->fill(Qt::white);
     Told();
 }
 

@@ -10,7 +10,7 @@ static constexpr double Scales[] = {1, 1.5, 2, 2.25, 3};
 
 static std::set<QRgb> ColoursOf(Window window, const Rect &box) {
     std::set<QRgb> colours;
-    const QImage part = host.Windows[window]->Image.copy(PixelBox(box));
+    const QImage part = host.Windows[window]->PersistentImage()->copy(PixelBox(box));
     for (int y = 0; y < part.height(); ++y)
         for (int x = 0; x < part.width(); ++x)
             colours.insert(part.pixel(x, y) & 0xffffff);
@@ -41,7 +41,7 @@ TEST(Surface, NeighboursMeetWithoutAGapAndPaintingOverLeavesNothing) {
 
 // Where in a box, in device pixels from its left and right edge, something dark stands.
 static std::pair<double, double> InkMargins(const Rect &box) {
-    const QImage part = host.Windows[ListWindow]->Image.copy(PixelBox(box));
+    const QImage part = host.Windows[ListWindow]->PersistentImage()->copy(PixelBox(box));
     int left = part.width(), right = -1;
     for (int y = 0; y < part.height(); ++y)
         for (int x = 0; x < part.width(); ++x)
@@ -90,9 +90,9 @@ TEST(Surface, EveryPictureIsThereAndAPartPaintedAgainChangesNothing) {
             EXPECT_GT(ColoursOf(HostWindow, {0, 0, 240, 394}).size(), 1u) << image.Id;
         }
         CopyImage(DialogWindow, {0, 0}, FormGround, {0, 0, 240, 268});
-        const QImage whole = host.Windows[DialogWindow]->Image;
+        const QImage whole = *host.Windows[DialogWindow]->PersistentImage();
         CopyImage(DialogWindow, {23, 67}, FormGround, {23, 67, 38, 81});
-        EXPECT_TRUE(whole == host.Windows[DialogWindow]->Image);
+        EXPECT_TRUE(whole == *host.Windows[DialogWindow]->PersistentImage());
     }
     CopyImage(HostWindow, {0, 0}, 9999, {0, 0, 10, 10}); // no such image: nothing is painted
 }

@@ -1,5 +1,5 @@
-// The images of resources/art.h: SVG files that travel in the program, each part rasterised when it is first painted at
-// the present scale.
+// The images of resources/art.h: SVG files that travel in the program, each rasterised when it is first painted at the
+// present scale.
 #include "resources/art.h"
 #include "hosts/qt/device.h"
 #include <QCoreApplication>
@@ -15,15 +15,13 @@ constexpr int ShiftSteps = 4; // of a pixel; finer differences of the grid are n
 
 struct ArtKey {
     int Id;
-    int Left, Top, Width, Height; // of the part in the pixels made of it
-    int GridX, GridY;             // ShiftSteps to a pixel
-    int ScaleX, ScaleY;           // thousandths
+    int Width, Height; // in pixels
+    int GridX, GridY;  // where device pixel 0 lies, ShiftSteps to a pixel
     bool operator==(const ArtKey &) const = default;
 };
 
 size_t qHash(const ArtKey &key, size_t seed) {
-    return qHashMulti(seed, key.Id, key.Left, key.Top, key.Width, key.Height, key.GridX, key.GridY, key.ScaleX,
-                      key.ScaleY);
+    return qHashMulti(seed, key.Id, key.Width, key.Height, key.GridX, key.GridY);
 }
 
 QHash<ArtKey, QImage> made;
@@ -50,39 +48,32 @@ QSvgRenderer *Drawing(int id) {
     return drawing;
 }
 
-// The part as `size` pixels, where an image's pixel (x, y) lies at (x * scaleX + shiftX, y * scaleY + shiftY).
-const QImage *Rasterised(int id, const Rect &part, const QSize &size, double scaleX, double scaleY, double shiftX,
-                         double shiftY) {
-    const Image *const image = Find(id);
-    if (!image || size.isEmpty())
-        return nullptr;
-    const int gridX = static_cast<int>(std::lround(shiftX * ShiftSteps)),
-              gridY = static_cast<int>(std::lround(shiftY * ShiftSteps));
-    const ArtKey key{id,
-                     part.Left,
-                     part.Top,
-                     size.width(),
-                     size.height(),
-                     gridX,
-                     gridY,
-                     static_cast<int>(std::lround(scaleX * 1000)),
-                     static_cast<int>(std::lround(scaleY * 1000))};
+// The whole image drawn `width` x `height` pixels large, its corner `gridX`, `gridY` steps into the first pixel.
+const QImage *Rasterised(int id, double width, double height, int gridX, int gridY) {
+    const QRectF place(double(gridX) / ShiftSteps, double(gridY) / ShiftSteps, width, height);
+    const QSize size(static_cast<int>(std::ceil(place.right() - 0.01)),
+                     static_cast<int>(std::ceil(place.bottom() - 0.01)));
+    const ArtKey key{id, size.width(), size.height(), gridX, gridY};
     const auto known = made.constFind(key);
     if (known != made.constEnd())
         return &*known;
-    QSvgRenderer *const drawing = Drawing(id);
+    QSvgRenderer *const drawing = size.isEmpty() ? nullptr : Drawing(id);
     if (!drawing)
         return nullptr;
     QImage pixels(size, QImage::Format_ARGB32_Premultiplied);
     pixels.fill(Qt::transparent);
     QPainter painter(&pixels);
-    // A sheet's neighbouring cells stay out, also where an edge of the part falls inside a pixel.
-    painter.setClipRect(QRectF(QPointF(part.Left * scaleX + shiftX, part.Top * scaleY + shiftY),
-                               QPointF(part.Right * scaleX + shiftX, part.Bottom * scaleY + shiftY)));
-    drawing->render(&painter, QRectF(double(gridX) / ShiftSteps, double(gridY) / ShiftSteps, image->Width * scaleX,
-                                     image->Height * scaleY));
+    drawing->render(&painter, place);
     painter.end();
     return &*made.insert(key, pixels);
+}
+
+// Splits a place into whole pixels and the steps that are left.
+int Split(double place, int *steps) {
+    const int all = static_cast<int>(std::lround(place * ShiftSteps));
+    const int whole = static_cast<int>(std::floor(double(all) / ShiftSteps));
+    *steps = all - whole * ShiftSteps;
+    return whole;
 }
 
 } // namespace
@@ -91,12 +82,22 @@ void ForgetArt() {
     made.clear();
 }
 
-const QImage *Art(int image, const Rect &part, const QSize &size, double shiftX, double shiftY) {
-    return Rasterised(image, part, size, host.Factor, host.Factor, shiftX, shiftY);
+ArtPixels Art(int id, double x, double y) {
+    const Image *const image = Find(id);
+    if (!image)
+        return {};
+    int gridX, gridY;
+    const QPoint corner(Split(x, &gridX), Split(y, &gridY));
+    return {Rasterised(id, image->Width * host.Factor, image->Height * host.Factor, gridX, gridY), corner};
 }
 
-const QImage *StretchedArt(int image, const Rect &part, const QSize &size) {
-    const double scaleX = double(size.width()) / std::max(1, part.Right - part.Left),
-                 scaleY = double(size.height()) / std::max(1, part.Bottom - part.Top);
-    return Rasterised(image, part, size, scaleX, scaleY, -part.Left * scaleX, -part.Top * scaleY);
+ArtPixels StretchedArt(int id, const Rect &part, const QRect &box) {
+    const Image *const image = Find(id);
+    if (!image || part.Right <= part.Left || part.Bottom <= part.Top)
+        return {};
+    const double scaleX = double(box.width()) / (part.Right - part.Left),
+                 scaleY = double(box.height()) / (part.Bottom - part.Top);
+    int gridX, gridY;
+    const QPoint corner(Split(box.x() - part.Left * scaleX, &gridX), Split(box.y() - part.Top * scaleY, &gridY));
+    return {Rasterised(id, image->Width * scaleX, image->Height * scaleY, gridX, gridY), corner};
 }

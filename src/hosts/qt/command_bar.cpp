@@ -10,12 +10,13 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
+#include <cmath>
 
 namespace {
 
 constexpr int MostButtons = 16;
 constexpr int TextMargin = 3, ImageWidth = 20, SeparatorWidth = 4, CellSize = 16;
-constexpr Rect CellBox = {0, 0, CellSize, CellSize};
+constexpr double GreyedOpacity = 0.3;
 
 QHash<int, bool> greyed;   // by command or popup
 QHash<int, QMenu *> menus; // by popup
@@ -55,20 +56,21 @@ protected:
             painter.setPen(QColor(isEnabled() ? style::Ink : style::GreyInk));
             painter.drawText(rect(), Qt::AlignCenter, QString::fromUtf16(What.Text).trimmed());
         }
-        if (What.Image) {
-            const double pixels = host.Factor / host.Scale;
-            const QSize size(PixelEdge(CellSize), PixelEdge(CellSize));
-            const int left = What.Cell * CellSize;
-            if (const QImage *art =
-                    Art(What.Image, {left, 0, left + CellSize, CellSize}, size, -left * host.Factor, 0)) {
-                const QSizeF shown(size.width() / pixels, size.height() / pixels);
-                painter.setOpacity(isEnabled() ? 1 : 0.3);
-                painter.drawImage(QRectF(QPointF(std::round((width() - shown.width()) / 2),
-                                                 std::round((height() - shown.height()) / 2)),
-                                         shown),
-                                  *art);
-            }
-        }
+        if (What.Image)
+            PaintCell(&painter);
+    }
+
+private:
+    void PaintCell(QPainter *painter) const {
+        const QRect cell = PixelBox({What.Cell * CellSize, 0, (What.Cell + 1) * CellSize, CellSize});
+        const ArtPixels art = Art(What.Image, 0, 0);
+        if (!art.Pixels)
+            return;
+        const double pixels = host.Factor / host.Scale;
+        const QSizeF shown = QSizeF(cell.size()) / pixels;
+        const QPointF corner(std::round((width() - shown.width()) / 2), std::round((height() - shown.height()) / 2));
+        painter->setOpacity(isEnabled() ? 1 : GreyedOpacity);
+        painter->drawImage(QRectF(corner, shown), *art.Pixels, cell);
     }
 };
 

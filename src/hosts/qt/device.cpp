@@ -27,6 +27,10 @@ QRect EdgeBox(const Rect &box, double factor) {
     return {left, top, Edge(box.Right, factor) - left, Edge(box.Bottom, factor) - top};
 }
 
+QSize ImageSize(const Rect &box) {
+    return PixelBox({0, 0, box.Right - box.Left, box.Bottom - box.Top}).size();
+}
+
 } // namespace
 
 int PixelEdge(double at) {
@@ -58,17 +62,18 @@ ProgramWindow::ProgramWindow(QWidget *parent, Window which, const Rect &box) : Q
 
 void ProgramWindow::Place() {
     setGeometry(WidgetBox(Box));
-    const QSize wanted = PixelBox({0, 0, Box.Right - Box.Left, Box.Bottom - Box.Top}).size();
-    if (Image.size() == wanted)
-        return;
-    if (Image.isNull()) {
-        Image = QImage(wanted, QImage::Format_RGB32);
-        Image.fill(Qt::white);
-    } else {
-        Image = Image.scaled(wanted);
-    }
+    if (!Image.isNull() && Image.size() != ImageSize(Box))
+        Image = Image.scaled(ImageSize(Box));
     Painted = {};
     update();
+}
+
+QImage *ProgramWindow::PersistentImage() {
+    if (Image.isNull()) {
+        Image = QImage(ImageSize(Box), QImage::Format_RGB32);
+        Image.fill(Qt::white);
+    }
+    return &Image;
 }
 
 void ProgramWindow::ShowPainted() {
@@ -85,7 +90,7 @@ void ProgramWindow::paintEvent(QPaintEvent *event) {
     const double pixels = host.Factor / host.Scale;
     QPainter painter(this);
     for (const QRect &box : event->region())
-        painter.drawImage(QRectF(box), Image,
+        painter.drawImage(QRectF(box), *PersistentImage(),
                           QRectF(box.x() * pixels, box.y() * pixels, box.width() * pixels, box.height() * pixels));
 }
 
@@ -162,9 +167,11 @@ void Device::paintEvent(QPaintEvent *) {
     painter.setPen(QColor(ClockInk));
     painter.drawText(text, Qt::AlignRight | Qt::AlignVCenter, QString::fromUtf8(time));
 
-    if (host.QuitAfterPaint)
+    if (host.QuitAfterPaint) {
+        host.Leaving = true;
         QMetaObject::invokeMethod(
             qApp, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
+    }
 }
 
 void Device::WaitForMinute() {

@@ -21,9 +21,11 @@ public:
 
     Window Which;
     Rect Box;      // in device pixels, from the stage's corner
-    QImage Image;  // what was painted, in pixels of the screen
+    QImage Image;  // what was painted, in pixels of the screen; null until something was
     QRect Painted; // part of Image that was painted and is not shown yet
 
+    // White at first.
+    QImage *PersistentImage();
     // Takes the place of Box at the present scale; what was painted is kept, stretched until it is painted anew.
     void Place();
     void Mark(const QRect &pixels) { Painted |= pixels; }
@@ -110,9 +112,14 @@ void RescaleForm();
 void RescaleBar();
 
 QFont DeviceFont(Font font, double pixelsPerUnit);
+// Art: a whole image of resources/art.h in pixels of the screen, and where its corner lies. Null pixels when there is
+// no such image. Valid until ForgetArt or the next call.
+struct ArtPixels {
+    const QImage *Pixels = nullptr;
+    QPoint Corner;
+};
 void ForgetArt();
-// A part of an image of resources/art.h as `size` pixels of the screen; (shiftX, shiftY) is where the corner of the
-// whole image lies from there. Null when there is no such image. Valid until ForgetArt or the next call.
-const QImage *Art(int image, const Rect &part, const QSize &size, double shiftX, double shiftY);
-// The same with the part stretched over all of `size`.
-const QImage *StretchedArt(int image, const Rect &part, const QSize &size);
+// At the present scale, with its corner at pixel (x, y), which may lie between pixels.
+ArtPixels Art(int image, double x, double y);
+// Stretched so that a part of it fills a box of pixels.
+ArtPixels StretchedArt(int image, const Rect &part, const QRect &box);

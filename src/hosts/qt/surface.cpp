@@ -7,6 +7,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
+#include <QResource>
 #include <cmath>
 
 namespace {
@@ -19,13 +20,21 @@ struct Face {
 constexpr Face Faces[] = {{11, false}, {11, true}, {10, true}, {17, true}};
 constexpr int FaceCount = sizeof Faces / sizeof Faces[0];
 
+// The name of a font file of the program once the toolkit knows it; "" when it can't be used. The file is read in
+// place.
+QString LoadFont(const char *file) {
+    const QResource resource{QLatin1String(file)};
+    const int font = QFontDatabase::addApplicationFontFromData(
+        QByteArray::fromRawData(reinterpret_cast<const char *>(resource.data()), static_cast<int>(resource.size())));
+    // It bears two names; the last is that of the condensed face alone.
+    const QStringList names = QFontDatabase::applicationFontFamilies(font);
+    return names.isEmpty() ? QString() : names.last();
+}
+
 const QString &Family() {
     static const QString family = [] {
-        QFontDatabase::addApplicationFont(QStringLiteral(":/fonts/DejaVuSansCondensed-Bold.ttf"));
-        const int regular = QFontDatabase::addApplicationFont(QStringLiteral(":/fonts/DejaVuSansCondensed.ttf"));
-        // The file bears two names; the last is that of the condensed face alone.
-        const QStringList names = QFontDatabase::applicationFontFamilies(regular);
-        return names.isEmpty() ? QStringLiteral("sans-serif") : names.last();
+        LoadFont(":/fonts/DejaVuSansCondensed-Bold.ttf");
+        return LoadFont(":/fonts/DejaVuSansCondensed.ttf");
     }();
     return family;
 }
@@ -52,7 +61,7 @@ const SizedFont &PixelFont(Font font) {
 
 QImage *ImageOf(Window window) {
     ProgramWindow *const widget = window < WindowCount ? host.Windows[window] : nullptr;
-    return widget ? &widget->Image : nullptr;
+    return widget ? widget->PersistentImage() : nullptr;
 }
 
 void Mark(Window window, const QRect &pixels) {
@@ -114,14 +123,14 @@ int AlignFlags(Align align) {
     return 0;
 }
 
-// Paints art into a box of pixels.
-void PaintArt(Window window, const QRect &box, const QImage *art, QPainter::CompositionMode mode) {
+// Paints the art that lies in a box of pixels.
+void PaintArt(Window window, const QRect &box, const ArtPixels &art, QPainter::CompositionMode mode) {
     QImage *const image = ImageOf(window);
-    if (!image || !art)
+    if (!image || !art.Pixels || box.isEmpty())
         return;
     QPainter painter(image);
     painter.setCompositionMode(mode);
-    painter.drawImage(box.topLeft(), *art);
+    painter.drawImage(box.topLeft(), *art.Pixels, box.translated(-art.Corner));
     Mark(window, box & image->rect());
 }
 
@@ -215,16 +224,14 @@ int TextWidth(const char16_t *text, Font font) {
 
 void CopyImage(Window window, Point to, int image, const Rect &part, Blit blit) {
     const QRect box = PixelBox({to.X, to.Y, to.X + part.Right - part.Left, to.Y + part.Bottom - part.Top});
-    // The grid of the art lies on the grid of the window, so that a part painted again meets what is around it.
-    const QImage *const art = Art(image, part, box.size(), (to.X - part.Left) * host.Factor - box.x(),
-                                  (to.Y - part.Top) * host.Factor - box.y());
+    const ArtPixels art = Art(image, (to.X - part.Left) * host.Factor, (to.Y - part.Top) * host.Factor);
     PaintArt(window, box, art,
              blit == Blit::And ? QPainter::CompositionMode_Multiply : QPainter::CompositionMode_SourceOver);
 }
 
 void StretchImage(Window window, const Rect &to, int image, const Rect &part) {
     const QRect box = PixelBox(to);
-    PaintArt(window, box, StretchedArt(image, part, box.size()), QPainter::CompositionMode_SourceOver);
+    PaintArt(window, box, StretchedArt(image, part, box), QPainter::CompositionMode_SourceOver);
 }
 
 void ShowNow() {
