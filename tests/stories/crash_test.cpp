@@ -55,8 +55,8 @@ std::string LiveFile(const std::string &device) {
     return device + "/Program Files/Zentrik/E1_Data/E1_02A1";
 }
 
-// In the copy: start, open the account, fill the form, and tick with the switches set.
-void TickWith(const std::string &device, const DiskSwitches &switches) {
+// In the copy: start, open the account, fill the form, and tick with the switches set. The writes of the tick.
+int TickWith(const std::string &device, const DiskSwitches &switches) {
     const TestRoot copy(device);
     if (!StartProgram())
         _exit(1);
@@ -67,6 +67,7 @@ void TickWith(const std::string &device, const DiskSwitches &switches) {
     disk.Switches = switches;
     Tick();
     disk.Switches = {};
+    return disk.WriteCalls;
 }
 
 // Every entry that stood before stands at least once; besides these at most the new one, and one of them twice.
@@ -125,15 +126,18 @@ TEST_F(Device, AKillAtAnyWriteOfABackDatedEntryLosesNoRecord) {
 
 TEST_F(Device, AFailingWriteOfABackDatedEntryLosesNoRecord) {
     Prepare(30);
-    for (const bool onward : {false, true})
+    struct {
+        bool Onward, Torn;
+    } constexpr ways[] = {{false, false}, {true, false}, {false, true}};
+    for (const auto &way : ways)
         for (int n = 1;; ++n) {
-            SCOPED_TRACE(n);
+            SCOPED_TRACE(testing::Message() << "write " << n << " onward " << way.Onward << " torn " << way.Torn);
             const std::string copy = Copied();
             DiskSwitches switches;
             switches.FailAt = n;
-            switches.FailOnward = onward;
-            TickWith(copy, switches);
-            const bool all = disk.WriteCalls < n;
+            switches.FailOnward = way.Onward;
+            switches.TearWrite = way.Torn;
+            const bool all = TickWith(copy, switches) < n;
             Cross(); // a form that could not be saved is still open
             EXPECT_EQ(state.ActiveDialog, NoDialog);
             QuitProgram();
