@@ -272,9 +272,9 @@ TEST_F(ListForms, ACategoryIsNamedColouredAndKeptThroughTheCross) {
     TapPartOf(UpItem); // commits
     EXPECT_EQ(Line(3), "or previous category respectively");
     EXPECT_EQ(ControlText(TextField), Utf8(Categories()[before - 1].Name));
-    SendEvent({.Kind = EventKind::Key, .Code = static_cast<int>(Key::Down)});
+    SendKey(Key::Down);
     EXPECT_EQ(ControlText(TextField), "Hobby");
-    SendEvent({.Kind = EventKind::Key, .Code = static_cast<int>(Key::Down)});
+    SendKey(Key::Down);
     EXPECT_EQ(ControlText(TextField), Utf8(Categories()[0].Name));
     TapPartOf(UpItem);
     TapPartOf(DuplicateItem);

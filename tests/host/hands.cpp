@@ -248,6 +248,8 @@ static bool KeyOfControl(Key *key) {
         *key = Key::Tick;
         return false;
     }
+    if ((*key == Key::Up || *key == Key::Down) && kind <= ControlKind::Number)
+        return false;
     const bool types = *key >= Key::Digit0 && *key <= Key::Digit9;
     if (kind <= ControlKind::Combo && (types || *key == Key::Backspace)) {
         SendControlKey(types ? '0' + static_cast<int>(*key) - static_cast<int>(Key::Digit0) : 8);

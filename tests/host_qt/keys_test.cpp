@@ -43,7 +43,7 @@ TEST(Keys, EveryKeyOfTheTableIsSentAndNoOther) {
         Qt::KeyboardModifiers Modifiers;
         const char *OnScreens, *InForms;
     } Keys[] = {
-        {Qt::Key_Up, {}, "key Up", ""},
+        {Qt::Key_Up, {}, "key Up", "key Up"},
         {Qt::Key_Left, {}, "key Left", ""},
         {Qt::Key_Return, {}, "key Enter", "key Tick"},
         {Qt::Key_Enter, Qt::KeypadModifier, "key Enter", "key Tick"},

@@ -201,8 +201,17 @@ QWidget *MakeCombo(QWidget *parent, const FormControl &control) {
     return combo;
 }
 
+// Tab leaves for the next box, as from every other; the arrows go from day to month and year.
+class DateBox : public QDateEdit {
+public:
+    using QDateEdit::QDateEdit;
+
+protected:
+    bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
+};
+
 QWidget *MakeDate(QWidget *parent, const FormControl &control) {
-    QDateEdit *const date = new QDateEdit(parent);
+    QDateEdit *const date = new DateBox(parent);
     date->setCalendarPopup(true);
     date->setDisplayFormat(QStringLiteral("dd MMM yyyy (ddd)"));
     date->setDateRange(FirstDate, LastDate);

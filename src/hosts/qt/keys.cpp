@@ -6,6 +6,7 @@
 #include "platform/shell.h"
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -27,8 +28,8 @@ struct KeyRow {
 constexpr KeyRow Press(int qtKey, Key key, Where place = OnScreens) {
     return {qtKey, Qt::NoModifier, Does::SendKey, static_cast<int>(key), place};
 }
-constexpr KeyRow Held(int qtKey, Key key) {
-    return {qtKey, Qt::NoModifier, Does::SendKey, static_cast<int>(key), OnScreens, true};
+constexpr KeyRow Held(int qtKey, Key key, Where place = OnScreens) {
+    return {qtKey, Qt::NoModifier, Does::SendKey, static_cast<int>(key), place, true};
 }
 constexpr KeyRow Control(int qtKey, Key key, Where place = OnScreens) {
     return {qtKey, Qt::ControlModifier, Does::SendKey, static_cast<int>(key), place};
@@ -39,7 +40,7 @@ constexpr KeyRow Scroll(int qtKey, ScrollCode code) {
 
 // clang-format off
 constexpr KeyRow Keys[] = {
-    Held(Qt::Key_Up, Key::Up),              Held(Qt::Key_Down, Key::Down),
+    Held(Qt::Key_Up, Key::Up, Anywhere),    Held(Qt::Key_Down, Key::Down, Anywhere),
     Held(Qt::Key_Left, Key::Left),          Held(Qt::Key_Right, Key::Right),
     Press(Qt::Key_Return, Key::Enter),      Press(Qt::Key_Enter, Key::Enter),
     Held(Qt::Key_Backspace, Key::Backspace), Press(Qt::Key_Clear, Key::Clear),
@@ -64,9 +65,13 @@ constexpr KeyRow Keys[] = {
 };
 // clang-format on
 
-// Return in a text of several lines begins a new one, in a list it opens the row.
-bool ReturnIsTheControls(const QWidget *focus) {
-    return qobject_cast<const QPlainTextEdit *>(focus) || qobject_cast<const QListWidget *>(focus);
+// Return in a text of several lines begins a new one, in a list it opens the row; Up and Down mean something to every
+// control but a text of one line.
+bool IsTheControls(int key, const QWidget *focus) {
+    if (key == Qt::Key_Up || key == Qt::Key_Down)
+        return !qobject_cast<const QLineEdit *>(focus);
+    const bool isReturn = key == Qt::Key_Return || key == Qt::Key_Enter;
+    return isReturn && (qobject_cast<const QPlainTextEdit *>(focus) || qobject_cast<const QListWidget *>(focus));
 }
 
 const KeyRow *RowOf(const QKeyEvent &event, Where place) {
@@ -82,9 +87,7 @@ bool Take(const QKeyEvent &event) {
     const KeyRow *const row = RowOf(event, place);
     if (!row)
         return false;
-    const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    if (place == InForms && isReturn && row->Modifiers == Qt::NoModifier &&
-        ReturnIsTheControls(host.Frame->focusWidget()))
+    if (place == InForms && row->Modifiers == Qt::NoModifier && IsTheControls(event.key(), host.Frame->focusWidget()))
         return false;
     if (event.isAutoRepeat() && !row->Repeats)
         return true;

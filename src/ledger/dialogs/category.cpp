@@ -60,7 +60,8 @@ constexpr Form CategoryForm = {.Dialog = CategoryDialog,
                                .Cross = nullptr,
                                .Changed = nullptr,
                                .Tapped = Tapped,
-                               .Decor = Decor};
+                               .Decor = Decor,
+                               .KeysStep = 1};
 
 // The position so many places on, wrapping at the ends.
 int32_t Neighbour(int step) {

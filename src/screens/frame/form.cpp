@@ -93,10 +93,8 @@ int HandleKey(Key key) {
         TickForm();
     else if (key == Key::Escape)
         CrossForm();
-    else if (key == Key::Up)
-        TapItem(UpItem);
-    else if (key == Key::Down)
-        TapItem(DownItem);
+    else if (state.OpenedForm->KeysStep && (key == Key::Up || key == Key::Down))
+        TapItem(key == Key::Up ? UpItem : DownItem);
     return 1;
 }
 

@@ -87,6 +87,7 @@ struct Form {
     void (*Changed)(const Event &event); // control events beyond help; null: none
     void (*Tapped)(int item);            // what a tap on a part does beyond what it does on all forms; null: nothing
     void (*Decor)(int mask);             // painting beyond the parts; null: none
+    int KeysStep = 0;                    // 1: the keys Up and Down are taps on the arrows
 };
 
 // Opens a form: ActiveDialog, controls and their lists, Fill(1), background and parts, room for the message window,
