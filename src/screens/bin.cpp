@@ -150,15 +150,17 @@ int SoonTrimmed() {
 }
 
 constexpr TitleSpot Spots[] = {{1, 5, 2, -5, 16, ToggleRefColumn}};
+// clang-format off
 constexpr TabDrop Drops[] = {
-    {AccountList, CameFrom<AccountList>, Restore},
+    {AccountList,     CameFrom<AccountList>,     Restore},
     {TransactionList, CameFrom<TransactionList>, Restore},
-    {RecurringList, CameFrom<RecurringList>, Restore},
-    {TemplateList, CameFrom<TemplateList>, Restore},
-    {CategoryList, CameFrom<CategoryList>, Restore},
-    {ConversionList, CameFrom<ConversionList>, Restore},
-    {BinList, AcceptInBin, BinRow},
+    {RecurringList,   CameFrom<RecurringList>,   Restore},
+    {TemplateList,    CameFrom<TemplateList>,    Restore},
+    {CategoryList,    CameFrom<CategoryList>,    Restore},
+    {ConversionList,  CameFrom<ConversionList>,  Restore},
+    {BinList,         AcceptInBin,               BinRow},
 };
+// clang-format on
 
 } // namespace
 

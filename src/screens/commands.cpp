@@ -96,26 +96,28 @@ struct FilterCommand {
     int Id, Keep;
     FilterBy Field;
 };
+// clang-format off
 constexpr FilterCommand Filters[] = {
-    {ShowName, 1, FilterBy::Name},
-    {ShowCategory, 1, FilterBy::Category},
-    {ShowFlag, 1, FilterBy::Flag},
-    {ShowRef, 1, FilterBy::Ref},
-    {ShowDate, 1, FilterBy::Date},
-    {ShowMonth, 1, FilterBy::Month},
-    {ShowYear, 1, FilterBy::Year},
-    {ShowEntry, 1, FilterBy::Entry},
-    {ExcludeName, 0, FilterBy::Name},
-    {ExcludeCategory, 0, FilterBy::Category},
-    {ExcludeFlag, 0, FilterBy::Flag},
-    {ExcludeRef, 0, FilterBy::Ref},
-    {ExcludeDate, 0, FilterBy::Date},
-    {ExcludeMonth, 0, FilterBy::Month},
-    {ExcludeYear, 0, FilterBy::Year},
-    {ExcludeEntry, 0, FilterBy::Entry},
+    {ShowName,         1, FilterBy::Name},
+    {ShowCategory,     1, FilterBy::Category},
+    {ShowFlag,         1, FilterBy::Flag},
+    {ShowRef,          1, FilterBy::Ref},
+    {ShowDate,         1, FilterBy::Date},
+    {ShowMonth,        1, FilterBy::Month},
+    {ShowYear,         1, FilterBy::Year},
+    {ShowEntry,        1, FilterBy::Entry},
+    {ExcludeName,      0, FilterBy::Name},
+    {ExcludeCategory,  0, FilterBy::Category},
+    {ExcludeFlag,      0, FilterBy::Flag},
+    {ExcludeRef,       0, FilterBy::Ref},
+    {ExcludeDate,      0, FilterBy::Date},
+    {ExcludeMonth,     0, FilterBy::Month},
+    {ExcludeYear,      0, FilterBy::Year},
+    {ExcludeEntry,     0, FilterBy::Entry},
     {ExcludePreceding, 0, FilterBy::Preceding},
     {ExcludeFollowing, 0, FilterBy::Following},
 };
+// clang-format on
 
 void Filter(int id) {
     const int screen = state.CurrentScreen;

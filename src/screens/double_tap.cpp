@@ -70,7 +70,7 @@ int DoButtonDblclk(Window window, int entryKind) {
 }
 
 void DoDoubleTap(Window window, int x, int y) {
-    if (!state.DataUsable || !state.FrontPageDone)
+    if (!state.DataUsable || !state.FrontPageDone || state.ActiveDialog != NoDialog)
         return;
     const int place = window == TopWindow ? 0 : LinePos(ListWindow, state.PressX, state.PressY);
     // Only a row knows a double tap; anywhere else it is a second press.

@@ -168,12 +168,14 @@ void PressPlot(int, int y) {
         ShowHelp(0, 2, 3);
 }
 
+// clang-format off
 constexpr TitleSpot Spots[] = {
-    {0, IconLeft + 1, 0, IconLeft + ModeIcons *IconPitch, 16, ChooseMode},
-    {0, IconLeft + ModeIcons *IconPitch + 1, 0, ValueLeft - 1, 16, TurnCounting},
-    {0, ValueLeft, 0, BalanceLeft - 1, 16, TapValueTitle},
-    {0, BalanceLeft, 0, ScreenWidth - 1, 16, TapBalanceTitle},
+    {0, IconLeft + 1,                         0, IconLeft + ModeIcons * IconPitch, 16, ChooseMode},
+    {0, IconLeft + ModeIcons * IconPitch + 1, 0, ValueLeft - 1,                    16, TurnCounting},
+    {0, ValueLeft,                            0, BalanceLeft - 1,                  16, TapValueTitle},
+    {0, BalanceLeft,                          0, ScreenWidth - 1,                  16, TapBalanceTitle},
 };
+// clang-format on
 
 } // namespace
 

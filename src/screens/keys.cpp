@@ -118,26 +118,32 @@ void StrokeSelected(Key) {
     screen->Stroke(selected);
 }
 
-// The cross quits when there is nothing left to close; the key never does.
+// The cross quits when there is nothing left to close; the key never does. (A form hears the key itself.)
 void Leave(Key) {
-    if (state.ActiveDialog != NoDialog || state.HubState != 0 || state.HelpMode)
+    if (state.HubState != 0 || state.HelpMode)
         WndProc({.Kind = EventKind::Command, .Code = CommandCross});
 }
 
 struct KeyRow {
     Key First, Last;
-    bool InForm; // also while a form is open
     void (*Do)(Key key);
     int Command; // when there is no action of its own
 };
+// clang-format off
 constexpr KeyRow Keys[] = {
-    {Key::Up, Key::Down, false, MoveSelection, 0},         {Key::Left, Key::Right, false, StepByKey, 0},
-    {Key::Enter, Key::Enter, false, OpenSelected, 0},      {Key::Tab1, Key::Tab8, false, ShowTab, 0},
-    {Key::Stroke, Key::Stroke, false, StrokeSelected, 0},  {Key::Escape, Key::Escape, true, Leave, 0},
-    {Key::Help, Key::Help, true, nullptr, CommandLeftEye}, {Key::Delete, Key::Delete, false, nullptr, CommandDeleteOne},
-    {Key::New, Key::New, false, nullptr, CommandNew},      {Key::Modify, Key::Modify, false, nullptr, CommandModify},
-    {Key::Tick, Key::Tick, true, nullptr, CommandTick},
+    {Key::Up,     Key::Down,   MoveSelection,  0},
+    {Key::Left,   Key::Right,  StepByKey,      0},
+    {Key::Enter,  Key::Enter,  OpenSelected,   0},
+    {Key::Tab1,   Key::Tab8,   ShowTab,        0},
+    {Key::Stroke, Key::Stroke, StrokeSelected, 0},
+    {Key::Escape, Key::Escape, Leave,          0},
+    {Key::Help,   Key::Help,   nullptr,        CommandLeftEye},
+    {Key::Delete, Key::Delete, nullptr,        CommandDeleteOne},
+    {Key::New,    Key::New,    nullptr,        CommandNew},
+    {Key::Modify, Key::Modify, nullptr,        CommandModify},
+    {Key::Tick,   Key::Tick,   nullptr,        CommandTick},
 };
+// clang-format on
 
 } // namespace
 
@@ -145,12 +151,10 @@ void DoKeyDown(Key key) {
     for (const KeyRow &row : Keys) {
         if (key < row.First || key > row.Last)
             continue;
-        if (state.ActiveDialog != NoDialog && !row.InForm)
-            return;
         if (row.Do)
             row.Do(key);
         else
-            WndProc({.Kind = EventKind::Command, .Code = row.Command}); // an open form hears it first
+            WndProc({.Kind = EventKind::Command, .Code = row.Command});
         return;
     }
 }

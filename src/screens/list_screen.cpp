@@ -13,9 +13,19 @@
 namespace {
 
 // ORDER LIST
-constexpr const ListScreen *Screens[] = {nullptr,      &AccountScreen,   &TransactionScreen,
-                                         &GraphScreen, &RecurringScreen, &TemplateScreen,
-                                         &BinScreen,   &CategoryScreen,  &ConversionScreen};
+// clang-format off
+constexpr const ListScreen *Screens[] = {
+    nullptr,
+    &AccountScreen,
+    &TransactionScreen,
+    &GraphScreen,
+    &RecurringScreen,
+    &TemplateScreen,
+    &BinScreen,
+    &CategoryScreen,
+    &ConversionScreen,
+};
+// clang-format on
 static_assert(sizeof(Screens) / sizeof(Screens[0]) == ScreenCount + 1);
 
 // Lines between the columns, in the flat mode.

@@ -1,5 +1,6 @@
 // What makes a screen: one row of data for each of the eight, read by the one code for painting, switching, tapping and
-// dragging. Each screen's file defines its own, in this running order: help, rows, titles, taps, strokes and drops.
+// dragging. Each screen's file defines its own, in this running order: rows and what they say, titles and their taps,
+// strokes and drops, the row's painter, the screen's, and its row of data.
 #pragma once
 
 #include "core/messages.h"

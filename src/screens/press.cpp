@@ -76,10 +76,15 @@ struct HeaderSpot {
     bool EveryList;  // also on the screens that belong to no account
     void (*Tap)();
 };
+// clang-format off
 constexpr HeaderSpot HeaderSpots[] = {
-    {0, 29, true, ExplainSelectedNumber}, {30, 59, false, StepBack},           {60, 178, false, SwitchArchiveView},
-    {179, 210, false, StepForward},       {211, 239, true, ExplainEntryCount},
+    {  0,  29, true,  ExplainSelectedNumber},
+    { 30,  59, false, StepBack},
+    { 60, 178, false, SwitchArchiveView},
+    {179, 210, false, StepForward},
+    {211, 239, true,  ExplainEntryCount},
 };
+// clang-format on
 
 int BelongsToAccount(int screen) {
     return screen >= AccountList && screen <= GraphList;

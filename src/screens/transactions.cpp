@@ -246,10 +246,17 @@ void DrawTitle() {
 }
 
 // ORDER ACCOUNTTYPE: the words over the third column, the second one lower
+// clang-format off
 constexpr const char16_t *MeasureTitle[][2] = {
-    {u"Value", nullptr},  {u"Value", nullptr}, {u"Number", nullptr}, {u"Price", nullptr},
-    {u"Share", u"total"}, {u"Value", nullptr}, {u"Cash", u"total"},
+    {u"Value",  nullptr},
+    {u"Value",  nullptr},
+    {u"Number", nullptr},
+    {u"Price",  nullptr},
+    {u"Share",  u"total"},
+    {u"Value",  nullptr},
+    {u"Cash",   u"total"},
 };
+// clang-format on
 
 const char16_t *NameTitle() {
     if (state.RefColumn)
@@ -276,11 +283,17 @@ void ToggleReconciledView(int) {
 }
 
 // ORDER ACCOUNTTYPE; AlertLine is where a filter is told
+// clang-format off
 constexpr HelpLines MeasureHelp[] = {
-    {{0, 227, 0, AlertLine, 0, 0}},   {{0, 227, 0, AlertLine, 0, 0}},   {{0, 102, 101, 0, 107, 127}},
-    {{0, 210, 0, AlertLine, 0, 0}},   {{0, 103, 104, 0, AlertLine, 0}}, {{0, 100, 0, AlertLine, 0, 0}},
-    {{0, 224, 225, 0, AlertLine, 0}},
+    {{0, 227,   0, AlertLine,         0,   0}},
+    {{0, 227,   0, AlertLine,         0,   0}},
+    {{0, 102, 101,         0,       107, 127}},
+    {{0, 210,   0, AlertLine,         0,   0}},
+    {{0, 103, 104,         0, AlertLine,   0}},
+    {{0, 100,   0, AlertLine,         0,   0}},
+    {{0, 224, 225,         0, AlertLine,   0}},
 };
+// clang-format on
 constexpr HelpLines NumberHelpFiltered = {{0, 102, 101, 0, 107, AlertLine}};
 
 void ExplainColumns(int) {
@@ -397,12 +410,14 @@ void MakeCategory(int position) {
     AddAtHead(CategoryList, &made);
 }
 
+// clang-format off
 constexpr TitleSpot Spots[] = {
     {3, 9, 0, ScreenWidth - 1, 16, ToggleReconciledView},
-    {1, 8, 2, -8, 16, ToggleRefColumn},
-    {2, 8, 3, -8, 17, StepMeasure},
-    {0, 0, 1, -9, 17, ExplainColumns},
+    {1, 8, 2, -8,              16, ToggleRefColumn},
+    {2, 8, 3, -8,              17, StepMeasure},
+    {0, 0, 1, -9,              17, ExplainColumns},
 };
+// clang-format on
 constexpr TabDrop Drops[] = {
     {TemplateList, AcceptEntry, MakeTemplate},
     {CategoryList, AcceptEntry, MakeCategory},

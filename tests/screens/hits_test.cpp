@@ -1,8 +1,31 @@
 // Where a tap lands, and what it says.
 #include "device.h"
 #include "screens/input.h"
+#include "screens/list_screen.h"
 
 namespace {
+
+TEST_F(Device, TablesOfTheScreensHoldTogether) {
+    for (int n = 1; n <= 8; ++n) {
+        const ListScreen *screen = ScreenOf(n);
+        ASSERT_NE(screen, nullptr);
+        EXPECT_EQ(screen->List, n);
+        EXPECT_EQ(state.Paint[n], screen->Paint);
+        for (const HelpChoice *choice : {&screen->TabHelp, &screen->BlankHelp})
+            for (const HelpLines *lines : {&choice->Usual, &choice->Other})
+                for (const int16_t id : lines->Line)
+                    EXPECT_TRUE(id == 0 || *MessageText(id)) << n << ": " << id;
+        const int32_t *edge = state.ColumnEdge[n];
+        for (int i = 0; i < screen->SpotCount; ++i) {
+            const TitleSpot &spot = screen->Spots[i];
+            EXPECT_GE(edge[spot.FromEdge] + spot.From, 0) << n << ": " << i;
+            EXPECT_LT(edge[spot.ToEdge] + spot.To, 240) << n << ": " << i;
+            EXPECT_LT(edge[spot.FromEdge] + spot.From, edge[spot.ToEdge] + spot.To) << n << ": " << i;
+        }
+    }
+    EXPECT_EQ(ScreenOf(0), nullptr);
+    EXPECT_EQ(ScreenOf(9), nullptr);
+}
 
 TEST_F(Device, PointsOfTheListMeetTheirRowsAndTabs) {
     static constexpr struct {

@@ -161,6 +161,15 @@ TEST_F(Device, RangesAreDeletedInTwoStepsOnOneScreenOnly) {
     EXPECT_EQ(state.EntryCount[BinList], 2);
     EXPECT_TRUE(Remains(ListWindow).empty());
 
+    // Starts on two screens are no range.
+    TapRow(1);
+    SendCommand(CommandDeleteStart);
+    ShowScreen(TemplateList);
+    TapRow(2);
+    SendCommand(CommandDeleteFinish);
+    EXPECT_NE(Ids().find("232"), std::string::npos) << Ids();
+    EXPECT_EQ(state.EntryCount[TemplateList], 6);
+
     ShowScreen(BinList);
     SendCommand(CommandEmptyBin);
     EXPECT_EQ(state.EntryCount[BinList], 0);
