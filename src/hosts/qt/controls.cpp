@@ -289,6 +289,14 @@ QString Cleaned(QString text, bool oneLine) {
     return text;
 }
 
+// The beginning of a long text that the program set is seen; where the keys go, what is typed replaces it.
+void ShowBeginning(QLineEdit *edit) {
+    edit->setCursorPosition(0);
+    const QWidget *const focus = host.Frame->focusWidget();
+    if (focus == edit || (focus && focus == edit->focusProxy()))
+        edit->selectAll();
+}
+
 QString TextOf(const Widget &one) {
     if (const auto *edit = qobject_cast<QLineEdit *>(one.Real))
         return Cleaned(edit->text(), true);
@@ -366,7 +374,7 @@ void SetControlText(int id, const char16_t *text) {
     const QSignalBlocker quiet(one->Real);
     if (auto *edit = qobject_cast<QLineEdit *>(one->Real)) {
         edit->setText(line);
-        edit->setCursorPosition(0); // the beginning of a long text is seen
+        ShowBeginning(edit);
     } else if (auto *multi = qobject_cast<QPlainTextEdit *>(one->Real)) {
         multi->setPlainText(line);
         KeepLimit(multi);
@@ -374,7 +382,7 @@ void SetControlText(int id, const char16_t *text) {
         combo->setCurrentIndex(combo->findText(line, Qt::MatchExactly | Qt::MatchCaseSensitive));
         if (combo->isEditable()) {
             combo->setEditText(line);
-            combo->lineEdit()->setCursorPosition(0);
+            ShowBeginning(combo->lineEdit());
         }
     } else if (auto *check = qobject_cast<QCheckBox *>(one->Real)) {
         check->setText(line);
@@ -444,7 +452,7 @@ void SelectControlItem(int id, int index) {
         combo->setCurrentIndex(index >= 0 && index < combo->count() ? index : -1);
         if (combo->isEditable()) {
             combo->setEditText(combo->itemText(combo->currentIndex()));
-            combo->lineEdit()->setCursorPosition(0);
+            ShowBeginning(combo->lineEdit());
         }
     } else if (auto *list = qobject_cast<QListWidget *>(one->Real)) {
         list->setCurrentRow(index);
