@@ -49,7 +49,7 @@ struct TabDrop {
 
 // How a tap on the tab brings a screen up.
 enum class Arrival : uint8_t { Own, KeepTop, CentreSelection, ShowEnd };
-enum class Choose : uint8_t { Keep, FirstWhenNone, LastWhenNone, Last };
+enum class RowChosen : uint8_t { Keep, FirstWhenNone, LastWhenNone, Last };
 
 struct ListScreen {
     int List;
@@ -58,7 +58,7 @@ struct ListScreen {
 
     // Switching
     Arrival Arrives;
-    Choose Selection;
+    RowChosen Selection;
     bool NeedsAccount; // the account position is made valid first
     bool PostsDues;    // CheckDDs runs first
     bool ChecksTotals; // CheckT1totals runs first

@@ -59,9 +59,9 @@ int32_t ArrivalTop(const ListScreen &screen) {
 void ChooseRow(const ListScreen &screen) {
     int32_t *selected = &state.SelectedPos[screen.List];
     const int32_t count = state.EntryCount[screen.List];
-    if (screen.Selection == Choose::Last || (screen.Selection == Choose::LastWhenNone && *selected == 0))
+    if (screen.Selection == RowChosen::Last || (screen.Selection == RowChosen::LastWhenNone && *selected == 0))
         *selected = count;
-    if (screen.Selection == Choose::FirstWhenNone && *selected == 0)
+    if (screen.Selection == RowChosen::FirstWhenNone && *selected == 0)
         *selected = 1;
 }
 
