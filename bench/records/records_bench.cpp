@@ -1,26 +1,9 @@
 // The record operations, against reading and writing the same file once.
-#include "platform/files.h"
 #include "rows.h"
-#include "store/catalogue.h"
 #include "store/operations.h"
 #include <benchmark/benchmark.h>
 
 namespace {
-
-alignas(8) uint8_t Buffer[ReferenceRun * sizeof(TRecFile)];
-
-void PassOver(int32_t count, bool writing) {
-    const int file = OpenDataFile(FileKind::Transactions, OpenExisting, BenchAccount, nullptr);
-    const int64_t length = int64_t{count} * static_cast<int64_t>(sizeof(TRecFile));
-    for (int64_t at = 0; at < length;) {
-        const int64_t bytes = ReadFileAt(file, at, Buffer, sizeof Buffer);
-        if (writing && !WriteFileAt(file, at, Buffer, bytes))
-            return;
-        benchmark::DoNotOptimize(Buffer);
-        at += bytes;
-    }
-    CloseFile(file);
-}
 
 void ReferenceReading(benchmark::State &run) {
     const RowsOnDisk rows(static_cast<int32_t>(run.range(0)));

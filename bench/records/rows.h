@@ -3,8 +3,11 @@
 
 #include "core/state.h"
 #include "host/test_host.h"
+#include "platform/files.h"
+#include "store/catalogue.h"
 #include "store/records/records.h"
 #include "store/windows.h"
+#include <benchmark/benchmark.h>
 #include <vector>
 
 inline constexpr uint32_t BenchAccount = 5;
@@ -28,3 +31,18 @@ struct RowsOnDisk {
         state.CurAccount.ID = BenchAccount;
     }
 };
+
+// The reference: the account's file read, and written back, once through one fixed buffer.
+inline void PassOver(int32_t count, bool writing) {
+    alignas(8) static uint8_t buffer[ReferenceRun * sizeof(TRecFile)];
+    const int file = OpenDataFile(FileKind::Transactions, OpenExisting, BenchAccount, nullptr);
+    const int64_t length = int64_t{count} * static_cast<int64_t>(sizeof(TRecFile));
+    for (int64_t at = 0; at < length;) {
+        const int64_t bytes = ReadFileAt(file, at, buffer, sizeof buffer);
+        if (writing && !WriteFileAt(file, at, buffer, bytes))
+            return;
+        benchmark::DoNotOptimize(buffer);
+        at += bytes;
+    }
+    CloseFile(file);
+}

@@ -2,9 +2,7 @@
 #include "care/cipher/hooks.h"
 #include "core/error_log.h"
 #include "core/state.h"
-#include "store/index.h"
 #include "store/runs.h"
-#include <cstring>
 
 int ReadAccount(int32_t position, ARec *row) {
     if (!state.DataUsable || position < 1)
@@ -19,9 +17,18 @@ int ReadAccount(int32_t position, ARec *row) {
 }
 
 int FindAccount(uint32_t accountID, ARec *row, int32_t *position) {
-    const int32_t at = accountID ? IDtoRec(accountID) : 0;
-    if (at == 0 || !ReadAccount(at, row) || row->RowKind == HeadingRow)
+    if (!state.DataUsable || accountID == 0)
         return 0;
+    const int handle = OpenDataFile(FileKind::Accounts, OpenOrCreate, 0, nullptr);
+    ARecFile record;
+    int32_t at = 1;
+    int found = 0;
+    for (; !found && ReadRecord(handle, FileKind::Accounts, at, &record); at += !found)
+        found = record.Rec.ID == accountID;
+    CloseFile(handle);
+    if (!found || record.Rec.RowKind == HeadingRow)
+        return 0;
+    *row = record.Rec;
     if (position)
         *position = at;
     return 1;
@@ -35,9 +42,6 @@ int AccountThere(uint32_t accountID) {
 int WriteAccount(int32_t position, const ARec &row, In function) {
     if (row.ID != 0 && row.ID == state.CurAccount.ID)
         state.CurAccount = row;
-    ARec old;
-    if (ReadAccount(position, &old) && std::memcmp(&old, &row, sizeof row) == 0)
-        return 1;
     const int handle = OpenDataFile(FileKind::Accounts, OpenOrCreate, 0, nullptr);
     ARecFile record = {row, {}};
     const int written = WriteRecord(handle, FileKind::Accounts, position, &record);

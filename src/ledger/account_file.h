@@ -13,8 +13,8 @@ enum class In : uint8_t;
 [[nodiscard]] int FindAccount(uint32_t accountID, ARec *row, int32_t *position);
 // 1 when an account (no heading) has this ID.
 int AccountThere(uint32_t accountID);
-// Writes the account back to its position, when it differs from what stands there; CurAccount follows when it is the
-// same account. 0 on failure, reported under `function`.
+// Writes the account back to its position; CurAccount follows when it is the same account. 0 on failure, reported under
+// `function`.
 int WriteAccount(int32_t position, const ARec &row, In function);
 
 // Opens one of the transaction files of an account, whatever view or filter is in force. A handle, or -1.

@@ -139,14 +139,13 @@ int MergeInto(TransactionFile work, uint32_t accountID, int source, int32_t firs
     return merged >= 0;
 }
 
-// The new live file beside the old one: the marker, then the rows behind the boundary. 1, or 0.
-int WriteShortLive(const Account &account, int32_t boundaryPosition, const TRec &marker) {
-    const int work = OpenWorkFile(TransactionFile::LiveFilterWork, account.Rec.ID);
+// The rows behind the boundary move to the head, behind the marker. Nothing grows, and what is overwritten stands in
+// the archive by now.
+int ShortenLive(const Account &account, int32_t boundaryPosition, const TRec &marker) {
     Copying rest = {BehindBoundary, account.LiveRows, nullptr};
-    const int written = work >= 0 && WriteMarker(work, marker) &&
-                        CopyRows(account.Live, boundaryPosition + 1, account.LiveRows, work, 2, ChooseRow, &rest) >= 0;
-    CloseFile(work);
-    return written;
+    const int32_t kept =
+        CopyRows(account.Live, boundaryPosition + 1, account.LiveRows, account.Live, 2, ChooseRow, &rest);
+    return kept >= 0 && WriteMarker(account.Live, marker) && CutRows(account.Live, 1 + kept);
 }
 
 } // namespace
@@ -166,33 +165,24 @@ int Archive(int32_t accountPosition, int32_t position, ProgressTeller tell) {
         if (copied < 0)
             ReportError(In::Archive, Trouble::RwriteFail);
     }
-    // The archive has the rows. Its own order comes first; then the live file is replaced by a shorter one.
     int done = copied > 0 || (copied == 0 && before > 0);
-    int merged = 0;
     if (done && before > 0 && account.Rec.AccType != ListAccount &&
         copying.EarliestDay < DayOf(account.Archive, before)) {
-        merged = MergeInto(TransactionFile::ArchiveFilterWork, id, account.Archive, 1, before);
-        if (!merged)
+        done = MergeInto(TransactionFile::ArchiveFilterWork, id, account.Archive, 1, before) &&
+               ReplaceBy(TransactionFile::ArchiveFilterWork, TransactionFile::Archive, id);
+        if (!done)
             ReportError(In::Archive, Trouble::RwriteFail);
-        done = merged;
+        EraseTransactions(TransactionFile::ArchiveFilterWork, id);
     }
+    if (!done && copied != 0)
+        static_cast<void>(CutRows(account.Archive, before));
     if (done) {
+        SyncFiles(); // the archive holds the rows before the live file lets them go
         TRec marker;
         FillArchiveMarker(&marker, boundary.Rec, account.Rec.AccType, u"Auto created");
-        done = WriteShortLive(account, position, marker);
+        done = ShortenLive(account, position, marker);
         if (!done)
             ReportError(In::Archive, Trouble::TwriteFail);
-    }
-    if (done) {
-        SyncFiles();
-        done = (!merged || ReplaceBy(TransactionFile::ArchiveFilterWork, TransactionFile::Archive, id)) &&
-               ReplaceBy(TransactionFile::LiveFilterWork, TransactionFile::Live, id);
-    }
-    if (!done) {
-        EraseTransactions(TransactionFile::ArchiveFilterWork, id);
-        EraseTransactions(TransactionFile::LiveFilterWork, id);
-        if (copied != 0)
-            static_cast<void>(CutRows(account.Archive, before));
     }
     CloseFile(account.Live);
     CloseFile(account.Archive);

@@ -18,6 +18,7 @@ struct Pass {
     FixedAmount Balance, Cleared;
     int32_t Shares, ClearedShares;
     FixedAmount Price, ClearedPrice; // last seen; last seen on a reconciled row
+    bool Changed;                    // the present row's bytes
 };
 
 struct Today {
@@ -29,21 +30,36 @@ struct JeopardyWatch { // of one of the two balances
     uint32_t LastBreach; // day number
 };
 
-void StoreTotals(const Pass &pass, TRec *row) {
-    row->RunTotal = pass.Balance;
-    row->RunCleared = pass.Cleared;
+template <typename Field> void Store(Pass *pass, Field *field, Field value) {
+    pass->Changed |= *field != value;
+    *field = value;
 }
 
-void StoreShares(const Pass &pass, TRec *row) {
-    row->RunUnits = pass.Shares;
-    row->RunClearedUnits = pass.ClearedShares;
+void StoreTotals(Pass *pass, TRec *row) {
+    Store(pass, &row->RunTotal, pass->Balance);
+    Store(pass, &row->RunCleared, pass->Cleared);
+}
+
+void StoreShares(Pass *pass, TRec *row) {
+    Store(pass, &row->RunUnits, pass->Shares);
+    Store(pass, &row->RunClearedUnits, pass->ClearedShares);
+}
+
+void StorePrices(Pass *pass, TRec *row) {
+    Store(pass, &row->Value, pass->Price);
+    Store(pass, &row->ClearedValue, pass->ClearedPrice);
+}
+
+void StoreNoUnits(Pass *pass, TRec *row) {
+    Store(pass, &row->Units, 0);
+    Store(pass, &row->ClearedUnits, 0);
 }
 
 void ApplyMoneyRow(Pass *pass, TRec *row) {
     switch (row->RowKind) {
     case DayMarker:
     case ReconcileEntry:
-        row->Units = row->ClearedUnits = 0;
+        StoreNoUnits(pass, row);
         break;
     case ArchiveMarker:
         pass->Balance = AddAmounts(pass->Balance, row->Value);
@@ -58,7 +74,7 @@ void ApplyMoneyRow(Pass *pass, TRec *row) {
             pass->Cleared = AddAmounts(pass->Cleared, value);
     }
     }
-    StoreTotals(*pass, row);
+    StoreTotals(pass, row);
 }
 
 // A row that moves cash alone: a cash row, a Deleted marker.
@@ -70,9 +86,8 @@ void AddCash(Pass *pass, const TRec &row, FixedAmount cash) {
 
 void ApplyShareRow(Pass *pass, TRec *row) {
     if (row->RowKind == DayMarker) {
-        row->Value = pass->Price;
-        row->ClearedValue = pass->ClearedPrice;
-        row->Units = row->ClearedUnits = 0;
+        StorePrices(pass, row);
+        StoreNoUnits(pass, row);
     } else if (row->RowKind == ArchiveMarker) {
         pass->Shares = AddUnits(pass->Shares, row->Units);
         pass->ClearedShares = AddUnits(pass->ClearedShares, row->ClearedUnits);
@@ -82,8 +97,7 @@ void ApplyShareRow(Pass *pass, TRec *row) {
         pass->ClearedPrice = row->ClearedValue;
     } else if (row->Cash) {
         AddCash(pass, *row, row->CashAmount);
-        row->Value = pass->Price; // the price carries through
-        row->ClearedValue = pass->ClearedPrice;
+        StorePrices(pass, row); // the price carries through
     } else {
         pass->Price = row->Value;
         pass->Shares = AddUnits(pass->Shares, row->Units);
@@ -91,14 +105,14 @@ void ApplyShareRow(Pass *pass, TRec *row) {
             pass->ClearedPrice = pass->Price;
             pass->ClearedShares = AddUnits(pass->ClearedShares, row->Units);
         }
-        row->ClearedValue = pass->ClearedPrice;
+        StorePrices(pass, row);
         if (row->RowKind == DeletedMarker)
             AddCash(pass, *row, row->CashAmount);
         else if (!row->NoCash)
             AddCash(pass, *row, NegateAmount(TimesUnits(row->Units, row->Value)));
     }
-    StoreShares(*pass, row);
-    StoreTotals(*pass, row);
+    StoreShares(pass, row);
+    StoreTotals(pass, row);
 }
 
 FixedAmount ShareBalance(int32_t shares, FixedAmount price, FixedAmount cash) {
@@ -127,21 +141,6 @@ void Watch(JeopardyWatch *watch, const ARec &account, int64_t whole, uint32_t da
     }
 }
 
-// What stands between Units and ParentRow is all that a pass may change.
-constexpr size_t TouchedFrom = offsetof(TRec, Units), TouchedBytes = offsetof(TRec, ParentRow) - TouchedFrom;
-
-// 1 when the row's bytes changed.
-int ApplyRow(Pass *pass, bool share, TRec *row) {
-    uint8_t before[TouchedBytes];
-    const uint8_t *touched = reinterpret_cast<const uint8_t *>(row) + TouchedFrom;
-    std::memcpy(before, touched, TouchedBytes);
-    if (share)
-        ApplyShareRow(pass, row);
-    else
-        ApplyMoneyRow(pass, row);
-    return std::memcmp(before, touched, TouchedBytes) != 0;
-}
-
 // Writes the changed rows `from` to `to` - 1 of the run in the buffer, which begins at position `first`.
 void WriteBack(int handle, int32_t first, int32_t from, int32_t to) {
     if (from < to && !WriteRun(handle, FileKind::Transactions, from, to - from, first + from))
@@ -152,15 +151,17 @@ struct Watches {
     JeopardyWatch Balance, Cleared;
 };
 
-// Runs over the whole file and writes back the rows that changed. Live rows are watched; `watches` is null otherwise.
-void CalcFile(int handle, const ARec &account, Watches *watches, Pass *pass, Today *asOfToday) {
+// Runs over the whole file and writes back the rows that changed. Rows are watched when `watches` is not null. Returns
+// how many there are.
+int32_t CalcFile(int handle, const ARec &account, Watches *watches, Pass *pass, Today *asOfToday) {
     constexpr FileKind Kind = FileKind::Transactions;
+    constexpr int32_t Run = 256; // rows that stay in the cache between reading and writing
     const bool share = IsShare(account.AccType);
     RecDate today;
     LoadTodaysDate(&today);
     bool beforeToday = true;
-    int32_t read;
-    for (int32_t first = 1; (read = ReadRun(handle, Kind, first, RunLength(Kind))) > 0; first += read) {
+    int32_t first = 1, read;
+    for (; (read = ReadRun(handle, Kind, first, Run)) > 0; first += read) {
         int32_t changedFrom = read; // the start of the changed rows that end here, `read` for none
         for (int32_t index = 0; index < read; ++index) {
             auto *record = static_cast<TRecFile *>(RunRecord(Kind, index));
@@ -170,13 +171,14 @@ void CalcFile(int handle, const ARec &account, Watches *watches, Pass *pass, Tod
                 beforeToday = false;
                 *asOfToday = SnapShot(*pass, share);
             }
-            const int changed = ApplyRow(pass, share, &record->Rec);
+            pass->Changed = false;
+            (share ? ApplyShareRow : ApplyMoneyRow)(pass, &record->Rec);
             if (watches) {
                 Watch(&watches->Cleared, account,
                       WholeBalance(share, pass->ClearedShares, pass->ClearedPrice, pass->Cleared), day);
                 Watch(&watches->Balance, account, WholeBalance(share, pass->Shares, pass->Price, pass->Balance), day);
             }
-            if (changed) {
+            if (pass->Changed) {
                 std::memset(record->Tail, 0, sizeof record->Tail);
                 EncipherRecord(Kind, record);
                 changedFrom = changedFrom < index ? changedFrom : index;
@@ -189,6 +191,7 @@ void CalcFile(int handle, const ARec &account, Watches *watches, Pass *pass, Tod
     }
     if (beforeToday)
         *asOfToday = SnapShot(*pass, share);
+    return first - 1;
 }
 
 // The live file's Archive marker carries the archive's totals. 1 when there is one. It stands at the head; one that
@@ -237,26 +240,34 @@ FixedAmount CalcView(uint32_t accountID, uint32_t archive, int withMarker) {
     Pass pass = {};
     Today today = {};
     Watches watches = {};
+    int32_t count = 0;
     const int handle = OpenView(archive, accountID, OpenOrCreate);
     if (handle < 0)
         ReportError(In::CalcBalance, Trouble::TcreateFail);
     else if (static_cast<int32_t>(account.AccType) < 0)
         ReportError(In::CalcBalance, Trouble::CaseError); // the rows keep their totals
     else
-        CalcFile(handle, account, archive ? nullptr : &watches, &pass, &today);
+        count = CalcFile(handle, account, archive || !(account.LowWatch || account.HighWatch) ? nullptr : &watches,
+                         &pass, &today);
     CloseFile(handle);
     if (handle >= 0) {
-        if (!archive) {
+        if (!archive &&
+            (account.BalanceInJeopardy != watches.Balance.Flag || account.ClearedInJeopardy != watches.Cleared.Flag)) {
             account.BalanceInJeopardy = watches.Balance.Flag;
             account.ClearedInJeopardy = watches.Cleared.Flag;
             WriteAccount(position, account, In::CalcBalance);
         }
-        UpdateT2FILtot(position, today.Balance, today.Cleared);
+        if (today.Balance != (archive ? account.ArcBalance : account.Balance) ||
+            today.Cleared != (archive ? account.ArcClearedBalance : account.ClearedBalance))
+            UpdateT2FILtot(position, today.Balance, today.Cleared);
         if (archive && withMarker && RefreshArchiveMarker(account, pass))
             CalcView(accountID, 0, 0);
     }
     state.ArchiveView = view;
-    CountTransactions();
+    if (accountID == state.CurAccount.ID && archive == view)
+        state.EntryCount[TransactionList] = count;
+    else
+        CountTransactions();
     return today.Balance;
 }
 
@@ -325,6 +336,7 @@ void CheckT1totals(int) {
     for (int32_t position = 1; ReadAccount(position, &account); ++position) {
         if (account.RowKind == HeadingRow || account.ID == 0)
             continue;
+        const ARec before = account;
         account.Balance = account.ClearedBalance = account.ArcBalance = account.ArcClearedBalance = 0;
         int known = 1; // of a future version no total can be told: the stored ones stay
         for (uint32_t archive = 0; archive < 2; ++archive) {
@@ -342,7 +354,8 @@ void CheckT1totals(int) {
             CloseFile(handle);
         }
         if (known)
-            WriteAccount(position, account, In::CheckT1totals);
+            if (std::memcmp(&before, &account, sizeof account) != 0)
+                WriteAccount(position, account, In::CheckT1totals);
     }
 }
 

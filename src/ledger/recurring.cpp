@@ -138,24 +138,30 @@ int PostItem(DDRec *item, uint32_t horizon) {
     return fired;
 }
 
+// Where an item belongs among the records behind it, which are in date order: before the first of its day or later.
+int32_t PlaceAmong(int handle, int32_t first, int32_t last, uint32_t day) {
+    while (first <= last) {
+        const int32_t middle = first + (last - first) / 2;
+        DDRecFile record;
+        if (!ReadRecord(handle, Kind, middle, &record))
+            break;
+        if (record.Rec.NextDate.DayNumber < day)
+            first = middle + 1;
+        else
+            last = middle - 1;
+    }
+    return first;
+}
+
 // Dates have moved on: items that now stand before an earlier one are carried behind it, from the end of the file on.
 // Items of one day keep their order.
-void RestoreDateOrder() {
+void RestoreDateOrder(int32_t count) {
     state.CurrentScreen = RecurringList;
-    const int32_t count = [] {
-        const int handle = OpenItems(In::CheckDDs);
-        const int32_t records = CountRecords(handle, Kind);
-        CloseFile(handle);
-        return records;
-    }();
     for (int32_t position = count - 1; position > 0; --position) {
         const int handle = OpenItems(In::CheckDDs);
-        DDRecFile item, later;
-        int32_t to = position + 1;
-        int read = ReadRecord(handle, Kind, position, &item);
-        while (read && to <= count && ReadRecord(handle, Kind, to, &later) &&
-               later.Rec.NextDate.DayNumber < item.Rec.NextDate.DayNumber)
-            ++to;
+        DDRecFile item;
+        const int read = ReadRecord(handle, Kind, position, &item);
+        const int32_t to = read ? PlaceAmong(handle, position + 1, count, item.Rec.NextDate.DayNumber) : 0;
         CloseFile(handle);
         if (!read || (to > position + 1 && !ShiftRecord(0, position, to, &item.Rec)))
             return;
@@ -223,7 +229,7 @@ void CheckDDs() {
     }
     CloseFile(handle);
     if (fired)
-        RestoreDateOrder();
+        RestoreDateOrder(count);
     state.SelectedPos[AccountList] = accountPosition;
     if (fired) {
         LoadCurrentAccount();

@@ -31,7 +31,8 @@ int32_t CopyRows(int source, int32_t from, int32_t last, int target, int32_t to,
                 std::memcpy(RunRecord(Kind, chosen), record, sizeof *record);
             ++chosen;
         }
-        if (chosen > 0 && !WriteRun(target, Kind, 0, chosen, to + copied))
+        const bool inPlace = source == target && chosen == read && to + copied == from;
+        if (chosen > 0 && !inPlace && !WriteRun(target, Kind, 0, chosen, to + copied))
             return -1;
         copied += chosen;
     }
