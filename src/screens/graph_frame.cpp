@@ -6,6 +6,7 @@
 #include "screens/frame/scroll.h"
 #include "screens/frame/tabs.h"
 #include "screens/list_screen.h"
+#include "screens/measure.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
 #include "store/configuration.h"

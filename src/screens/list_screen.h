@@ -120,11 +120,6 @@ void ToggleRefColumn(int x);
 void BinRow(int position);
 // Every row within a list may go to the bin.
 int AcceptInBin(int position);
-// The third column's title by state.AccountKind, clipped to its cell in TopWindow.
-void DrawMeasureTitle(int left, int right, Colour ink);
-// A tap on it: the next measure of a share account, and what it is.
-void StepMeasure(int x);
-
 // Switches filters off because a gesture would change what they show. 1 when one was shown in this list: the gesture
 // then ends.
 int FilterGivesWay();

@@ -65,6 +65,8 @@ void SwitchArchiveView() {
     if (state.CurAccount.RowKind != HeadingRow && state.CurAccount.ID > 0) {
         LoadTranFile(state.SelectedPos[AccountList], 0);
         state.SelectedPos[TransactionList] = state.EntryCount[TransactionList];
+    } else {
+        state.TranFileShown = 0; // the rows in memory are of the other view
     }
     state.CurrentScreen = screen;
     SetGreys(screen);

@@ -1,4 +1,5 @@
 #include "screens/rows.h"
+#include "platform/text.h"
 
 int BeginRow(RowStrip *row, Window window, int position, int mode, int ground) {
     const int list = state.CurrentScreen;
@@ -31,6 +32,13 @@ void RowAmount(const RowStrip &row, int left, int right, FixedAmount value, int 
 void RowAmountIn(const RowStrip &row, int left, int right, FixedAmount value, int decimals, Align align, Colour ink) {
     if (right > left)
         PaintAmountIn(row.Where, value, RowTextBox(row.Place.Top, left, right), decimals, align, ink);
+}
+
+void RowNumber(const RowStrip &row, int left, int right, int64_t value, Align align, Colour ink) {
+    char16_t text[24] = {};
+    AppendNumber(text, 24, value < 0 ? -value : value);
+    if (right > left)
+        PaintText(row.Where, text, RowTextBox(row.Place.Top, left, right), align, Font::Normal, ink, 1);
 }
 
 const char16_t *AccountTypeName(uint32_t accountType) {

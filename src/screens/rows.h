@@ -28,5 +28,8 @@ void RowAmount(const RowStrip &row, int left, int right, FixedAmount value, int 
                Align align = Align::Right);
 void RowAmountIn(const RowStrip &row, int left, int right, FixedAmount value, int decimals, Align align, Colour ink);
 
+// The magnitude of a whole number, never cut.
+void RowNumber(const RowStrip &row, int left, int right, int64_t value, Align align, Colour ink);
+
 // "Bank", "List" or "Share".
 const char16_t *AccountTypeName(uint32_t accountType);
