@@ -205,4 +205,22 @@ TEST_F(Layout, HelpOpensOverAFormAndLeavesNothingBehind) {
     EXPECT_EQ(state.ActiveDialog, NoDialog);
 }
 
+TEST_F(Layout, ThePanelRisesWithAFormAndFallsWithIt) {
+    machine.HasPanel = true;
+    New(AccountList);
+    EXPECT_TRUE(machine.PanelIsUp);
+    machine.PanelPreference = 0;
+    Tap(120, 26 + 30); // the ground
+    EXPECT_EQ(machine.PanelPreference, 4);
+    EXPECT_TRUE(machine.PanelIsUp);
+    EXPECT_EQ(SipControl(0), 0);
+    SendCommand(CommandLeftEye);
+    EXPECT_FALSE(machine.PanelIsUp);
+    EXPECT_EQ(SipControl(2), 0);
+    SendCommand(CommandLeftEye);
+    EXPECT_TRUE(machine.PanelIsUp);
+    Cross();
+    EXPECT_FALSE(machine.PanelIsUp);
+}
+
 } // namespace

@@ -391,7 +391,7 @@ int OpenTransactionForm(int rowKind) {
     if (row.RowKind != EntryRow && (row.RowKind != ReconcileEntry || state.AccountKind != BankAccount))
         return 0;
     Working() = row;
-    state.ViewIsAdvanced = IsExisting() ? 1 : state.NewUserFields;
+    state.ViewIsAdvanced = IsExisting() || state.NewUserFields;
     if (!Dialog_Init(CurrentLayout()))
         return 0;
     if (row.RowKind == ReconcileEntry)
