@@ -2,9 +2,13 @@
 #include "hosts/qt/device.h"
 #include "hosts/qt/keys.h"
 #include "hosts/qt/style.h"
+#include "resources/art.h"
 #include <QApplication>
+#include <QIcon>
 #include <QPalette>
+#include <QPixmap>
 #include <QScreen>
+#include <QTimer>
 
 static void LoadResources() {
     Q_INIT_RESOURCE(zentrik);
@@ -32,9 +36,17 @@ void PrepareHost(double scale) {
     WatchPointer();
 }
 
+static void ShowIcon() {
+    constexpr int Size = 64;
+    const Rect whole = {0, 0, Size, Size};
+    if (const ArtPixels icon = StretchedArt(ProgramIcon, whole, QRect(0, 0, Size, Size)); icon.Pixels)
+        host.Frame->setWindowIcon(QPixmap::fromImage(*icon.Pixels));
+}
+
 void ShowDevice() {
     DeliverWaiting();
     DeliverPaint();
     host.Frame->setFocus(Qt::OtherFocusReason);
     host.Frame->show();
+    QTimer::singleShot(0, host.Frame, ShowIcon); // the first screen does not wait for it
 }

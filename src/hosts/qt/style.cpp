@@ -62,8 +62,11 @@ void MenuItem(QPainter *painter, const QStyleOptionMenuItem &item) {
     const QRgb enabled = chosen ? style::SelectionInk : style::Ink;
     const QRgb ink = item.state & QStyle::State_Enabled ? enabled : style::GreyInk;
     painter->setPen(QColor(ink));
-    painter->drawText(item.rect.adjusted(Px(MenuTextLeft), 0, 0, 0),
-                      Qt::AlignLeft | Qt::AlignVCenter | Qt::TextHideMnemonic, item.text);
+    const QRect text = item.rect.adjusted(Px(MenuTextLeft), 0, -Px(MenuTextLeft), 0);
+    const QString shortcut = item.text.section(QLatin1Char('\t'), 1);
+    painter->drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextHideMnemonic,
+                      item.text.section(QLatin1Char('\t'), 0, 0));
+    painter->drawText(text, Qt::AlignRight | Qt::AlignVCenter, shortcut);
     if (item.menuItemType == QStyleOptionMenuItem::SubMenu)
         Triangle(painter, item.rect.adjusted(item.rect.width() - Px(MenuTextRight), 0, 0, 0), PointsRight, ink);
 }
