@@ -52,7 +52,7 @@ TEST(Tabs, StandWhereATapLooksForThem) {
         const std::optional<StandingImage> icon = ImageFrom(TabIcons, row.Slot * 37 - 25);
         ASSERT_TRUE(icon);
         EXPECT_EQ(icon->Part.Left, (row.Tab - 1) * 18);
-        EXPECT_EQ(icon->To.Top, top + (row.Tall ? 4 : 0));
+        EXPECT_EQ(icon->To.Top, row.Rows * 17 + (row.Tall ? 4 : 1));
         const std::optional<StandingImage> button = ImageFrom(PageButton, 229);
         ASSERT_TRUE(button);
         EXPECT_EQ(button->Part.Left, row.Page == 0 ? 8 : 0);

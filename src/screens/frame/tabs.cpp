@@ -19,6 +19,7 @@ constexpr int ShapeWidth = 37, ShapePitch = 38, ShapeHeight = 26; // of the shee
 constexpr int SelectedDrop = 4;                                   // a selected tab hangs this much lower
 constexpr int HotShape = 9;
 constexpr int IconSize = 18, AlertIcons = 19; // y of the alert icons in the sheet
+constexpr int SelectedIconDrop = 3;
 constexpr int PageButtonX = 229, PageButtonHalf = 8, PageButtonHeight = 18;
 
 // From here on the owner is warned that the bin will soon be trimmed.
@@ -36,7 +37,8 @@ int NeedsAttention(int tab) {
 }
 
 void DrawTabIcon(int slot, int tab) {
-    const Point to = {slot * TabPitch - 25, TabTop(state.RowCount) + (tab == state.CurrentScreen ? SelectedDrop : 0)};
+    const Point to = {slot * TabPitch - 25,
+                      TabTop(state.RowCount) + (tab == state.CurrentScreen ? SelectedIconDrop : 0)};
     const int x = (tab - 1) * IconSize, y = NeedsAttention(tab) ? AlertIcons : 0;
     CopyImage(ListWindow, to, TabIcons, {x, y, x + IconSize, y + IconSize}, Blit::And);
 }
