@@ -30,21 +30,11 @@ void DoPaint() {
     ShowLinesAgain();
 }
 
-// After the form of an entry that was opened from the graph.
-void ReturnToGraph() {
-    if (!state.BackToGraph || state.ActiveDialog != NoDialog)
-        return;
-    state.BackToGraph = 0;
-    EnterScreen(GraphList);
-}
-
 } // namespace
 
 void WndProc(const Event &event) {
-    if (state.OpenedForm && HandleFormEvent(event)) {
-        ReturnToGraph();
+    if (state.OpenedForm && HandleFormEvent(event))
         return;
-    }
     switch (event.Kind) {
     case EventKind::PointerDown:
         DoButtonDown(event.Where, event.X, event.Y);

@@ -235,6 +235,19 @@ TEST_F(Device, ReconcileEntryFindsMarksAndGoes) {
     EXPECT_EQ(Read<ARecFile>("E1_01IND")[0].ClearedBalance, 764000);
 }
 
+TEST_F(Device, AFormOpenedFromTheGraphLeadsBackToIt) {
+    ShowScreen(GraphList);
+    Tap(10, 50); // the mode of the plain graph
+    SendKey(Key::New);
+    ASSERT_EQ(state.ActiveDialog, TransactionDialog);
+    SendKey(Key::Escape);
+    EXPECT_EQ(state.CurrentScreen, GraphList);
+    EXPECT_EQ(Ids(), "122,12,0,250,252,0");
+    EXPECT_EQ(machine.Scroll.Box.Bottom, 205); // as high as the twelve rows again
+    EXPECT_FALSE(machine.Scroll.Shown);
+    EXPECT_EQ(state.RepaintSkip, 0) << "a later paint request would leave the screen blank";
+}
+
 TEST_F(Device, RefusedCommandsBeepOrKeepStill) {
     SendCommand(CommandNew);
     ASSERT_EQ(state.ActiveDialog, NewAccountDialog);

@@ -161,6 +161,10 @@ void Dialog_End() {
         if (state.HubState == 0 && !state.HelpMode && ended != PassCodeDialog)
             ++state.RepaintSkip;
     }
+    if (state.BackToGraph) {
+        state.BackToGraph = 0;
+        state.CurrentScreen = GraphList;
+    }
     SetGreys(state.CurrentScreen);
     ShowListAgain();
     ShowEndLines();
