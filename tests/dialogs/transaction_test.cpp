@@ -263,18 +263,35 @@ TEST_F(TransactionForm, AnEntryChangedDropsItsPartnerButForATemplatesWhichMakesA
     Tick();
     EXPECT_EQ(Row("Move").TransferID, 0u);
     EXPECT_EQ(Rows(savings).size(), 3u);
-    // The word that a form left is what the next form of an existing entry uses: deliberate.
+    // A partner that was picked is that entry's alone.
     MakeEntry("Again", "20", false, "", "Savings");
-    EXPECT_EQ(Rows(savings).size(), 4u);
-    Modify(TransactionList, PositionOf("Move"));
-    Tick(); // nothing differs
     EXPECT_EQ(Rows(savings).size(), 4u);
     Modify(TransactionList, PositionOf("Move"));
     SetText(TextField, "noted again");
     Tick();
-    EXPECT_EQ(Row("Move").TransferID, savings);
+    EXPECT_EQ(Row("Move").TransferID, 0u);
+    EXPECT_EQ(Rows(savings).size(), 4u);
+    // One that a template brought is what the next form of an existing entry uses: deliberate.
+    Show(TemplateList);
+    New(TemplateList);
+    SetText(TitleField, "Standing");
+    SetText(WholeField, "5");
+    ASSERT_TRUE(Choose(TransferField, "Savings"));
+    Tick();
+    ShowAccount(purse);
+    New(TransactionList);
+    ASSERT_TRUE(Choose(TitleField, "Standing"));
+    Tick();
     EXPECT_EQ(Rows(savings).size(), 5u);
-    EXPECT_EQ(Accounts().back().Balance, 40000);
+    Modify(TransactionList, PositionOf("Move"));
+    Tick(); // nothing differs
+    EXPECT_EQ(Rows(savings).size(), 5u);
+    Modify(TransactionList, PositionOf("Move"));
+    SetText(TextField, "noted once more");
+    Tick();
+    EXPECT_EQ(Row("Move").TransferID, savings);
+    EXPECT_EQ(Rows(savings).size(), 6u);
+    EXPECT_EQ(Accounts().back().Balance, 35000);
 }
 
 TEST_F(TransactionForm, CashStaysCash) {

@@ -222,6 +222,11 @@ TEST(Controls, ADateIsTypedOrTakenFromTheCalendar) {
     EXPECT_EQ(Told(), "control 1018 Choice");
     EXPECT_EQ(GetControlDate(Day).Day, 6);
     EXPECT_EQ(FocusedControl(), Day);
+    PressKey(Qt::Key_Tab); // on to the next field, not to the month
+    EXPECT_EQ(FocusedControl(), Title);
+    PressKey(Qt::Key_Backtab);
+    EXPECT_EQ(FocusedControl(), Day);
+    EXPECT_EQ(Told(), "control 1007 Focus; control 1018 Focus");
 }
 
 TEST(Controls, AHandlerMayCloseOrReplaceTheFormThatCalledIt) {

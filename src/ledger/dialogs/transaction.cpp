@@ -355,7 +355,12 @@ int TranDialogSave() {
         return 1;
     }
     const int isNew = IsNew() || state.DuplicateOn;
+    // The account picked is this entry's alone; only a template or a switch of views leaves it for the next form.
+    const uint32_t left = state.FormTransfer;
     ReadFields();
+    const uint32_t partner = state.FormTransfer;
+    if (FieldPresent(TransferField))
+        state.FormTransfer = left;
     TRec kept = {};
     if (!isNew && !FetchTran(state.SelectedPos[TransactionList], &kept))
         return 1;
@@ -364,12 +369,12 @@ int TranDialogSave() {
     const FixedAmount target = row.Value;
     if (isNew || Differs(row, kept)) {
         TRec saved = isNew ? FreshRow() : row;
-        saved.TransferID = state.FormTransfer;
+        saved.TransferID = partner;
         // What could not be written stays in the form.
         if (!(isNew ? AddEntry(&saved) : ChangeEntry(&saved)))
             return 0;
-        if (state.FormTransfer)
-            AddCounterEntry(saved, state.FormTransfer);
+        if (partner)
+            AddCounterEntry(saved, partner);
     }
     if (kind == ReconcileEntry) {
         LoadCurrentAccount();
