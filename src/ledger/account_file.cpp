@@ -4,6 +4,17 @@
 #include "core/state.h"
 #include "store/runs.h"
 
+namespace {
+
+// A damaged name ends within its field.
+ARec PayloadOf(const ARecFile &record) {
+    ARec row = record.Rec;
+    row.Name[TextRoom - 1] = 0;
+    return row;
+}
+
+} // namespace
+
 int ReadAccount(int32_t position, ARec *row) {
     if (!state.DataUsable || position < 1)
         return 0;
@@ -12,7 +23,7 @@ int ReadAccount(int32_t position, ARec *row) {
     const int read = ReadRecord(handle, FileKind::Accounts, position, &record);
     CloseFile(handle);
     if (read)
-        *row = record.Rec;
+        *row = PayloadOf(record);
     return read;
 }
 
@@ -24,11 +35,11 @@ int FindAccount(uint32_t accountID, ARec *row, int32_t *position) {
     int32_t at = 1;
     int found = 0;
     for (; !found && ReadRecord(handle, FileKind::Accounts, at, &record); at += !found)
-        found = record.Rec.ID == accountID;
+        found = record.Rec.ID == accountID && record.Rec.RowKind != HeadingRow;
     CloseFile(handle);
-    if (!found || record.Rec.RowKind == HeadingRow)
+    if (!found)
         return 0;
-    *row = record.Rec;
+    *row = PayloadOf(record);
     if (position)
         *position = at;
     return 1;
@@ -40,8 +51,6 @@ int AccountThere(uint32_t accountID) {
 }
 
 int WriteAccount(int32_t position, const ARec &row, In function) {
-    if (row.ID != 0 && row.ID == state.CurAccount.ID)
-        state.CurAccount = row;
     const int handle = OpenDataFile(FileKind::Accounts, OpenOrCreate, 0, nullptr);
     ARecFile record = {row, {}};
     const int written = WriteRecord(handle, FileKind::Accounts, position, &record);
@@ -49,6 +58,8 @@ int WriteAccount(int32_t position, const ARec &row, In function) {
         ReportError(function, Trouble::AcreateFail);
     else if (!written)
         ReportError(function, Trouble::AwriteFail);
+    else if (row.ID != 0 && row.ID == state.CurAccount.ID)
+        state.CurAccount = row;
     CloseFile(handle);
     return written;
 }

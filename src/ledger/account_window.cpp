@@ -183,6 +183,13 @@ void ReloadList(int list, int32_t top) {
     state.CurrentScreen = list;
 }
 
+void RepaintScreen() {
+    constexpr int AllBands = 1023; // the mask that means everything to a paint procedure
+    const int32_t screen = state.CurrentScreen;
+    if (screen >= AccountList && screen <= ScreenCount && state.Paint[screen])
+        state.Paint[screen](ListWindow, AllBands);
+}
+
 int32_t CountTransactions() {
     uint32_t filtered;
     const int handle = state.CurAccount.ID == 0

@@ -21,5 +21,8 @@ int MakeAccountCurrent(uint32_t accountID);
 // Loads the window of a list from `top` again; CurrentScreen afterwards is that list.
 void ReloadList(int list, int32_t top);
 
+// Has the screen shown painted whole.
+void RepaintScreen();
+
 // Recounts the current account's transactions into EntryCount[TransactionList].
 int32_t CountTransactions();

@@ -14,7 +14,6 @@
 namespace {
 
 constexpr int64_t SmallestCatID = 10001; // smaller numbers but 0 are no category
-constexpr int WholeScreen = 1023;        // the mask of a paint procedure
 
 // What a row does to its account: an amount whose sign decides.
 FixedAmount RowEffect(const TRec &row, int64_t accountType) {
@@ -155,11 +154,6 @@ int RemoveFilterFiles() {
     return removed;
 }
 
-void PaintScreen() {
-    if (state.Paint[state.CurrentScreen])
-        state.Paint[state.CurrentScreen](ListWindow, WholeScreen);
-}
-
 } // namespace
 
 void CriteriaFromRow(const TRec &row, int32_t position, FilterCriteria *criteria) {
@@ -226,7 +220,7 @@ int ClearFilters() {
     if (state.CurrentScreen == TransactionList)
         LoadTranFile(state.SelectedPos[AccountList], SetRecPosition(selection, count));
     if (wasShown && KindOfList(state.CurrentScreen) == FileKind::Transactions)
-        PaintScreen();
+        RepaintScreen();
     return 1;
 }
 
@@ -237,5 +231,5 @@ void ClearFiltersAndRecompute() {
     CalcOneView(state.CurAccount.ID, !state.ArchiveView);
     CalcBalance(state.CurAccount.ID);
     LoadTranFile(state.SelectedPos[AccountList], state.TopPos[TransactionList]);
-    PaintScreen();
+    RepaintScreen();
 }

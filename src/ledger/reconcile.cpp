@@ -3,7 +3,6 @@
 #include "core/error_log.h"
 #include "core/state.h"
 #include "ledger/account_file.h"
-#include "ledger/moves.h"
 #include "store/index.h"
 #include "store/operations.h"
 #include "store/runs.h"
@@ -118,21 +117,4 @@ void ApplyReconcile() {
     }
     state.ReconcileState = ReconcileStep::Idle;
     state.CurrentScreen = screen;
-}
-
-int StrokeReconcile(int32_t position) {
-    TRec row;
-    if (!FetchTran(position, &row) || row.RowKind != ReconcileEntry)
-        return 0;
-    if (state.ReconcileState != ReconcileStep::Solved) {
-        RunReconcile(row.Value);
-        return 0;
-    }
-    ApplyReconcile();
-    const int32_t screen = state.CurrentScreen;
-    state.CurrentScreen = TransactionList;
-    if (DeleteRecFile(state.CurAccount.ID, position))
-        RepairTop(TransactionList);
-    state.CurrentScreen = screen;
-    return 1;
 }

@@ -13,6 +13,3 @@ void RunReconcile(FixedAmount target);
 int IsReconcileCandidate(int32_t position);
 // In the solved state: marks the solution reconciled. The state becomes idle.
 void ApplyReconcile();
-// A stroke across the Reconcile entry at a position: a solution is applied and the entry goes, without a copy in the
-// bin; in any other state the search runs anew. Balances are the caller's to recompute. 1 when it was applied.
-int StrokeReconcile(int32_t position);

@@ -241,8 +241,8 @@ void CheckDDs() {
     }
     state.SelectedPos[TransactionList] = selection;
     state.CurrentScreen = screen;
-    if (fired && screen >= AccountList && screen <= ConversionList && state.Paint[screen])
-        state.Paint[screen](ListWindow, 1023);
+    if (fired)
+        RepaintScreen();
 }
 
 int DDFileCheck() {
@@ -256,7 +256,7 @@ int DDFileCheck() {
         const DDBlock &block = item.Block[BlockInForce(item)];
         const int missing = !AccountThere(block.Account) || (block.Transfer != 0 && !AccountThere(block.Transfer));
         item.ItemStatus = missing ? MissingAccount : 0U;
-        if (missing || WholeMagnitude(TimesUnits(block.Units, block.Value)) > LargestItemUnits)
+        if (missing || WholeMagnitude(TimesUnits(block.Units, block.Value)) > uint64_t{LargestShown})
             clean = 0;
         if (item.ItemStatus != record.Rec.ItemStatus)
             WriteItem(handle, position, item, In::DDFileCheck);

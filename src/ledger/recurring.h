@@ -5,8 +5,7 @@
 
 enum ItemStatusBit : uint32_t { GeneratesMany = 1, MissingAccount = 2 };
 
-inline constexpr int EntriesAPass = 25;                 // most entries of one item in one pass
-inline constexpr uint64_t LargestItemUnits = 100000000; // whole units; a larger item needs attention
+inline constexpr int EntriesAPass = 25; // most entries of one item in one pass
 
 // The batch pass: every item that falls due within state.CheckAheadDays writes its entries. Restores screen, account,
 // row and view. Refreshes state.SharedToday.

@@ -319,25 +319,6 @@ TEST_F(Ledger, ARangeInTwoStepsIsOfOneList) {
     EXPECT_EQ(Rows(a).size() + Rows(a, true).size(), 2U);
 }
 
-TEST_F(Ledger, AFullBinDropsTheOldest) {
-    for (const int count : {5250, 5251}) {
-        std::vector<uint8_t> bytes(static_cast<size_t>(count) * 1064);
-        for (int i = 0; i < count; ++i) {
-            BinRec row = {};
-            row.Version = 1;
-            row.SourceList = TemplateList;
-            row.Units = i;
-            std::memcpy(bytes.data() + i * 1064, &row, sizeof row);
-        }
-        WriteBytes(Root.DataFile("E1_06BIN"), bytes);
-        LoadBinFile(1);
-        const std::vector<BinRec> bin = Bin();
-        ASSERT_EQ(bin.size(), count == 5250 ? 5250U : 5000U);
-        EXPECT_EQ(bin[0].Units, count == 5250 ? 0 : 251);
-        EXPECT_EQ(bin.back().Units, count - 1);
-    }
-}
-
 // Whichever write fails, an entry is in its file or in the bin, and never in neither.
 TEST_F(Ledger, AFailingDiskLosesNoDeletedEntry) {
     const uint32_t bank = NewAccount(BankAccount);

@@ -83,18 +83,17 @@ TEST_F(Ledger, TheSmallestMaskWins) {
     EXPECT_GT(solved, 100);
 }
 
-TEST_F(Ledger, AStrokeReconcilesTheSolutionAndTakesTheEntryAway) {
+TEST_F(Ledger, AnAppliedSolutionIsReconciled) {
     const uint32_t bank = NewAccount(BankAccount);
     Fill(bank, {{-3, "a", 5000}, {-2, "b", 7000}, {-1, "c", 9000}, {0, "Reconcile", 14000, 1, 0, ReconcileEntry}});
-    EXPECT_EQ(StrokeReconcile(1), 0); // an entry
-    EXPECT_EQ(StrokeReconcile(4), 0); // idle: it searches
-    EXPECT_EQ(state.ReconcileState, ReconcileStep::Solved);
-    EXPECT_EQ(StrokeReconcile(4), 1);
+    RunReconcile(14000);
+    ApplyReconcile();
     CalcBalance(bank);
-    EXPECT_EQ(Names(bank), "a 5, b 12, c 21");
     EXPECT_EQ(Account(bank).ClearedBalance, 14000);
+    EXPECT_EQ(Rows(bank)[1].Cleared, 0U);
     EXPECT_EQ(state.ReconcileState, ReconcileStep::Idle);
-    EXPECT_TRUE(Bin().empty());
+    ApplyReconcile();
+    EXPECT_EQ(Account(bank).ClearedBalance, 14000);
     // A solution holds only for the file as it was.
     RunReconcile(21000);
     EXPECT_EQ(Selected(), "2 ");
