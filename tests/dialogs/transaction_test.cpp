@@ -493,6 +493,60 @@ TEST_F(TransactionForm, WhatAFullDiskRefusesStaysInTheForm) {
     EXPECT_EQ(Row("b").RunTotal, 1000 - 2000);
 }
 
+TEST_F(TransactionForm, ATransferIsOnBothSidesOrOnNoneWhateverWriteFails) {
+    const uint32_t savings = MakeAccount("Savings", BankRow);
+    ShowAccount(purse);
+    bool failed = true;
+    for (int n = 1; failed; ++n) {
+        SCOPED_TRACE(n);
+        ASSERT_LT(n, 200);
+        const std::string name = "Move " + std::to_string(n);
+        NewAdvanced();
+        SetText(TitleField, name);
+        SetText(WholeField, "1");
+        ASSERT_TRUE(Choose(TransferField, "Savings"));
+        ResetDisk();
+        disk.Switches.FailAt = n;
+        Tick();
+        failed = disk.WriteCalls >= n;
+        ResetDisk();
+        const auto times = [&](uint32_t account) {
+            return (" " + Names(account)).find(" " + name + " ") != std::string::npos;
+        };
+        EXPECT_EQ(times(purse), times(savings));
+        EXPECT_EQ(times(purse), form.Resource == 0);
+        if (form.Resource != 0) { // again, on a disk that is well
+            Tick();
+            EXPECT_EQ(form.Resource, 0);
+            EXPECT_TRUE(times(purse) && times(savings));
+        }
+        EXPECT_EQ(Rows(purse).size(), Rows(savings).size());
+        EXPECT_EQ(Rows(purse).size(), static_cast<size_t>(n) + 2);
+    }
+}
+
+TEST_F(TransactionForm, AnAccountsNameMayBeTypedAndATotalMarkersIsNone) {
+    const uint32_t savings = MakeAccount("Savings", BankRow);
+    Show(AccountList);
+    state.SelectedPos[AccountList] = 1;
+    ASSERT_TRUE(SendCommand(CommandInsertTotal));
+    ShowAccount(purse);
+    constexpr struct {
+        const char *Typed;
+        bool Found;
+    } cases[] = {{"Savings", true}, {"savings", false}, {"Total", false}, {"<none>", false}, {"", false}};
+    size_t moved = Rows(savings).size();
+    for (const auto &row : cases) {
+        NewAdvanced();
+        SetText(TitleField, "Typed");
+        SetText(TransferField, row.Typed);
+        Tick();
+        moved += row.Found;
+        EXPECT_EQ(Rows(savings).size(), moved) << row.Typed;
+        EXPECT_EQ(Rows(purse)[state.SelectedPos[TransactionList] - 1].TransferID, row.Found ? savings : 0) << row.Typed;
+    }
+}
+
 TEST_F(TransactionForm, TheCrossKeepsNothingAndTheViewLeftIsTheNextOnes) {
     const auto before = Snapshot(root.Path());
     New(TransactionList);

@@ -144,7 +144,7 @@ void Fill(int) {
 }
 
 void TellCheck(const Event &event) {
-    if (event.Change != ControlChange::Pressed)
+    if (event.Change != ControlChange::Pressed && event.Change != ControlChange::Focus)
         return;
     if (event.Control == MinCheck)
         ControlChecked(MinCheck) ? ShowHelp(0, 300, 0, 301) : ShowHelp(0, 302);

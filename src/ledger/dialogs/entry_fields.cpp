@@ -3,7 +3,6 @@
 #include "platform/text.h"
 #include "screens/frame/form.h"
 #include "store/catalogue.h"
-#include "store/index.h"
 #include "store/windows.h"
 
 namespace {
@@ -256,21 +255,16 @@ void FillAccount(int field, uint32_t accountID, int noneFirst) {
 
 uint32_t ReadAccount(int field, uint32_t shown, int noneFirst) {
     const int index = SelectedControlItem(field);
-    if (index < 0) { // no list row: the text as typed, or one that no account has
-        if (!FieldTouched(field))
-            return shown;
-        char16_t name[ShownRoom];
-        GetControlText(field, name, ShownRoom);
-        return name[0] == 0 || (noneFirst && SameText(name, NoneText)) ? 0 : AccountNameToId(name);
-    }
-    if (index < noneFirst)
-        return 0;
-    // By its row, not by its name: two accounts may have one name.
+    if (index < 0 && !FieldTouched(field))
+        return shown;
+    char16_t name[ShownRoom];
+    GetControlText(field, name, ShownRoom);
+    // By its row where one was chosen, since two accounts may have one name; otherwise the first of the name typed.
     int row = noneFirst;
     uint32_t accountID = 0;
     AccountWalk walk;
     for (BeginAccounts(&walk); NextAccount(&walk); ++row)
-        if (row == index)
+        if (accountID == 0 && (index < 0 ? SameText(name, walk.Row.Rec.Name, TextRoom) : row == index))
             accountID = walk.Row.Rec.ID;
     return accountID;
 }

@@ -333,20 +333,39 @@ int ChangeEntry(TRec *row) {
     return MoveRecFile(state.CurAccount.ID, from, to, row);
 }
 
-// The other side of a transfer, in the partner's file.
-void AddCounterEntry(const TRec &row, uint32_t partnerID) {
+// The other side of a transfer, in the partner's file. 0 when it could not be written; a partner that has gone needs
+// none.
+int AddCounterEntry(const TRec &row, uint32_t partnerID) {
     const uint32_t accountID = state.CurAccount.ID;
     const int32_t fromType = state.AccountKind, selected = state.SelectedPos[TransactionList];
+    int written = 1;
     if (MakeAccountCurrent(partnerID)) {
         TRec counter = row;
         CopyText(counter.FITID, TextRoom, u""); // the bank's identity is the row's own
         MakeCounterEntry(&counter, fromType, state.AccountKind);
-        if (AddRecFile(partnerID, CpDates(counter.Date, counter.Rank), &counter, 0))
+        written = AddRecFile(partnerID, CpDates(counter.Date, counter.Rank), &counter, 0);
+        if (written)
             CalcBalance(partnerID);
     }
     MakeAccountCurrent(accountID);
     CountTransactions();
     state.SelectedPos[TransactionList] = selected;
+    return written;
+}
+
+// Writes the row and, for a transfer, its counter-entry. 0 when the entry could not be written; a new one whose
+// counter-entry could not be written is taken back, so that no money appears or goes.
+int SaveEntry(TRec *row, int isNew) {
+    const int32_t selected = state.SelectedPos[TransactionList];
+    const uint32_t partner = row->TransferID;
+    if (!(isNew ? AddEntry(row) : ChangeEntry(row)))
+        return 0;
+    if (!partner || AddCounterEntry(*row, partner) || !isNew)
+        return 1;
+    DeleteRecFile(state.CurAccount.ID, state.SelectedPos[TransactionList]);
+    CalcBalance(state.CurAccount.ID);
+    state.SelectedPos[TransactionList] = selected;
+    return 0;
 }
 
 int TranDialogSave() {
@@ -370,11 +389,8 @@ int TranDialogSave() {
     if (isNew || Differs(row, kept)) {
         TRec saved = isNew ? FreshRow() : row;
         saved.TransferID = partner;
-        // What could not be written stays in the form.
-        if (!(isNew ? AddEntry(&saved) : ChangeEntry(&saved)))
-            return 0;
-        if (partner)
-            AddCounterEntry(saved, partner);
+        if (!SaveEntry(&saved, isNew))
+            return 0; // what could not be written stays in the form
     }
     if (kind == ReconcileEntry) {
         LoadCurrentAccount();

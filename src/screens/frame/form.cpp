@@ -141,9 +141,12 @@ int Dialog_Init(const Form *form) {
 void RebuildForm(const Form *form, int initialise) {
     state.ActiveDialog = form->Dialog;
     state.OpenedForm = form;
+    const int focused = FocusedControl();
     OpenForm(form->Controls);
     FillLists();
     form->Fill(initialise);
+    if (FieldPresent(focused))
+        FocusControl(focused);
     DrawDialogDecor(DecorAll);
 }
 

@@ -31,7 +31,7 @@ enum FormItem : int {
     FirstChoiceItem = 54,
     SecondChoiceItem = 55,
     ThirdChoiceItem = 56,
-    TypeItem = 57,
+    TypeItem = 57, // of the account form, where it says "Jeopardy"
     ProgressItem = 58,
 };
 
@@ -96,7 +96,7 @@ int Dialog_Init(const Form *form);
 // Closes the open form without saving: the list gets its rows back, is read anew and painted, and the screen's end
 // lines show. A screen without end lines is reported as caseError.
 void Dialog_End();
-// The open form goes on as another one: other controls, filled by Fill(initialise).
+// The open form goes on as another one: other controls, filled by Fill(initialise), and the focus where it was.
 void RebuildForm(const Form *form, int initialise);
 
 // Every event of an open form: control events, presses on its window, tick and cross, a paint request. 1 when it was
