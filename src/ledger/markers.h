@@ -7,8 +7,8 @@
 // is shown or a form is open. 1 when made.
 int InsertDayMarker();
 
-// A Total marker in the account list at the selected position, or after the last when that is past the end. 1 when
-// made.
+// A Total marker in the account list at the selected position, or after the last when that is past the end, with its
+// help lines. 1 when made.
 int InsertTotalMarker();
 
 // Row contents of the two, for whoever inserts them elsewhere. FillTotalMarker draws an ID.

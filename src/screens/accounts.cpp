@@ -77,7 +77,6 @@ void Stroke(int position) {
         DeleteRecMem(position);
     } else {
         InsertTotalMarker();
-        ShowHelp(240, 241, 0, 242, 0, 243);
     }
     ReloadAndPaint(PaintCounts | PaintRows);
     LoadCurrentAccount();

@@ -140,8 +140,6 @@ void Restore(int position) {
     DDFileCheck();
     state.CurrentScreen = BinList;
     LoadWindow(state.TopPos[BinList]);
-    if (state.SelectedPos[BinList] > state.EntryCount[BinList])
-        state.SelectedPos[BinList] = state.EntryCount[BinList];
     doBin(ListWindow, PaintCounts | PaintRows | PaintTabs);
 }
 

@@ -173,7 +173,6 @@ void InsertReconcile(int) {
 
 void InsertTotal(int) {
     InsertTotalMarker();
-    ShowHelp(240, 241, 0, 242, 0, 243);
     Repaint();
 }
 
@@ -222,11 +221,7 @@ void DeletePreceding(int) {
 }
 
 void EmptyTheBin(int) {
-    const int screen = state.CurrentScreen;
     EmptyBin();
-    state.EntryCount[BinList] = 0;
-    state.TopPos[BinList] = state.SelectedPos[BinList] = 1;
-    state.CurrentScreen = screen;
     Repaint();
 }
 

@@ -159,11 +159,10 @@ void PressRow(const ListScreen &screen, int row) {
 }
 
 void TurnEyes(Window window, int x, int y) {
-    constexpr int ClosedEye = 9;
     if (state.MessageWindowOn)
         UpdateEyes(window, x, y);
-    else if (state.LeftEye != ClosedEye)
-        UpdateEyes(window, -ClosedEye, ClosedEye);
+    else
+        ShowEyes(ShutEye);
 }
 
 } // namespace

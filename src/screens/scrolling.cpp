@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr int StraightEye = 10;
-
 // The last top: two blank rows show behind the last entry.
 int32_t LowestTop() {
     const int32_t top = state.EntryCount[state.CurrentScreen] - state.RowCount + 3;
@@ -44,8 +42,7 @@ void DoScroll(ScrollCode code, int position) {
     if (state.ActiveDialog != NoDialog || screen == GraphList)
         return;
     ShowHelp(57, 58, 59, 0, 75, 61);
-    if (state.LeftEye != StraightEye || state.RightEye != StraightEye)
-        UpdateEyes(ListWindow, -StraightEye, StraightEye);
+    ShowEyes(OpenEye);
     int32_t top = TopAfter(code, position);
     if (top < 1)
         top = 1;

@@ -23,8 +23,6 @@
 
 namespace {
 
-constexpr int StraightEye = 10;
-
 // --- Before the windows
 
 void MakeDirectories() {
@@ -47,7 +45,7 @@ void AskForNames() {
 void OpenMessageWindow() {
     state.MessageWindowOn = state.HelpMode = 1;
     state.RowCount = RowsAboveMessages;
-    state.LeftEye = state.RightEye = StraightEye;
+    state.LeftEye = state.RightEye = OpenEye;
 }
 
 // Enciphered data can't be read before a pass code is asked for, and they may not be touched.
