@@ -276,8 +276,8 @@ int MoveBin(int32_t position) {
     state.CurrentScreen = static_cast<int32_t>(bin.SourceList);
     const int restored = AddTranMem();
     state.CurrentScreen = BinList;
-    if (restored)
-        DeleteRecFile(0, position);
+    if (restored && DeleteRecFile(0, position))
+        RepairTop(BinList);
     state.SelectedPos[BinList] = std::min(position, state.EntryCount[BinList]);
     state.CurrentScreen = screen;
     return restored;

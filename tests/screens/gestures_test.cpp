@@ -184,6 +184,23 @@ TEST_F(Device, RowsGoToTheBinAndComeBack) {
     }
     EXPECT_EQ(Read<ARecFile>("E1_01IND")[0].Balance, 6033210);
 
+    // The bin never shows more than two blank rows for what has left it.
+    ShowScreen(TemplateList);
+    for (int i = 0; i < 6; ++i) {
+        TapRow(1);
+        SendKey(Key::Delete);
+    }
+    SendKey(Key::Help);
+    ShowScreen(BinList);
+    Scroll(ScrollCode::Bottom);
+    ASSERT_EQ(state.TopPos[BinList], 2); // 6 rows in a window of 7
+    ASSERT_EQ(state.TabPage, 0);
+    DragToSlot(1, 5);
+    EXPECT_EQ(state.EntryCount[BinList], 5);
+    EXPECT_EQ(state.TopPos[BinList], 1);
+    SendKey(Key::Help);
+    SendCommand(CommandEmptyBin);
+
     // Out of the bin for good.
     ShowScreen(TemplateList);
     SendKey(Key::Delete);
