@@ -130,8 +130,11 @@ void Filter(int id) {
     FilterCriteria criteria;
     CriteriaFromRow(row, position, &criteria);
     for (const FilterCommand &filter : Filters)
-        if (filter.Id == id)
-            ApplyFilter(state.CurAccount.ID, filter.Keep, filter.Field, criteria, row.Date.DayNumber);
+        if (filter.Id == id &&
+            !ApplyFilter(state.CurAccount.ID, filter.Keep, filter.Field, criteria, row.Date.DayNumber)) {
+            Beep();
+            return;
+        }
     state.CurrentScreen = TransactionList;
     state.ReconcileState = ReconcileStep::Idle;
     LoadTranFile(state.SelectedPos[AccountList],

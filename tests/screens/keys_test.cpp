@@ -248,6 +248,18 @@ TEST_F(Device, AFormOpenedFromTheGraphLeadsBackToIt) {
     EXPECT_EQ(state.RepaintSkip, 0) << "a later paint request would leave the screen blank";
 }
 
+TEST_F(Device, AFilterThatTheDiskRefusesIsNotAnnounced) {
+    OpenRow(1);
+    TapRow(2);
+    disk.Switches.Unwritable = true;
+    const int beeps = machine.Beeps;
+    ASSERT_TRUE(SendCommand(ShowName));
+    EXPECT_GT(machine.Beeps, beeps);
+    EXPECT_EQ(Ids(), "38,0,40,41,42,43"); // the tap on the row
+    EXPECT_EQ(state.FilterShown, 0U);
+    EXPECT_EQ(state.EntryCount[TransactionList], 5);
+}
+
 TEST_F(Device, RefusedCommandsBeepOrKeepStill) {
     SendCommand(CommandNew);
     ASSERT_EQ(state.ActiveDialog, NewAccountDialog);
