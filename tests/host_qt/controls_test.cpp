@@ -279,6 +279,8 @@ TEST(Controls, ATextThatRecordsCannotHoldIsMadeFit) {
     } Cases[] = {
         {QStringLiteral("two\nlines\tand a tab"), u"two lines and a tab"},
         {QString(30, u'x') + QStringLiteral("\U0001F600"), std::u16string(30, u'x')}, // no half of a pair
+        {QStringLiteral("a") + QChar(0xDE00) + QStringLiteral("b") + QChar(0xD83D) + QStringLiteral("c"), u"abc"},
+        {QStringLiteral("a\U0001F600b"), u"a\U0001F600b"},
         {QStringLiteral("a\u00D7b\u2026"), u"a\u00D7b\u2026"},
         {QStringLiteral("a") + QChar(0) + QStringLiteral("b"), u"a b"},
     };

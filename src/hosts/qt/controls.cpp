@@ -279,13 +279,19 @@ QWidget *Make(QWidget *parent, const FormControl &control) {
     return nullptr;
 }
 
-// Text as records may hold it: one line without control characters, and no half of a surrogate pair at its end.
+// Text as records may hold it: one line without control characters, no half of a surrogate pair.
 QString Cleaned(QString text, bool oneLine) {
-    for (QChar &unit : text)
-        if (oneLine ? unit < u' ' || unit == QChar::LineSeparator || unit == QChar::ParagraphSeparator : unit.isNull())
-            unit = u' ';
-    if (!text.isEmpty() && text.back().isHighSurrogate())
-        text.chop(1);
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar unit = text[i];
+        const bool control =
+            oneLine ? unit < u' ' || unit == QChar::LineSeparator || unit == QChar::ParagraphSeparator : unit.isNull();
+        if (control)
+            text[i] = u' ';
+        else if (unit.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate())
+            ++i;
+        else if (unit.isSurrogate())
+            text.remove(i--, 1);
+    }
     return text;
 }
 

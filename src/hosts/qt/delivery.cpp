@@ -3,6 +3,7 @@
 #include "hosts/qt/device.h"
 #include <QBasicTimer>
 #include <QCoreApplication>
+#include <QList>
 
 namespace {
 

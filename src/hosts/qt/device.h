@@ -5,14 +5,12 @@
 #include "platform/event.h"
 #include "platform/surface.h"
 #include <QImage>
-#include <QList>
 #include <QWidget>
 
 class QScrollBar;
 
 inline constexpr int DeviceWidth = 240, DeviceHeight = 320;
 inline constexpr int TitleHeight = 26, BarTop = 294, BarHeight = DeviceHeight - BarTop;
-inline constexpr int StageHeight = BarTop - TitleHeight; // what is seen of TopWindow
 
 // One of the program's windows: a widget that shows its persistent image.
 class ProgramWindow : public QWidget {

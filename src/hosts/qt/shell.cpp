@@ -100,8 +100,12 @@ int WindowShown(Window window) {
 void PlaceWindow(Window window, const Rect &box) {
     if ((window != HubWindow && window != HostWindow) || !host.Windows[window])
         return;
-    host.Windows[window]->Box = box;
-    host.Windows[window]->Place();
+    ProgramWindow *const placed = host.Windows[window];
+    const Rect &before = placed->Box;
+    if (box.Right - box.Left != before.Right - before.Left || box.Bottom - box.Top != before.Bottom - before.Top)
+        placed->Image = {}; // of another size: nothing is painted on it yet
+    placed->Box = box;
+    placed->Place();
 }
 
 void LeaveLoop() {
