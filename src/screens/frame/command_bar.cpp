@@ -36,7 +36,7 @@ constexpr EyeLine EyeLines[] = {{HostWindow, 271}, {TopWindow, 245}, {HubWindow,
 // clang-format on
 
 constexpr int LeftEyeX = 140, RightEyeX = 160;
-constexpr int BarHeight = 4; // a point at the eyes' height or below is taken this much higher
+constexpr int Lift = 4; // a point at the eyes' height or below is taken this much higher
 constexpr int FlatHubCell = 12;
 
 void ShowBar() {
@@ -87,7 +87,7 @@ int UpdateEyes(Window window, int x, int y) {
         const EyeLine *line = std::find_if(std::begin(EyeLines), std::end(EyeLines) - 1,
                                            [window](const EyeLine &row) { return row.Where == window; });
         if (y >= line->Y)
-            y -= BarHeight;
+            y -= Lift;
         const int above = std::max(1, line->Y - y); // beside the eyes they look as far to the side as they can
         left = LookAt(x, LeftEyeX, above);
         right = LookAt(x, RightEyeX, above);
