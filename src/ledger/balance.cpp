@@ -244,9 +244,10 @@ FixedAmount CalcView(uint32_t accountID, uint32_t archive, int withMarker) {
     const int handle = OpenView(archive, accountID, OpenOrCreate);
     if (handle < 0)
         ReportError(In::CalcBalance, Trouble::TcreateFail);
-    else if (static_cast<int32_t>(account.AccType) < 0)
+    else if (static_cast<int32_t>(account.AccType) < 0) {
         ReportError(In::CalcBalance, Trouble::CaseError); // the rows keep their totals
-    else
+        count = CountRecords(handle, FileKind::Transactions);
+    } else
         count = CalcFile(handle, account, archive || !(account.LowWatch || account.HighWatch) ? nullptr : &watches,
                          &pass, &today);
     CloseFile(handle);
