@@ -166,6 +166,8 @@ TEST_F(AccountForm, AnEmptyNameIsKeptEmptyAndAFullDiskKeepsTheForm) {
     const size_t before = Accounts().size();
     Tick();
     EXPECT_EQ(form.Resource, 106);
+    EXPECT_EQ(Lines(), "/Warning!/Can't use xx_Data directory///");
+    EXPECT_EQ(state.HelpMode, 1u); // where the owner sees it
     EXPECT_EQ(Accounts().size(), before);
     disk.Switches.Full = false;
     Tick();

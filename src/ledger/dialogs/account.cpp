@@ -212,7 +212,7 @@ int DiaProcRename() {
         row.AccType = TypeStored[type];
     if (row.MinLimit > row.MaxLimit) {
         RefuseTick(LimitMessage);
-        return 0;
+        return TickRefused;
     }
     return state.ActiveDialog == NewAccountDialog ? AddAccount(&row) : ChangeAccount(row);
 }

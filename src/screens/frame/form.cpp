@@ -62,9 +62,15 @@ void FillLists() {
     }
 }
 
+// A tick that could not be written says so, and what was entered stays in the form.
 void TickForm() {
-    if (state.OpenedForm->Tick && state.OpenedForm->Tick())
+    if (!state.OpenedForm->Tick)
+        return;
+    const int result = state.OpenedForm->Tick();
+    if (result == TickDone)
         Dialog_End();
+    else if (result == TickUnwritten)
+        RefuseTick(128, 133);
 }
 
 void CrossForm() {

@@ -74,6 +74,9 @@ struct FieldList {
     void (*Fill)(int field); // writes the items of its list
 };
 
+// What a tick came to. Unwritten: the frame tells so; Refused: the form itself has told why. Both stay open.
+enum TickResult { TickUnwritten = 0, TickDone = 1, TickRefused = 2 };
+
 struct Form {
     int Dialog;    // a Dialog of core/state.h
     int WithPanel; // 1: the input panel rises with the form
@@ -82,7 +85,7 @@ struct Form {
     std::span<const HelpRow> Help;
     std::span<const FieldList> Lists;
     void (*Fill)(int initialise);        // 1: loads the working copy first; 0: shows it as it is
-    int (*Tick)();                       // 1: the form may close
+    int (*Tick)();                       // a TickResult; null: the form ends by itself
     void (*Cross)();                     // null: nothing to undo
     void (*Changed)(const Event &event); // control events beyond help; null: none
     void (*Tapped)(int item);            // what a tap on a part does beyond what it does on all forms; null: nothing
