@@ -72,7 +72,6 @@ int InsertDayMarker() {
 }
 
 int InsertTotalMarker() {
-    ShowHelp(240, 241, 0, 242, 0, 243);
     if (state.CurrentScreen != AccountList || !state.DataUsable)
         return 0;
     ARec row;
@@ -81,6 +80,8 @@ int InsertTotalMarker() {
     if (position < 1 || position > state.EntryCount[AccountList])
         position = state.EntryCount[AccountList] + 1;
     const int made = AddRecFile(0, position, &row, 0);
+    if (made)
+        ShowHelp(240, 241, 0, 242, 0, 243);
     LoadAccFile(state.TopPos[AccountList]);
     LoadCurrentAccount();
     return made;

@@ -211,8 +211,8 @@ void StrokeEntry(int position, TRec *row) {
     if (FilterGivesWay())
         return;
     row->Cleared = row->Cleared == 1 ? 0 : 1;
-    ShowLines(row->Cleared ? Set : Unset);
-    ModRecFile(state.CurAccount.ID, position, row);
+    if (ModRecFile(state.CurAccount.ID, position, row))
+        ShowLines(row->Cleared ? Set : Unset);
     state.SelectedPos[TransactionList] = position;
     RecomputeBalances();
     ReloadAndPaint(PaintCounts | PaintRows);

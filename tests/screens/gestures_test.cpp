@@ -66,6 +66,22 @@ TEST_F(Device, StrokesOnTheAccountListMakeAndRemoveTotals) {
     EXPECT_EQ(state.CurrentScreen, AccountList);
 }
 
+TEST_F(Device, AStrokeThatTheDiskRefusesIsNotAnnounced) {
+    disk.Switches.Full = true;
+    StrokeRow(3);
+    EXPECT_EQ(Ids(), "29,0,40,32,33,5"); // selected, no more
+    EXPECT_EQ(state.EntryCount[AccountList], 3);
+    disk.Switches.Full = false;
+    OpenRow(1);
+    TapRow(3);
+    const std::string selected = Ids();
+    disk.Switches.FailAt = disk.WriteCalls + 1;
+    StrokeRow(3);
+    EXPECT_EQ(Ids(), selected);
+    EXPECT_EQ(Read<TRecFile>("E1_02A1")[2].Cleared, 0U);
+    EXPECT_EQ(ColourAt(ListWindow, 36, 44), BrushColour(SilverBrush));
+}
+
 TEST_F(Device, StrokesFlagTemplatesAndTurnConversions) {
     ShowScreen(TemplateList);
     StrokeRow(1);
