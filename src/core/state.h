@@ -70,6 +70,7 @@ union WorkingRow { // by the form that is open
 };
 inline constexpr int ShownFields = 32, ShownRoom = 40;
 
+inline constexpr int EveryBand = 1023; // the mask that means everything to a paint procedure
 using PaintProcedure = void (*)(Window window, int mask);
 
 struct State {

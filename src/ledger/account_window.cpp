@@ -184,10 +184,9 @@ void ReloadList(int list, int32_t top) {
 }
 
 void RepaintScreen() {
-    constexpr int AllBands = 1023; // the mask that means everything to a paint procedure
     const int32_t screen = state.CurrentScreen;
     if (screen >= AccountList && screen <= ScreenCount && state.Paint[screen])
-        state.Paint[screen](ListWindow, AllBands);
+        state.Paint[screen](ListWindow, EveryBand);
 }
 
 int32_t CountTransactions() {

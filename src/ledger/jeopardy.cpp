@@ -21,7 +21,7 @@ int SelectedAccount(ARec *account) {
     if (state.ActiveDialog == NoDialog && FetchAccount(state.SelectedPos[AccountList], account))
         return 1;
     Beep();
-    ShowHelp(0, 0, 308);
+    ShowHelp(0, 308);
     return 0;
 }
 

@@ -6,7 +6,6 @@
 #include "ledger/order.h"
 #include "platform/clock.h"
 #include "platform/text.h"
-#include "store/configuration.h"
 #include "store/index.h"
 #include "store/operations.h"
 #include "store/windows.h"
@@ -32,18 +31,11 @@ void FillDayMarker(TRec *row, const RecDate &date) {
     CopyText(row->Memo, TextRoom, u"Auto generated");
 }
 
-void SetDefaultColumns(ARec *row) {
-    constexpr int32_t Dividers[] = {0, 45, 135, 180, 226}; // pixels
-    for (int i = 0; i < 5; ++i)
-        row->ColumnPos[i] = normalise(Dividers[i]);
-}
-
 void FillTotalMarker(ARec *row) {
     InitARec(row);
     row->RowKind = HeadingRow;
     CopyText(row->Name, TextRoom, u"Total");
     row->ID = GetNextID();
-    SetDefaultColumns(row);
     row->MinLimit = 50;
     row->MaxLimit = 50000;
 }

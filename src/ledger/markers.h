@@ -17,6 +17,3 @@ void FillTotalMarker(ARec *row);
 
 // A Day marker's date and name alone.
 void SetMarkerDay(TRec *row, const RecDate &date);
-
-// The dividers of a new account.
-void SetDefaultColumns(ARec *row);

@@ -11,6 +11,7 @@ enum MenuId : int {
     ConfigPopup = 201, PasswordPopup, JeopardyPopup, FilterPopup, ShowOnlyPopup, ExcludePopup, InsertPopup, DeletePopup,
     ArchivePopup, UnarchivePopup,
     CommandOk = 1, // the soft OK of the platform
+    CommandBeep = 4,
     CommandClose = 40002,
     CommandNew = 40076, CommandNotepad = 40104, CommandGeneral = 40105, CommandAlign = 40117,
     CommandPasswordOn = 40146, CommandPasswordOff = 40147, CommandJeopardyOn = 40120, CommandJeopardyOff = 40121,

@@ -73,8 +73,8 @@ void ToggleReconciledView(int) {
 
 void Stroke(int position) {
     if (InList(position) && Marked(position)) {
-        ShowHelp(0, 244, 0, 245);
-        DeleteRecMem(position);
+        if (DeleteRecMem(position))
+            ShowHelp(0, 244, 0, 245);
     } else {
         InsertTotalMarker();
     }

@@ -360,7 +360,7 @@ constexpr CommandRow Commands[] = {
     {CommandHub,             Everywhere,     InForm::Works,    Refuse},
     {CommandClose,           Everywhere,     InForm::Works,    Quit},
     {CommandOk,              Everywhere,     InForm::Works,    QuitFiltered},
-    {4,                      Everywhere,     InForm::Works,    Refuse},
+    {CommandBeep,            Everywhere,     InForm::Works,    Refuse},
 };
 // clang-format on
 

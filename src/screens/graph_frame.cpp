@@ -102,9 +102,8 @@ void DrawColumns() {
 
 void ShowBarForMode() {
     const int on = ChartShown();
-    // Hiding the bar asks for a repaint that the caller does itself; it joins one that is already to be passed over.
-    if (!on && state.ScrollBarShown && state.RepaintSkip == 0)
-        state.RepaintSkip = 1;
+    if (!on && state.ScrollBarShown)
+        PassOverRepaint();
     ShowListScrollBar(on);
 }
 

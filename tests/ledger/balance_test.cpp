@@ -285,7 +285,7 @@ TEST_F(Ledger, AWatchedLimitWarnsInTime) {
     EXPECT_EQ(Account(7).LowWatch + Account(7).HighWatch + Account(7).BalanceInJeopardy, 0U);
     state.ActiveDialog = AccountDialog;
     EXPECT_EQ(JeopardyOn(), 0);
-    EXPECT_EQ(Line(2), "First select a valid entry to modify!");
+    EXPECT_EQ(Line(1), "First select a valid entry to modify!");
 }
 
 // Random bytes in every field of every row: the totals wrap, nothing else happens.

@@ -142,7 +142,6 @@ void AddAccounts() {
         CopyText(row.Name, TextRoom, Accounts[i].Name);
         row.Flag = Accounts[i].Flag;
         row.ID = id[i] = GetNextID();
-        SetDefaultColumns(&row);
         row.MinLimit = 50;
         row.MaxLimit = 50000;
         state.CurrentScreen = AccountList;

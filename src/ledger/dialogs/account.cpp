@@ -121,7 +121,6 @@ int32_t ReadLimit(int field, uint32_t sign, int32_t shown) {
 
 void ProposeAccount(ARec *row) {
     InitARec(row);
-    SetDefaultColumns(row);
     row->MinLimit = ProposedMin;
     row->MaxLimit = ProposedMax;
     AppendAscii(row->Name, TextRoom, "Account ");

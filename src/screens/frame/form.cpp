@@ -168,7 +168,7 @@ void Dialog_End() {
         PlaceListScrollBar();
         // The list is painted below; the request that the windows bring has nothing left to do.
         if (state.HubState == 0 && !state.HelpMode && ended != PassCodeDialog)
-            ++state.RepaintSkip;
+            PassOverRepaint();
     }
     if (state.BackToGraph) {
         state.BackToGraph = 0;

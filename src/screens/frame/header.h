@@ -1,6 +1,7 @@
 // The header band and the column titles of TopWindow.
 #pragma once
 
+#include "core/state.h"
 #include "platform/surface.h"
 #include "screens/drawing/colours.h"
 
@@ -12,7 +13,7 @@ enum RepaintMask : int {
     PaintColumns = 8,
     PaintRows = 16,
     PaintTabs = 32,
-    PaintAll = 1023,
+    PaintAll = EveryBand,
     PaintAllButTabs = 991,
 };
 

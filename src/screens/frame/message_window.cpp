@@ -114,7 +114,7 @@ void OpenMessages(int reload, int keepDialog) {
         RelayList(reload, PaintAll);
     }
     if (state.ActiveDialog == NoDialog)
-        ++state.RepaintSkip; // placing the scroll bar asks for the repaint just done
+        PassOverRepaint();
     if (state.ActiveDialog == NewAccountDialog)
         ShowHelpMessage(1, 1, 1, 115, 117, 4, 0, 0);
     else

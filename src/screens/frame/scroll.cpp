@@ -15,6 +15,10 @@ void PlaceListScrollBar() {
     PlaceScrollBar({RightEdge, 0, ScreenWidth, state.RowCount * RowHeight + 1});
 }
 
+void PassOverRepaint() {
+    state.RepaintSkip = std::max(state.RepaintSkip, 1);
+}
+
 void SetScrollBarThumb(int top, int count) {
     const bool graphAboveMessages = state.CurrentScreen == GraphList && state.MessageWindowOn;
     const int rows = state.RowCount - (graphAboveMessages ? 1 : 0);
