@@ -6,6 +6,7 @@
 #include "hosts/qt/device.h"
 #include "hosts/qt/start.h"
 #include "platform/files.h"
+#include "store/records/records.h"
 #include <QApplication>
 #include <QDir>
 #include <QEventLoop>
@@ -44,6 +45,10 @@ constexpr Step Type(const char *text) {
 constexpr Step Press(int key, int modifiers = Qt::NoModifier) {
     return {Act::Key, key, modifiers, 0, 0, nullptr};
 }
+// A screen by its number, as the key of that digit shows it.
+constexpr Step Show(int screen) {
+    return Press(Qt::Key_0 + screen, Qt::ControlModifier);
+}
 constexpr Step Picture(const char *name) {
     return {Act::Picture, 0, 0, 0, 0, name};
 }
@@ -79,13 +84,32 @@ constexpr Step Steps[] = {
     Tap(TabX(5), LowTabY), Picture("templates"),
     DoubleTap(50, RowY(1)), Picture("template"), Press(Qt::Key_Escape),
     Tap(TabX(6), LowTabY), Picture("bin"),
-    Press(Qt::Key_7, Qt::ControlModifier), Picture("categories"),
+    Show(CategoryList), Picture("categories"),
     DoubleTap(100, RowY(1)), Picture("category"), Press(Qt::Key_Escape),
-    Press(Qt::Key_8, Qt::ControlModifier), Picture("conversions"),
+    Show(ConversionList), Picture("conversions"),
     DoubleTap(50, RowY(1)), Picture("conversion"), Press(Qt::Key_Escape),
     Press(Qt::Key_F10), Press(Qt::Key_Return), Picture("notepad"), Press(Qt::Key_Escape),
     Press(Qt::Key_F10), Press(Qt::Key_Down), Press(Qt::Key_Right), Press(Qt::Key_Return), Picture("settings"),
     Press(Qt::Key_Escape),
+    Show(GraphList), Picture("graph"),
+    Show(TransactionList), DoubleTap(60, RowY(9)), Tap(215, 198), Picture("new-entry-advanced"), Press(Qt::Key_Escape),
+    Drag(60, RowY(9), 130, RowY(9)), Picture("new-reconcile"), Press(Qt::Key_Escape),
+    Tap(60, RowY(2)), Press(Qt::Key_F10), Press(Qt::Key_Right), Press(Qt::Key_Down), Press(Qt::Key_Down),
+    Press(Qt::Key_Down), Press(Qt::Key_Down), Press(Qt::Key_Down), Press(Qt::Key_Right), Picture("archive-menu"),
+    Press(Qt::Key_Return), Picture("archived"),
+    Tap(120, 33), Picture("archive-view"),
+    Show(AccountList), Picture("archives"), Tap(120, 33),
+    Show(TransactionList), Tap(60, RowY(3)), Press(Qt::Key_F10), Press(Qt::Key_Down), Press(Qt::Key_Down),
+    Press(Qt::Key_Down), Press(Qt::Key_Down), Press(Qt::Key_Right), Press(Qt::Key_Right), Picture("filter-menu"),
+    Press(Qt::Key_Return), Picture("filtered"),
+    Press(Qt::Key_F1), Picture("filtered-with-help"),
+    Show(AccountList), Picture("accounts-with-help"),
+    Show(GraphList), Picture("graph-with-help"),
+    Show(RecurringList), Picture("recurring-with-help"),
+    Show(TemplateList), Picture("templates-with-help"),
+    Show(BinList), Picture("bin-with-help"),
+    Show(CategoryList), Picture("categories-with-help"),
+    Show(ConversionList), Picture("conversions-with-help"),
     Restart(),
     Picture("accounts-after-restart"),
     DoubleTap(50, RowY(1)), Picture("transactions-after-restart"),
