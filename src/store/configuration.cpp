@@ -167,9 +167,9 @@ void UpdateBmap() {
     TakeFrontSettings(record);
 }
 
-void StampLastChecked() {
+int StampLastChecked() {
     ConfRec record;
     ReadConfiguration(&record, In::CheckT1totals);
     LoadTodaysDate(&record.LastChecked);
-    WriteConfiguration(&record, In::CheckT1totals);
+    return WriteConfiguration(&record, In::CheckT1totals);
 }

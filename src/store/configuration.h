@@ -29,5 +29,5 @@ enum class In : uint8_t;
 int ReadConfiguration(ConfRec *record, In function);
 // 0 on failure, reported as CwriteFail under `function`.
 int WriteConfiguration(const ConfRec *record, In function);
-// Stamps today into LastChecked.
-void StampLastChecked();
+// Stamps today into LastChecked. 0 when it could not be written.
+int StampLastChecked();

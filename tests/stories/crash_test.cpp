@@ -176,6 +176,7 @@ TEST_F(Device, AnUnwritableDirectoryIsShownAndLeftAlone) {
         const auto files = Snapshot(root.Path());
         disk.Switches.Unwritable = true;
         ASSERT_TRUE(StartProgram());
+        EXPECT_EQ(Lines(), "Warning!//Can't use xx_Data directory///");
         if (!fresh) {
             EXPECT_EQ(RowsShown(1), std::vector<std::string>{"Current account | 516.00"});
             OpenAccount(1);

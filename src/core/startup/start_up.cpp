@@ -133,6 +133,10 @@ void FirstLoad() {
 
 void ShowFirstScreen() {
     state.FrontPageDone = 1;
+    // A disk that refuses says so before anything is entered.
+    const bool writable = !state.DataUsable || StampLastChecked();
+    if (!writable)
+        OpenMessageWindow();
     SetMenuBar();
     if (state.DataUsable) {
         CheckDDs();
@@ -143,7 +147,10 @@ void ShowFirstScreen() {
     SetGreys(AccountList);
     PlaceListScrollBar();
     doAccounts(ListWindow, PaintAll);
-    ShowHelpMessage(1, 1, 0, 2, 3, 0, 0, 0);
+    if (writable)
+        ShowHelpMessage(1, 1, 0, 2, 3, 0, 0, 0);
+    else
+        ShowHelpMessage(1, 1, 128, 0, 133, 0, 0, 0);
 }
 
 } // namespace

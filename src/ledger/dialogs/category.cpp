@@ -126,8 +126,10 @@ int SaveCategory() {
 
 // Another category comes to the middle; what was typed is kept.
 void Step(int step) {
-    if (!SaveCategory())
+    if (!SaveCategory()) {
+        TellUnwritten();
         return;
+    }
     state.DuplicateOn = 0;
     state.SelectedPos[CategoryList] = Neighbour(step);
     Fill(1);

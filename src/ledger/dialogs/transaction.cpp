@@ -246,8 +246,10 @@ int32_t NextEntry(int32_t position, int forward) {
 }
 
 void StepEntry(int forward) {
-    if (!state.FilterView && !TranDialogSave())
+    if (!state.FilterView && !TranDialogSave()) {
+        TellUnwritten();
         return;
+    }
     const int32_t next = NextEntry(state.SelectedPos[TransactionList], forward);
     if (next == 0)
         return;

@@ -62,7 +62,6 @@ void FillLists() {
     }
 }
 
-// A tick that could not be written says so, and what was entered stays in the form.
 void TickForm() {
     if (!state.OpenedForm->Tick)
         return;
@@ -70,7 +69,7 @@ void TickForm() {
     if (result == TickDone)
         Dialog_End();
     else if (result == TickUnwritten)
-        RefuseTick(128, 133);
+        TellUnwritten();
 }
 
 void CrossForm() {
@@ -230,4 +229,8 @@ void RefuseTick(int line2, int line3) {
         ToggleEyes();
     Beep();
     ShowHelpMessage(1, 1, 0, line2, line3, 0, 0, 0);
+}
+
+void TellUnwritten() {
+    RefuseTick(128, 133);
 }

@@ -117,6 +117,9 @@ int SipControl(int mode);
 // Forces help mode on and shows the lines: how a form refuses a tick.
 void RefuseTick(int line2, int line3 = 0);
 
+// Says that the data can't be written; what was entered stays in the form.
+void TellUnwritten();
+
 // 1 when the open form has the control.
 int FieldPresent(int field);
 // Sets a field's text, and remembers what the field then holds. A text longer than the field's limit is cut there.
