@@ -39,6 +39,16 @@ struct Disk {
 extern Disk disk;
 // Switches and counters back to the defaults.
 void ResetDisk();
+// Does the work on a disk that fails as told. True when the failure was met: a sweep goes on to the next write-like
+// call until it is not.
+template <typename Work> bool WithFailingDisk(const DiskSwitches &switches, const Work &work) {
+    ResetDisk();
+    disk.Switches = switches;
+    work();
+    const bool met = switches.Full || disk.WriteCalls >= switches.FailAt;
+    ResetDisk();
+    return met;
+}
 
 // --- The clock. It does not run by itself, but ClockTicks gives one tick more at each call.
 struct TestClock {

@@ -1,14 +1,5 @@
 // A filter hides rows and touches none.
-#include "ledger/account_window.h"
-#include "ledger/balance.h"
-#include "ledger/bin.h"
-#include "ledger/filter.h"
 #include "ledger/ledger_test.h"
-#include "ledger/moves.h"
-#include "store/index.h"
-#include "store/windows.h"
-
-using namespace testhost;
 
 namespace {
 
@@ -51,14 +42,13 @@ struct Filtered : Ledger {
 } // namespace
 
 TEST_F(Filtered, EachFieldNarrowsTheView) {
-    struct Case {
+    const struct {
         FilterBy Field;
         int Keep;
         int32_t Position;
         bool FromArchive;
         const char *Archive, *Live; // rows shown, by their number among all
-    };
-    const Case cases[] = {
+    } cases[] = {
         {FilterBy::Name, 1, 2, false, "1 3 ", "1 2 6 7 "},
         {FilterBy::Name, 0, 2, false, "2 3 ", "1 3 4 5 6 "},
         {FilterBy::Name, 0, 6, false, "1 2 3 ", "1 2 3 4 5 7 "}, // a marker by its name
@@ -80,7 +70,7 @@ TEST_F(Filtered, EachFieldNarrowsTheView) {
         {FilterBy::Kind, 0, 6, false, "1 2 3 ", "1 2 3 4 5 7 "},
         {FilterBy::Kind, 0, 2, false, "3 ", "1 6 "},
     };
-    for (const Case &test : cases) {
+    for (const auto &test : cases) {
         SCOPED_TRACE(testing::Message() << static_cast<int>(test.Field) << (test.Keep ? " only " : " without ")
                                         << test.Position);
         ASSERT_EQ(Apply(test.Keep, test.Field, test.Position, test.FromArchive), 1);
@@ -92,8 +82,7 @@ TEST_F(Filtered, EachFieldNarrowsTheView) {
     }
     GoTo(Bank);
     ClearFiltersAndRecompute();
-    const auto after = Snapshot(Root.Path());
-    EXPECT_TRUE(after == Before); // the accounts' totals included
+    EXPECT_TRUE(Snapshot(Root.Path()) == Before); // the accounts' totals included
 }
 
 TEST_F(Filtered, FiltersStackAndShowTheirOwnTotals) {
@@ -128,32 +117,24 @@ TEST_F(Filtered, FiltersStackAndShowTheirOwnTotals) {
 
 TEST_F(Filtered, AFilterThatCannotBeWrittenLeavesTheView) {
     ASSERT_EQ(Apply(0, FilterBy::Name, 2), 1);
-    const std::string shown = Shown(false);
     GoTo(Bank);
     const auto before = Snapshot(Root.Path());
-    disk.Switches.Full = true;
-    EXPECT_EQ(Apply(0, FilterBy::Name, 2), 0);
-    ResetDisk();
+    WithFailingDisk({.Full = true}, [this] { EXPECT_EQ(Apply(0, FilterBy::Name, 2), 0); });
     EXPECT_TRUE(Snapshot(Root.Path()) == before);
-    EXPECT_EQ(Shown(false), shown);
 }
 
 TEST_F(Ledger, ACategoryOfASmallNumberIsNone) {
     const uint32_t bank = NewAccount(BankAccount);
     Fill(bank, {{-3, "a", 1}, {-2, "b", 1}, {-1, "c", 1}});
-    std::vector<uint8_t> bytes = ReadBytes(Root.DataFile("E1_02A1"));
+    std::vector<uint8_t> bytes = File(bank);
     bytes[608 + 248] = 9;     // 9
     bytes[2 * 608 + 250] = 1; // 65536
     WriteBytes(Root.DataFile("E1_02A1"), bytes);
-    struct Case {
-        int64_t CatID;
-        size_t Shown;
-    };
-    for (const Case &test : {Case{0, 1}, Case{9, 0}, Case{65536, 1}, Case{65537, 0}}) {
+    for (const auto &[id, shown] : {std::pair{0, 1U}, {9, 0U}, {65536, 1U}, {65537, 0U}}) {
         FilterCriteria criteria = {};
-        criteria.CatID = test.CatID;
+        criteria.CatID = id;
         ASSERT_EQ(ApplyFilter(bank, 1, FilterBy::Category, criteria, 0), 1);
-        EXPECT_EQ(Read<TRec>("E1_02AF1").size(), test.Shown) << test.CatID;
+        EXPECT_EQ(Read<TRec>("E1_02AF1").size(), shown) << id;
         ClearFilters();
     }
 }

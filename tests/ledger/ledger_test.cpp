@@ -1,16 +1,7 @@
 #include "ledger/ledger_test.h"
 #include "core/messages.h"
-#include "ledger/account_window.h"
-#include "ledger/balance.h"
-#include "ledger/order.h"
-#include "platform/text.h"
 #include "resources/error_names.h"
 #include "store/configuration.h"
-#include "store/index.h"
-#include "store/operations.h"
-#include "store/windows.h"
-
-using namespace testhost;
 
 TRec RowOf(const Entry &entry) {
     TRec row;
@@ -47,6 +38,10 @@ DDRec ItemOf(const char *name, int day, uint32_t account, int64_t value, const c
         block.Account = account;
     }
     return item;
+}
+
+static std::string FileName(uint32_t account, bool archive) {
+    return (archive ? "E1_02R" : "E1_02A") + std::to_string(account);
 }
 
 Ledger::Ledger() {
@@ -92,18 +87,24 @@ void Ledger::Fill(uint32_t account, const std::vector<Entry> &entries, bool arch
         const TRecFile record = {RowOf(entries[i]), {}};
         std::memcpy(bytes.data() + i * sizeof record, &record, sizeof record);
     }
-    WriteBytes(Root.DataFile((archive ? "E1_02R" : "E1_02A") + std::to_string(account)), bytes);
+    WriteBytes(Root.DataFile(FileName(account, archive)), bytes);
     CalcOneView(account, archive);
     GoTo(account);
 }
 
 void Ledger::PutItem(const DDRec &item) {
+    const int screen = state.CurrentScreen;
     state.CurrentScreen = RecurringList;
     ASSERT_EQ(AddRecFile(0, CpDates(item.NextDate, item.Rank), &item, 1), 1);
+    state.CurrentScreen = screen;
 }
 
 std::vector<TRec> Ledger::Rows(uint32_t account, bool archive) const {
-    return Read<TRec>((archive ? "E1_02R" : "E1_02A") + std::to_string(account));
+    return Read<TRec>(FileName(account, archive));
+}
+
+std::vector<uint8_t> Ledger::File(uint32_t account, bool archive) const {
+    return ReadBytes(Root.DataFile(FileName(account, archive)));
 }
 
 ARec Ledger::Account(uint32_t account) const {
@@ -120,15 +121,13 @@ std::string Ledger::Names(uint32_t account, bool archive) const {
     return names;
 }
 
-int64_t Ledger::PlainSum(const std::vector<TRec> &rows, uint32_t lastDay, bool clearedOnly) {
-    int64_t sum = 0;
-    for (const TRec &row : rows) {
-        if (row.Date.DayNumber > lastDay)
-            continue;
-        if (row.RowKind == ArchiveMarker)
-            sum += clearedOnly ? row.ClearedValue : row.Value;
-        else if (row.RowKind == DeletedMarker || row.RowKind == EntryRow)
-            sum += clearedOnly && !row.Cleared ? 0 : row.Value * (row.RowKind == EntryRow ? row.Units : 1);
-    }
-    return sum;
+void Ledger::ExpectNoneLost(const std::string &entries, uint32_t account) const {
+    std::string found;
+    for (const bool archive : {false, true})
+        for (const TRec &row : Rows(account, archive))
+            found += row.RowKind == EntryRow ? Utf8(row.Name) : "";
+    for (const BinRec &row : Bin())
+        found += Utf8(row.Name);
+    for (const char name : entries)
+        EXPECT_NE(found.find(name), std::string::npos) << name << " is not in " << found;
 }

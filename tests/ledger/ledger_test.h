@@ -4,11 +4,25 @@
 
 #include "core/state.h"
 #include "host/test_host.h"
+#include "ledger/account_window.h"
+#include "ledger/archive.h"
+#include "ledger/balance.h"
+#include "ledger/bin.h"
+#include "ledger/filter.h"
+#include "ledger/moves.h"
+#include "ledger/order.h"
+#include "ledger/recurring.h"
+#include "platform/text.h"
+#include "store/index.h"
+#include "store/operations.h"
 #include "store/records/records.h"
+#include "store/windows.h"
 #include <cstring>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
+
+using namespace testhost;
 
 constexpr uint32_t Today = 155289; // 2 March 2026 as a day number
 
@@ -24,7 +38,7 @@ struct Entry { // a row as a test writes it down
 
 class Ledger : public testing::Test {
 protected:
-    testhost::TestRoot Root;
+    TestRoot Root;
 
     Ledger();
     // Appends an account of a type with its own ID; it is the current one.
@@ -33,6 +47,7 @@ protected:
     void Put(uint32_t account, const Entry &entry);
     // Straight into the file, as they come; then CalcBalance.
     void Fill(uint32_t account, const std::vector<Entry> &entries, bool archive = false);
+    // The screen shown stays.
     void PutItem(const DDRec &item);
     void GoTo(uint32_t account, bool archive = false);
 
@@ -41,10 +56,12 @@ protected:
     ARec Account(uint32_t account) const;
     std::vector<BinRec> Bin() const { return Read<BinRec>("E1_06BIN"); }
     std::vector<DDRec> Items() const { return Read<DDRec>("E1_04DD"); }
-    // "Name value" of each row, with ", " between them.
+    // The file as it lies on the disk.
+    std::vector<uint8_t> File(uint32_t account, bool archive = false) const;
+    // "Name total" of each row, in whole units, with ", " between them.
     std::string Names(uint32_t account, bool archive = false) const;
-    // The balance as of today by a plain sum over the rows' own fields, for money accounts.
-    static int64_t PlainSum(const std::vector<TRec> &rows, uint32_t lastDay, bool clearedOnly);
+    // Every entry, named by a letter, stands in the account, in its archive or in the bin.
+    void ExpectNoneLost(const std::string &entries, uint32_t account) const;
 };
 
 TRec RowOf(const Entry &entry);
@@ -52,7 +69,7 @@ DDRec ItemOf(const char *name, int day, uint32_t account, int64_t value, const c
              int32_t total);
 
 template <typename Record> std::vector<Record> Ledger::Read(const std::string &file) const {
-    const std::vector<uint8_t> bytes = testhost::ReadBytes(Root.DataFile(file));
+    const std::vector<uint8_t> bytes = ReadBytes(Root.DataFile(file));
     std::vector<Record> records;
     for (size_t at = 0; at + sizeof(Record) + TailBytes <= bytes.size(); at += sizeof(Record) + TailBytes) {
         Record record;

@@ -1,21 +1,7 @@
 // Years of an account's life in random order: whatever an owner does, every entry stands in exactly one place, with
 // all that was written into it, rows are in date order, and every total is the plain sum of the rows above it.
-#include "ledger/account_window.h"
-#include "ledger/archive.h"
-#include "ledger/balance.h"
-#include "ledger/bin.h"
-#include "ledger/filter.h"
 #include "ledger/ledger_test.h"
-#include "ledger/moves.h"
-#include "ledger/order.h"
-#include "ledger/recurring.h"
-#include "platform/text.h"
-#include "store/index.h"
-#include "store/operations.h"
-#include "store/windows.h"
 #include <map>
-
-using namespace testhost;
 
 namespace {
 
@@ -46,7 +32,7 @@ void AddRow(const TRec &row, bool share, Sums *sums) {
 }
 
 struct Life : Ledger {
-    uint32_t Random = 0, Own = 0, Other = 0;
+    uint32_t Random = 0, Own = 0;
     uint32_t Type = 0;
     int Made = 0;
     std::map<std::string, TRec> Entries; // as they were written
@@ -55,7 +41,6 @@ struct Life : Ledger {
         Random = Random * 1664525 + 1013904223;
         return below > 0 ? static_cast<int>((Random >> 10) % static_cast<uint32_t>(below)) : 0;
     }
-    int32_t Position() { return IDtoRec(Own); }
     int Count(bool archive) { return static_cast<int>(Rows(Own, archive).size()); }
 
     TRec RandomRow(const std::string &name) {
@@ -109,11 +94,11 @@ struct Life : Ledger {
             break;
         case 3:
             GoTo(Own);
-            Archive(Position(), Pick(Count(false)) + 1, nullptr);
+            Archive(IDtoRec(Own), Pick(Count(false)) + 1, nullptr);
             break;
         case 4:
             GoTo(Own, true);
-            Unarchive(Position(), Pick(3) ? Pick(Count(true)) + 1 : 1, nullptr);
+            Unarchive(IDtoRec(Own), Pick(3) ? Pick(Count(true)) + 1 : 1, nullptr);
             break;
         case 5: {
             FilterCriteria criteria = {};
@@ -223,10 +208,10 @@ TEST_F(Life, NothingIsLostDoubledOrMiscounted) {
         }
         // All to the archive and back: the same entries.
         GoTo(Own);
-        Archive(Position(), INT32_MAX, nullptr);
+        Archive(IDtoRec(Own), INT32_MAX, nullptr);
         CheckAll();
         GoTo(Own, true);
-        Unarchive(Position(), 1, nullptr);
+        Unarchive(IDtoRec(Own), 1, nullptr);
         CheckAll();
         EXPECT_TRUE(Rows(Own, true).empty());
         for (const char *file : {"E1_06BIN", "E1_04DD"})

@@ -1,10 +1,7 @@
 // A statement's balance finds the entries that explain it.
-#include "ledger/account_window.h"
-#include "ledger/balance.h"
+#include "host/fuzz.h"
 #include "ledger/ledger_test.h"
 #include "ledger/reconcile.h"
-
-using namespace testhost;
 
 namespace {
 
@@ -20,32 +17,32 @@ std::string Selected() {
 
 TEST_F(Ledger, TheSearchPrefersTheOldestEntries) {
     const std::vector<Entry> twentyTwo(22, Entry{-5, "one", 1000});
-    struct Case {
+    constexpr ReconcileStep Solved = ReconcileStep::Solved, Impossible = ReconcileStep::Impossible;
+    const struct {
         const char *What;
         std::vector<Entry> Rows;
         FixedAmount Target;
         ReconcileStep State;
         const char *Selected;
         int32_t Count;
-    };
-    const Case cases[] = {
-        {"first alone", {{-3, "", 5000}, {-2, "", 3000}, {-1, "", 2000}}, 5000, ReconcileStep::Solved, "1 ", 1},
-        {"both", {{-3, "", 3000}, {-2, "", 5000}}, 8000, ReconcileStep::Solved, "1 2 ", 2},
-        {"a thousandth off", {{-3, "", 3000}, {-2, "", 5000}}, 8001, ReconcileStep::Impossible, "", 0},
-        {"nothing to explain", {{-3, "", 3000, 1, 1}}, 3000, ReconcileStep::Solved, "", 0},
-        {"nothing to choose from", {{-3, "", 3000, 1, 1}}, 4000, ReconcileStep::Impossible, "", 0},
-        {"the multiplier counts", {{-3, "", -10000, 3}, {-2, "", 1}}, -30000, ReconcileStep::Solved, "1 ", 1},
-        {"reconciled, but not yet due", {{-3, "", 1000}, {1, "", 7000, 1, 1}}, 7000, ReconcileStep::Solved, "2 ", 1},
+    } cases[] = {
+        {"first alone", {{-3, "", 5000}, {-2, "", 3000}, {-1, "", 2000}}, 5000, Solved, "1 ", 1},
+        {"both", {{-3, "", 3000}, {-2, "", 5000}}, 8000, Solved, "1 2 ", 2},
+        {"a thousandth off", {{-3, "", 3000}, {-2, "", 5000}}, 8001, Impossible, "", 0},
+        {"nothing to explain", {{-3, "", 3000, 1, 1}}, 3000, Solved, "", 0},
+        {"nothing to choose from", {{-3, "", 3000, 1, 1}}, 4000, Impossible, "", 0},
+        {"the multiplier counts", {{-3, "", -10000, 3}, {-2, "", 1}}, -30000, Solved, "1 ", 1},
+        {"reconciled, but not yet due", {{-3, "", 1000}, {1, "", 7000, 1, 1}}, 7000, Solved, "2 ", 1},
         {"markers are no entries",
          {{-3, "", 4000, 1, 0, DeletedMarker}, {-2, "", 4000, 1, 0, ReconcileEntry}, {-1, "", 4000}},
          4000,
-         ReconcileStep::Solved,
+         Solved,
          "3 ",
          1},
-        {"twenty", twentyTwo, 20000, ReconcileStep::Solved, "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 ", 20},
-        {"the 21st is not considered", twentyTwo, 21000, ReconcileStep::Impossible, "", 0},
+        {"twenty", twentyTwo, 20000, Solved, "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 ", 20},
+        {"the 21st is not considered", twentyTwo, 21000, Impossible, "", 0},
     };
-    for (const Case &test : cases) {
+    for (const auto &test : cases) {
         SCOPED_TRACE(test.What);
         const uint32_t bank = NewAccount(BankAccount);
         Fill(bank, test.Rows);
@@ -58,14 +55,13 @@ TEST_F(Ledger, TheSearchPrefersTheOldestEntries) {
 
 // All masks in ascending order by the plainest loop, against the search's own, over many small accounts.
 TEST_F(Ledger, TheSmallestMaskWins) {
-    uint32_t random = 7;
-    const auto next = [&random] { return (random = random * 1664525 + 1013904223) >> 16; };
+    Dice dice(7);
     int solved = 0;
     for (int round = 0; round < 300; ++round) {
-        state.CandidateCount = static_cast<int32_t>(next() % 14);
+        state.CandidateCount = static_cast<int32_t>(dice.Below(14));
         for (int i = 0; i < state.CandidateCount; ++i)
-            state.Candidates[i] = {i + 1, static_cast<FixedAmount>(next() % 41) - 20, 0, 0};
-        state.Discrepancy = static_cast<FixedAmount>(next() % 61) - 30;
+            state.Candidates[i] = {i + 1, static_cast<FixedAmount>(dice.Below(41)) - 20, 0, 0};
+        state.Discrepancy = static_cast<FixedAmount>(dice.Below(61)) - 30;
         uint32_t expected = 0;
         for (uint32_t mask = 1; state.Discrepancy != 0 && !expected && mask < 1U << state.CandidateCount; ++mask) {
             FixedAmount sum = 0;

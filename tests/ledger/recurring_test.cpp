@@ -1,14 +1,5 @@
 // Standing orders are paid once each, on their day, whole.
-#include "ledger/account_window.h"
-#include "ledger/balance.h"
-#include "ledger/filter.h"
 #include "ledger/ledger_test.h"
-#include "ledger/recurring.h"
-#include "platform/text.h"
-#include "store/index.h"
-#include "store/windows.h"
-
-using namespace testhost;
 
 namespace {
 
@@ -20,18 +11,25 @@ std::string Dates(const std::vector<TRec> &rows) {
     return dates;
 }
 
+DDRec ItemOn(uint32_t year, int month, int day, uint32_t account, const char *unit, int32_t period, int32_t total) {
+    DDRec item = ItemOf("Rent", 0, account, -5000, unit, period, total);
+    item.NextDate = {year, static_cast<int8_t>(month), static_cast<int8_t>(day), {}, 0};
+    InsertAbs(&item.NextDate);
+    item.DayWanted = static_cast<uint8_t>(day);
+    return item;
+}
+
 } // namespace
 
 TEST_F(Ledger, AnItemFiresOnItsDaysAndNoOther) {
-    struct Case {
-        int Year, Month, Day; // next date
+    const struct {
+        uint32_t Year;
+        int Month, Day; // next date
         const char *Unit;
         int32_t Period, Total;
         const char *Fired;
-        int32_t Remaining;
-        uint32_t NextDay; // from 2 March 2026
-    };
-    const Case cases[] = {
+        int32_t Remaining, NextDay; // from 2 March 2026
+    } cases[] = {
         {2026, 3, 9, "Day(s)", 1, 5, "2026-3-9 ", 4, 8}, // the last day of the look-ahead of 7
         {2026, 3, 10, "Day(s)", 1, 5, "", 5, 8},
         {2026, 3, 1, "Day(s)", 3, 2, "2026-3-1 2026-3-4 ", 0, 2}, // the last date stands
@@ -39,37 +37,28 @@ TEST_F(Ledger, AnItemFiresOnItsDaysAndNoOther) {
         {2026, 1, 31, "Month(s)", 1, ForEver, "2026-1-31 2026-2-28 ", ForEver, 29},
         {2023, 11, 30, "Month(s)", 15, ForEver, "2023-11-30 2025-2-28 ", ForEver, 89},
         {2024, 2, 29, "Year(s)", 1, 9, "2024-2-29 2025-2-28 2026-2-28 ", 6, 363},
-        {2026, 3, 1, "Month(s)", 0, 5, "", 5, static_cast<uint32_t>(-1)},
-        {2026, 3, 1, "Month(s)", 1, 0, "", 0, static_cast<uint32_t>(-1)},
+        {2026, 3, 1, "Month(s)", 0, 5, "", 5, -1},
+        {2026, 3, 1, "Month(s)", 1, 0, "", 0, -1},
     };
-    for (const Case &test : cases) {
+    for (const auto &test : cases) {
         SCOPED_TRACE(testing::Message() << test.Year << "-" << test.Month << "-" << test.Day << " " << test.Unit);
         const uint32_t bank = NewAccount(BankAccount);
-        DDRec item = ItemOf("Rent", 0, bank, -5000, test.Unit, test.Period, test.Total);
-        item.NextDate = {
-            static_cast<uint32_t>(test.Year), static_cast<int8_t>(test.Month), static_cast<int8_t>(test.Day), {}, 0};
-        InsertAbs(&item.NextDate);
-        item.DayWanted = static_cast<uint8_t>(test.Day);
-        PutItem(item);
+        PutItem(ItemOn(test.Year, test.Month, test.Day, bank, test.Unit, test.Period, test.Total));
         CheckDDs();
         CheckDDs(); // nothing is paid twice
         EXPECT_EQ(Dates(Rows(bank)), test.Fired);
         EXPECT_EQ(Items()[0].Remaining, test.Remaining);
-        EXPECT_EQ(Items()[0].NextDate.DayNumber, Today + test.NextDay);
+        EXPECT_EQ(Items()[0].NextDate.DayNumber, Today + static_cast<uint32_t>(test.NextDay));
         EXPECT_EQ(Items()[0].ItemStatus, 0U);
         EXPECT_EQ(Items()[0].FirstDone, *test.Fired ? 1 : 0);
-        EXPECT_EQ(Rows(bank).empty() ? 0 : Rows(bank).back().RunTotal, PlainSum(Rows(bank), Today + 99, false));
+        EXPECT_EQ(Rows(bank).empty() ? 0 : Rows(bank).back().RunTotal, -5000 * static_cast<int>(Rows(bank).size()));
         WriteBytes(Root.DataFile("E1_04DD"), {});
     }
 }
 
 TEST_F(Ledger, The29thFallsInto2100Too) {
     const uint32_t bank = NewAccount(BankAccount);
-    DDRec item = ItemOf("Leap", 0, bank, 1000, "Month(s)", 1, ForEver);
-    item.NextDate = {2100, 1, 29, {}, 0};
-    InsertAbs(&item.NextDate);
-    item.DayWanted = 29;
-    PutItem(item);
+    PutItem(ItemOn(2100, 1, 29, bank, "Month(s)", 1, ForEver));
     SetClock(2100, 3, 22);
     CheckDDs();
     EXPECT_EQ(Dates(Rows(bank)), "2100-1-29 2100-2-29 2100-3-29 ");
@@ -109,18 +98,21 @@ TEST_F(Ledger, TheFirstOccurrenceHasItsOwnAmountAndAccount) {
     EXPECT_EQ(Items()[0].Remaining, 1);
 }
 
+// It takes from one account what it gives to the other, whatever the two are.
 TEST_F(Ledger, ATransferReachesBothAccountsOfAnyKind) {
-    struct Case {
-        uint32_t From, To;
-        uint32_t Cash;
+    const struct {
+        uint32_t From, To, Cash;
         int64_t FromBalance, ToBalance;
+        const char *Counter; // value or cash amount, units, cash
+    } cases[] = {
+        {BankAccount, BankAccount, 0, -30000, 30000, "10000 x 3"},
+        {BankAccount, ListAccount, 1, -10000, 10000, "10000 x 1"},
+        {BankAccount, ShareValue, 0, -30000, 30000, "30000 cash"},
+        {ShareValue, BankAccount, 1, -10000, 10000, "10000 x 1"},
+        {ShareValue, ListAccount, 0, 0, 30000, "10000 x 3"},
+        {ShareValue, ShareTotal, 1, -10000, 10000, "10000 cash"},
     };
-    const Case cases[] = {
-        {BankAccount, BankAccount, 0, -30000, 30000}, {BankAccount, ListAccount, 1, -10000, 10000},
-        {BankAccount, ShareValue, 0, -30000, 30000},  {ShareValue, BankAccount, 1, -10000, 10000},
-        {ShareValue, ShareTotal, 1, -10000, 10000},
-    };
-    for (const Case &test : cases) {
+    for (const auto &test : cases) {
         SCOPED_TRACE(testing::Message() << test.From << " to " << test.To << " cash " << test.Cash);
         const uint32_t from = NewAccount(test.From), to = NewAccount(test.To);
         DDRec item = ItemOf("Save", 0, from, -10000, "Year(s)", 1, 1);
@@ -134,14 +126,17 @@ TEST_F(Ledger, ATransferReachesBothAccountsOfAnyKind) {
         EXPECT_EQ(Account(from).Balance, test.FromBalance);
         EXPECT_EQ(Account(to).Balance, test.ToBalance);
         EXPECT_EQ(Rows(from)[0].TransferID, to);
-        EXPECT_EQ(Rows(to)[0].TransferID, 0U);
+        const TRec counter = Rows(to)[0];
+        EXPECT_EQ(counter.TransferID, 0U);
+        EXPECT_EQ(counter.Cash ? std::to_string(counter.CashAmount) + " cash"
+                               : std::to_string(counter.Value) + " x " + std::to_string(counter.Units),
+                  test.Counter);
     }
 }
 
 TEST_F(Ledger, ItemsWithoutAnAccountWaitAndSaySo) {
     const uint32_t bank = NewAccount(BankAccount);
-    DDRec gone = ItemOf("Gone", -3, 99, -1, "Day(s)", 1, 5);
-    PutItem(gone);
+    PutItem(ItemOf("Gone", -3, 99, -1, "Day(s)", 1, 5));
     DDRec half = ItemOf("Half", -2, bank, -1000, "Day(s)", 1, 2);
     half.Block[0].Transfer = 77; // pays, though the other end has gone
     half.Block[1].Account = 88;  // and then has no account any more
@@ -177,20 +172,17 @@ TEST_F(Ledger, ItemsStandInDateOrderAfterAPass) {
         PutItem(ItemOf(("item" + std::to_string(i)).c_str(), i % 8, bank, 1, i % 3 ? "Month(s)" : "Day(s)", i % 5 + 4,
                        ForEver));
     PutItem(ItemOf("later", 20, bank, 1, "Day(s)", 1, ForEver));
-    std::vector<std::string> names;
+    std::map<std::string, size_t> place; // before the pass
     for (const DDRec &item : Items())
-        names.push_back(Utf8(item.Name));
+        place.emplace(Utf8(item.Name), place.size());
     CheckDDs();
     const std::vector<DDRec> items = Items();
     ASSERT_EQ(items.size(), 41U);
-    const auto placeBefore = [&names](const DDRec &item) {
-        return std::find(names.begin(), names.end(), Utf8(item.Name)) - names.begin();
-    };
-    for (size_t i = 1; i < items.size(); ++i) {
-        EXPECT_LE(items[i - 1].NextDate.DayNumber, items[i].NextDate.DayNumber);
-        if (items[i - 1].NextDate.DayNumber == items[i].NextDate.DayNumber) {
-            EXPECT_LT(placeBefore(items[i - 1]), placeBefore(items[i])); // those of one day keep their order
-        }
+    for (size_t i = 1; i < items.size(); ++i) { // those of one day keep their order
+        const DDRec &one = items[i - 1], &next = items[i];
+        EXPECT_LE(one.NextDate.DayNumber, next.NextDate.DayNumber);
+        EXPECT_TRUE(one.NextDate.DayNumber < next.NextDate.DayNumber ||
+                    place.at(Utf8(one.Name)) < place.at(Utf8(next.Name)));
     }
 }
 
@@ -203,17 +195,14 @@ TEST_F(Ledger, APassLeavesTheOwnerWhereHeWas) {
     ASSERT_EQ(ApplyFilter(b, 0, FilterBy::Name, criteria, 0), 1);
     GoTo(b);
     state.SelectedPos[TransactionList] = 2;
-    state.CurrentScreen = TransactionList;
     static int painted;
     painted = 0;
     state.Paint[TransactionList] = [](Window, int mask) { painted = mask; };
     PutItem(ItemOf("quiet", 30, a, 1, "Day(s)", 1, 1));
-    state.CurrentScreen = TransactionList;
     CheckDDs();
     EXPECT_EQ(painted, 0);
     EXPECT_EQ(state.FilterView, 1U);
     PutItem(ItemOf("due", 0, a, 7000, "Day(s)", 1, 1));
-    state.CurrentScreen = TransactionList;
     CheckDDs();
     EXPECT_EQ(painted, 1023);
     EXPECT_EQ(state.CurrentScreen, +TransactionList);
@@ -228,7 +217,6 @@ TEST_F(Ledger, APassLeavesTheOwnerWhereHeWas) {
     state.ArchiveView = 1;
     state.CurrentScreen = AccountList;
     PutItem(ItemOf("again", 0, a, 7000, "Day(s)", 1, 1));
-    state.CurrentScreen = AccountList;
     CheckDDs();
     EXPECT_EQ(state.ArchiveView, 1U);
     EXPECT_EQ(state.CurrentScreen, +AccountList);
@@ -239,25 +227,18 @@ TEST_F(Ledger, APassLeavesTheOwnerWhereHeWas) {
 // Whichever write fails, an occurrence is paid in both accounts or in none, and stands at most twice when the item
 // itself could not be written.
 TEST_F(Ledger, AFailingDiskPaysNoHalfTransfer) {
-    for (int n = 1;; ++n) {
+    for (int n = 1, failed = 1; failed; ++n) {
         SCOPED_TRACE(n);
         const uint32_t a = NewAccount(BankAccount), b = NewAccount(BankAccount);
         DDRec item = ItemOf("Save", 0, a, -10000, "Day(s)", 30, 3);
         item.Block[0].Transfer = b;
         PutItem(item);
-        ResetDisk();
-        disk.Switches.FailAt = n;
-        CheckDDs();
-        const bool failed = disk.WriteCalls >= n;
-        ResetDisk();
+        failed = WithFailingDisk({.FailAt = n}, CheckDDs);
         EXPECT_EQ(Rows(a).size(), Rows(b).size());
         CheckDDs();
         const size_t paid = Rows(a).size();
         EXPECT_TRUE(paid == 1 || (failed && paid == 2)) << paid;
         EXPECT_EQ(Rows(b).size(), paid);
         WriteBytes(Root.DataFile("E1_04DD"), {});
-        if (!failed)
-            break;
-        ASSERT_LT(n, 200);
     }
 }
