@@ -10,32 +10,31 @@ using namespace testhost;
 
 namespace {
 
-constexpr int FileBytes = 60 * 20;
-
-std::vector<uint8_t> Entry(const std::vector<uint8_t> &file, size_t number) {
-    const auto from = file.begin() + static_cast<std::ptrdiff_t>((number - 1) * 20);
-    return {from, from + 20};
-}
+struct PaletteFile : testing::Test {
+    TestRoot root;
+    PaletteFile() {
+        root.MakeDataDirectory();
+        DefaultPalette();
+    }
+    std::vector<uint8_t> Bytes() const { return ReadBytes(root.DataFile("COL")); }
+    void Load(const std::vector<uint8_t> &bytes) const {
+        WriteBytes(root.DataFile("COL"), bytes);
+        LoadPalette();
+    }
+};
 
 TEST(ColourModel, HuesAndGreysComeOutAsTheHelpSays) {
     constexpr struct {
         int Red, Green, Blue;
         int H, L, S, C;
     } cases[] = {
-        {255, 0, 0, 0, 127, 255, 255},
-        {0, 255, 0, 85, 127, 255, 255},
-        {0, 0, 255, 170, 127, 255, 255},
-        {255, 255, 0, 42, 127, 255, 255},
-        {0, 255, 255, 127, 127, 255, 255},
-        {255, 0, 255, 213, 127, 255, 255},
-        {0, 0, 0, 0, 0, 0, 0},
-        {255, 255, 255, 0, 255, 0, 0},
-        {100, 100, 100, 0, 100, 0, 0},
-        {200, 200, 200, 0, 200, 0, 0},
-        {43, 211, 159, 114, 127, 168, 168},
-        {100, 0, 0, 0, 50, 252, 100},
-        {255, 205, 205, 0, 230, 245, 50},
-        {300, -5, 0, 0, 127, 255, 255},
+        // clang-format off
+        {255,   0,   0,   0, 127, 255, 255}, {  0, 255,   0,  85, 127, 255, 255}, {  0,   0, 255, 170, 127, 255, 255},
+        {255, 255,   0,  42, 127, 255, 255}, {  0, 255, 255, 127, 127, 255, 255}, {255,   0, 255, 213, 127, 255, 255},
+        {  0,   0,   0,   0,   0,   0,   0}, {255, 255, 255,   0, 255,   0,   0}, {100, 100, 100,   0, 100,   0,   0},
+        {200, 200, 200,   0, 200,   0,   0}, { 43, 211, 159, 114, 127, 168, 168}, {100,   0,   0,   0,  50, 252, 100},
+        {255, 205, 205,   0, 230, 245,  50}, {300,  -5,   0,   0, 127, 255, 255},
+        // clang-format on
     };
     for (const auto &row : cases) {
         const Hls got = RgbToHls(row.Red, row.Green, row.Blue);
@@ -73,9 +72,7 @@ TEST(ColourModel, TextOnAColourStaysReadable) {
         EXPECT_EQ(Brightness(row.Ground), row.Brightness) << row.Ground;
 }
 
-TEST(Palette, DefaultIsTwelveHuesInFiveShadesWithCompanions) {
-    TestRoot root;
-    DefaultPalette();
+TEST_F(PaletteFile, DefaultIsTwelveHuesInFiveShadesWithCompanions) {
     EXPECT_EQ(state.Palette[1], Rgb(216, 164, 164));
     EXPECT_EQ(state.Palette[5], Rgb(140, 0, 0));
     EXPECT_EQ(state.Palette[60], Rgb(140, 0, 70));
@@ -93,17 +90,15 @@ TEST(Palette, ANameAlwaysFallsOnTheSameEntry) {
     EXPECT_EQ(PaletteHash(std::u16string(40, u'\xFFFF').c_str()), 52);
 }
 
-TEST(PaletteFile, MixedColoursAreThereAfterARestart) {
-    TestRoot root;
-    root.MakeDataDirectory();
+TEST_F(PaletteFile, MixedColoursAreThereAfterARestart) {
     LoadPalette();
-    EXPECT_TRUE(ReadBytes(root.DataFile("COL")).empty()) << "loading alone makes no file";
+    EXPECT_TRUE(Bytes().empty()) << "loading alone makes no file";
     SetPaletteEntry(7, 1, 254, 3);
     ASSERT_EQ(SavePalette(), 1);
-    const std::vector<uint8_t> file = ReadBytes(root.DataFile("COL"));
-    ASSERT_EQ(file.size(), static_cast<size_t>(FileBytes));
-    EXPECT_EQ(Entry(file, 7), (std::vector<uint8_t>{1, 0, 0, 0, 1, 0, 0, 0, 254, 0, 0, 0, 3, 0, 0, 0, 0, 0, 0, 0}));
-
+    const std::vector<uint8_t> file = Bytes();
+    ASSERT_EQ(file.size(), 60u * 20);
+    EXPECT_EQ(std::vector<uint8_t>(file.begin() + 6 * 20, file.begin() + 7 * 20),
+              (std::vector<uint8_t>{1, 0, 0, 0, 1, 0, 0, 0, 254, 0, 0, 0, 3, 0, 0, 0, 0, 0, 0, 0}));
     const Colour companion = state.Palette[67], last = state.Palette[60];
     ResetState();
     LoadPalette();
@@ -112,60 +107,45 @@ TEST(PaletteFile, MixedColoursAreThereAfterARestart) {
     EXPECT_EQ(state.Palette[60], last);
 }
 
-TEST(PaletteFile, CutOrOverlongFilesGiveTheRecordsTheyHold) {
-    TestRoot root;
-    root.MakeDataDirectory();
+TEST_F(PaletteFile, CutOrOverlongFilesGiveTheRecordsTheyHold) {
     for (int i = 1; i <= 60; ++i)
         SetPaletteEntry(i, i, 0, 0);
     ASSERT_EQ(SavePalette(), 1);
-    std::vector<uint8_t> whole = ReadBytes(root.DataFile("COL"));
-    whole.resize(FileBytes + 5 * 20, 0xEE); // more than 60: not even their version is looked at
+    std::vector<uint8_t> whole = Bytes();
+    whole.resize(65 * 20, 0xEE); // more than 60: not even their version is looked at
     for (size_t length = 0; length <= whole.size(); length += 13) {
-        WriteBytes(root.DataFile("COL"), {whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length)});
-        LoadPalette();
-        const int records = std::min(60, static_cast<int>(length) / 20);
+        Load({whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length)});
         for (int i = 1; i <= 60; ++i)
-            ASSERT_EQ(state.Palette[i], i <= records ? Rgb(i, 0, 0) : Rgb(255, 0, 0)) << length << ": " << i;
+            ASSERT_EQ(state.Palette[i], i <= static_cast<int>(length) / 20 ? Rgb(i, 0, 0) : Rgb(255, 0, 0))
+                << length << ": " << i;
     }
     EXPECT_EQ(state.DataUsable, 1u);
 }
 
-TEST(PaletteFile, AnotherVersionEndsTheUseOfTheDataAndIsKept) {
-    const std::vector<std::vector<uint8_t>> versions = {{2, 0, 0, 0}, {1, 1, 0, 0}, {0, 0, 0, 0}};
-    for (const std::vector<uint8_t> &version : versions) {
-        TestRoot root;
-        root.MakeDataDirectory();
-        DefaultPalette();
-        ASSERT_EQ(SavePalette(), 1);
-        std::vector<uint8_t> file = ReadBytes(root.DataFile("COL"));
+TEST_F(PaletteFile, AnotherVersionEndsTheUseOfTheDataAndIsKept) {
+    ASSERT_EQ(SavePalette(), 1);
+    for (const std::vector<uint8_t> &version : std::vector<std::vector<uint8_t>>{{2, 0}, {1, 1}, {0, 0}}) {
+        std::vector<uint8_t> file = Bytes();
         std::copy(version.begin(), version.end(), file.begin() + 2 * 20);
-        WriteBytes(root.DataFile("COL"), file);
-        LoadPalette();
+        state.DataUsable = 1;
+        Load(file);
         EXPECT_EQ(state.DataUsable, 0u);
         EXPECT_EQ(SavePalette(), 0);
-        EXPECT_EQ(ReadBytes(root.DataFile("COL")), file);
+        EXPECT_EQ(Bytes(), file);
     }
 }
 
-TEST(PaletteFile, AFullDiskLeavesNoHalfPalette) {
-    TestRoot root;
-    root.MakeDataDirectory();
-    DefaultPalette();
+TEST_F(PaletteFile, AFullDiskLeavesNoHalfPalette) {
     const Colour first = state.Palette[1];
-    disk.Switches.Full = true;
-    EXPECT_EQ(SavePalette(), 0);
+    WithFailingDisk({.Full = true}, [] { EXPECT_EQ(SavePalette(), 0); });
     EXPECT_GT(machine.Beeps, 0);
-    ResetDisk();
     LoadPalette();
     EXPECT_EQ(state.Palette[1], first);
 }
 
-TEST(PaletteFile, RandomBytesGiveColours) {
-    TestRoot root;
-    root.MakeDataDirectory();
-    DefaultPalette();
+TEST_F(PaletteFile, RandomBytesGiveColours) {
     ASSERT_EQ(SavePalette(), 1);
-    const std::vector<uint8_t> good = ReadBytes(root.DataFile("COL"));
+    const std::vector<uint8_t> good = Bytes();
     for (const uint64_t seed : FuzzSeeds(200)) {
         SCOPED_TRACE(seed);
         std::vector<uint8_t> file = DamagedBytes(seed, good);
@@ -173,8 +153,7 @@ TEST(PaletteFile, RandomBytesGiveColours) {
             file[i] = 1;
             file[i + 1] = file[i + 2] = file[i + 3] = 0;
         }
-        WriteBytes(root.DataFile("COL"), file);
-        LoadPalette();
+        Load(file);
         for (Colour colour : state.Palette)
             ASSERT_LE(colour, 0xFFFFFFu);
     }

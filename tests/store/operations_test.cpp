@@ -1,17 +1,11 @@
 // No entry is lost or doubled, whatever the disk does.
-#include "core/state.h"
-#include "host/test_host.h"
-#include "platform/text.h"
 #include "store/catalogue.h"
-#include "store/operations.h"
 #include "store/runs.h"
+#include "store/store_test.h"
 #include "store/windows.h"
-#include <gtest/gtest.h>
 #include <numeric>
 #include <sys/wait.h>
 #include <unistd.h>
-
-using namespace testhost;
 
 namespace {
 
@@ -48,18 +42,31 @@ void WriteEntries(const TestRoot &root, int count, size_t loose = 0) {
     WriteBytes(root.DataFile("E1_02A5"), bytes);
 }
 
-struct Store : testing::Test {
-    TestRoot Root;
-    Store() {
-        Root.MakeDataDirectory();
-        state.CurrentScreen = TransactionList;
-    }
-    std::string LastLine() const { return machine.Terminal.empty() ? "" : machine.Terminal.back(); }
+struct Operations : Store {
+    Operations() { state.CurrentScreen = TransactionList; }
 };
 
 int Add(int32_t position) {
     const TRec row = Entry(999);
     return AddRecFile(Account, position, &row, 1);
+}
+int Delete(int32_t position) {
+    return DeleteRecFile(Account, position);
+}
+
+// Both change one row at a position; After gives the numbers then in a file of `count` rows.
+constexpr struct {
+    const char *Name;
+    int (*Do)(int32_t position);
+} BothWays[] = {{"AddRecFile", Add}, {"DeleteRecFile", Delete}};
+
+std::vector<int> After(int (*operation)(int32_t), int count, int position) {
+    std::vector<int> numbers = Counted(1, count);
+    if (operation == Add)
+        numbers.insert(numbers.begin() + position - 1, 999);
+    else
+        numbers.erase(numbers.begin() + position - 1);
+    return numbers;
 }
 
 // What may stand when a process ended in the middle: the old rows, or the new, at most one of them doubled in place.
@@ -76,135 +83,91 @@ bool IsWholeBut(std::vector<int> found, const std::vector<int> &before, const st
 
 } // namespace
 
-TEST_F(Store, ARowGoesInAndOutAtEveryPlace) {
+TEST_F(Operations, ARowGoesInAndOutAtEveryPlace) {
     for (const int count : {0, 1, 3, 448, 900})
         for (const int position : {1, 2, count / 2, count, count + 1}) {
             if (position < 1 || position > count + 1)
                 continue;
             SCOPED_TRACE(testing::Message() << count << " rows, at " << position);
             WriteEntries(Root, count, 100); // a remainder of no whole record does not count
-            std::vector<int> expected = Counted(1, count);
-            expected.insert(expected.begin() + position - 1, 999);
             EXPECT_EQ(Add(position), 1);
-            EXPECT_EQ(Numbers(Root), expected);
+            EXPECT_EQ(Numbers(Root), After(Add, count, position));
             EXPECT_EQ(state.EntryCount[TransactionList], count + 1);
             EXPECT_EQ(state.SelectedPos[TransactionList], position);
-            EXPECT_EQ(DeleteRecFile(Account, position), 1);
+            EXPECT_EQ(Delete(position), 1);
             EXPECT_EQ(Numbers(Root), Counted(1, count));
             EXPECT_EQ(state.EntryCount[TransactionList], count);
             EXPECT_EQ(ReadBytes(Root.DataFile("E1_02A5")).size(), static_cast<size_t>(count) * 608);
         }
     WriteEntries(Root, 2);
-    EXPECT_EQ(DeleteRecFile(Account, 0), 0);
-    EXPECT_EQ(DeleteRecFile(Account, 3), 0);
+    EXPECT_EQ(Delete(0) + Delete(3), 0);
     EXPECT_EQ(Add(-5) + Add(77), 2);
     EXPECT_EQ(Numbers(Root), (std::vector<int>{999, 1, 2, 999}));
     EXPECT_EQ(disk.OpenHandles, 0);
 }
 
-TEST_F(Store, AFailingDiskChangesNothing) {
-    using Operation = int (*)(int32_t);
-    static const struct {
-        const char *Line;
-        Operation Do;
-    } operations[] = {
-        {"AddRecFile TwriteFail", Add},
-        {"DeleteRecFile TwriteFail", [](int32_t position) { return DeleteRecFile(Account, position); }},
-    };
-    for (const auto &operation : operations)
+TEST_F(Operations, AFailingDiskChangesNothing) {
+    for (const auto &way : BothWays)
         for (const int count : {1, 2, 6, 460})
             for (const int position : {1, count / 2 + 1, count})
                 for (const bool tear : {false, true})
-                    for (int n = 1;; n += count < 100 || n < 4 ? 1 : 151) {
-                        SCOPED_TRACE(testing::Message() << operation.Line << ": " << count << " rows, at " << position
+                    for (int n = 1, done = 0; !done; n += count < 100 || n < 4 ? 1 : 151) {
+                        SCOPED_TRACE(testing::Message() << way.Name << ": " << count << " rows, at " << position
                                                         << ", call " << n << (tear ? " torn" : ""));
                         WriteEntries(Root, count);
                         state.SelectedPos[TransactionList] = 44;
-                        ResetDisk();
-                        disk.Switches.FailAt = n;
-                        disk.Switches.TearWrite = tear;
-                        const int done = operation.Do(position);
-                        if (disk.WriteCalls < n) {
-                            EXPECT_EQ(done, 1);
+                        machine.Terminal.clear();
+                        const bool met = WithFailingDisk({.FailAt = n, .TearWrite = tear},
+                                                         [&, position] { done = way.Do(position); });
+                        ASSERT_EQ(done, met ? 0 : 1);
+                        if (!met)
                             break;
-                        }
-                        EXPECT_EQ(done, 0);
-                        EXPECT_EQ(Numbers(Root), Counted(1, count));
+                        ASSERT_EQ(Numbers(Root), Counted(1, count));
                         EXPECT_EQ(ReadBytes(Root.DataFile("E1_02A5")).size(), static_cast<size_t>(count) * 608);
                         EXPECT_EQ(state.EntryCount[TransactionList], count);
                         EXPECT_EQ(state.SelectedPos[TransactionList], 44);
-                        bool told = false;
-                        for (const std::string &line : machine.Terminal)
-                            told = told || line.find(operation.Line) != std::string::npos;
-                        EXPECT_TRUE(told);
-                        machine.Terminal.clear();
-                        ResetDisk();
-                        if (HasFailure())
-                            return;
+                        EXPECT_NE(testing::PrintToString(machine.Terminal).find(way.Name + std::string(" TwriteFail")),
+                                  std::string::npos);
                     }
 }
 
-TEST_F(Store, AFullDiskOrADeadOneLosesNoEntry) {
+TEST_F(Operations, AFullDiskOrADeadOneLosesNoEntry) {
     WriteEntries(Root, 500);
-    disk.Switches.Full = true;
     for (const int position : {1, 250, 500, 501})
-        EXPECT_EQ(Add(position), 0);
+        WithFailingDisk({.Full = true}, [position] { EXPECT_EQ(Add(position), 0); });
     EXPECT_EQ(Numbers(Root), Counted(1, 500));
     EXPECT_EQ(ReadBytes(Root.DataFile("E1_02A5")).size(), 500u * 608);
 
-    for (const bool adding : {true, false})
+    for (const auto &way : BothWays)
         for (int n = 1; n < 40; ++n) {
-            SCOPED_TRACE(testing::Message() << (adding ? "adding" : "deleting") << ", dead from call " << n);
+            SCOPED_TRACE(testing::Message() << way.Name << ", dead from call " << n);
             WriteEntries(Root, 20);
-            ResetDisk();
-            disk.Switches.FailAt = n;
-            disk.Switches.FailOnward = true;
-            std::vector<int> after = Counted(1, 20);
-            if (adding) {
-                Add(4);
-                after.insert(after.begin() + 3, 999);
-            } else {
-                DeleteRecFile(Account, 4);
-                after.erase(after.begin() + 3);
-            }
-            EXPECT_TRUE(IsWholeBut(Numbers(Root), Counted(1, 20), after)) << testing::PrintToString(Numbers(Root));
+            WithFailingDisk({.FailAt = n, .FailOnward = true}, [&] { way.Do(4); });
+            EXPECT_TRUE(IsWholeBut(Numbers(Root), Counted(1, 20), After(way.Do, 20, 4)))
+                << testing::PrintToString(Numbers(Root));
         }
-    ResetDisk();
 }
 
-TEST_F(Store, AProcessThatEndsInTheMiddleLosesNoEntry) {
-    for (const bool adding : {true, false})
-        for (int n = 1;; n += n < 8 ? 1 : 131) {
-            SCOPED_TRACE(testing::Message() << (adding ? "adding" : "deleting") << ", ended at call " << n);
+TEST_F(Operations, AProcessThatEndsInTheMiddleLosesNoEntry) {
+    for (const auto &way : BothWays)
+        for (int n = 1, status = 1; status != 0; n += n < 8 ? 1 : 131) {
+            SCOPED_TRACE(testing::Message() << way.Name << ", ended at call " << n);
             WriteEntries(Root, 1000);
-            std::vector<int> after = Counted(1, 1000);
-            if (adding)
-                after.insert(after.begin() + 299, 999);
-            else
-                after.erase(after.begin() + 299);
             const pid_t child = fork();
             if (child == 0) {
                 ResetDisk();
                 disk.Switches.DieAt = n;
-                if (adding)
-                    Add(300);
-                else
-                    DeleteRecFile(Account, 300);
+                way.Do(300);
                 _exit(0);
             }
-            int status = 0;
             waitpid(child, &status, 0);
-            ASSERT_TRUE(WIFEXITED(status));
-            EXPECT_TRUE(IsWholeBut(Numbers(Root), Counted(1, 1000), after));
-            if (WEXITSTATUS(status) == 0) {
-                EXPECT_EQ(Numbers(Root), after);
-                break;
-            }
-            EXPECT_EQ(WEXITSTATUS(status), DiedExitCode);
+            ASSERT_TRUE(WIFEXITED(status) && (status == 0 || WEXITSTATUS(status) == DiedExitCode));
+            const std::vector<int> found = Numbers(Root), after = After(way.Do, 1000, 300);
+            EXPECT_TRUE(status == 0 ? found == after : IsWholeBut(found, Counted(1, 1000), after));
         }
 }
 
-TEST_F(Store, RunsMoveWholeOverAnyDistance) {
+TEST_F(Operations, RunsMoveWholeOverAnyDistance) {
     static const struct {
         int Count, From, Moved, To;
     } cases[] = {
@@ -221,12 +184,11 @@ TEST_F(Store, RunsMoveWholeOverAnyDistance) {
             expected.resize(static_cast<size_t>(std::max(c.Count, c.To + c.Moved - 1)));
             std::copy(run.begin(), run.end(), expected.begin() + c.To - 1);
             const int file = OpenDataFile(FileKind::Transactions, OpenExisting, Account, nullptr);
-            ResetDisk();
-            disk.Switches.FailAt = failAt;
-            const int moved = MoveRun(file, FileKind::Transactions, c.From, c.Moved, c.To);
-            ResetDisk();
+            int moved = 0;
+            WithFailingDisk({.FailAt = failAt},
+                            [&] { moved = MoveRun(file, FileKind::Transactions, c.From, c.Moved, c.To); });
             CloseFile(file);
-            std::vector<int> found = Numbers(Root);
+            const std::vector<int> found = Numbers(Root);
             if (moved) {
                 EXPECT_EQ(found, expected);
                 continue;
@@ -237,7 +199,7 @@ TEST_F(Store, RunsMoveWholeOverAnyDistance) {
         }
 }
 
-TEST_F(Store, AChangedEntryCarriesItsTotalsOn) {
+TEST_F(Operations, AChangedEntryCarriesItsTotalsOn) {
     for (int i = 1; i <= 600; ++i) {
         TRec row = Entry(10);
         row.RunTotal = 10 * i;
@@ -266,21 +228,20 @@ TEST_F(Store, AChangedEntryCarriesItsTotalsOn) {
     ASSERT_EQ(ModRecFile(Account, 3, &changed), 1);
     ASSERT_EQ(FetchTran(3, &row), 1);
     EXPECT_EQ(row.RunCleared, 2 * 100 - 4); // without what stood there, until CalcBalance
-    ResetDisk();
     CopyText(changed.Name, 32, u"Renamed");
     changed.Cleared = 0;
+    ResetDisk();
     ASSERT_EQ(ModRecFile(Account, 600, &changed), 1);
     EXPECT_EQ(disk.WriteCalls, 1) << "rows that do not change need no write";
     state.FilterShown = 1;
     EXPECT_EQ(ModRecFile(Account, 1, &changed), 0);
     state.FilterShown = 0;
     EXPECT_EQ(ModRecFile(Account, 601, &changed), 0);
-    disk.Switches.FailAt = disk.WriteCalls + 1;
-    EXPECT_EQ(ModRecFile(Account, 600, &changed), 0);
-    EXPECT_NE(LastLine().find("ModRecFile TwriteFail"), std::string::npos) << LastLine();
+    WithFailingDisk({.FailAt = 1}, [&changed] { EXPECT_EQ(ModRecFile(Account, 600, &changed), 0); });
+    EXPECT_TRUE(Told("ModRecFile TwriteFail"));
 }
 
-TEST_F(Store, TheListWorkedOnIsTheOneOfTheScreen) {
+TEST_F(Operations, TheListWorkedOnIsTheOneOfTheScreen) {
     BinRec bin;
     InitBinRec(&bin);
     state.CurrentScreen = BinList;
@@ -308,21 +269,20 @@ TEST_F(Store, TheListWorkedOnIsTheOneOfTheScreen) {
     EXPECT_EQ(AddRecFile(0, 1, &row, 1), 0);
     EXPECT_FALSE(FileThere("\\Program Files\\Zentrik\\E1_Data\\E1_02A0")) << "no account, no file";
     state.CurrentScreen = 9;
-    EXPECT_EQ(AddRecFile(Account, 1, &row, 1) + ModRecFile(Account, 1, &row) + DeleteRecFile(Account, 1), 0);
-    EXPECT_NE(LastLine().find("DeleteRecFile caseError"), std::string::npos) << LastLine();
+    EXPECT_EQ(Add(1) + ModRecFile(Account, 1, &row) + Delete(1), 0);
+    EXPECT_TRUE(Told("DeleteRecFile caseError"));
 
     state.CurrentScreen = TransactionList;
     state.DataUsable = 0;
     const auto before = Snapshot(Root.Path());
-    EXPECT_EQ(AddRecFile(Account, 1, &row, 1) + ModRecFile(Account, 1, &row) + DeleteRecFile(Account, 1), 0);
+    EXPECT_EQ(Add(1) + ModRecFile(Account, 1, &row) + Delete(1), 0);
     EXPECT_EQ(Snapshot(Root.Path()), before);
 }
 
-TEST_F(Store, AnUnwritableDirectoryIsAnEmptyOneAndIsReported) {
+TEST_F(Operations, AnUnwritableDirectoryIsAnEmptyOneAndIsReported) {
     disk.Switches.Unwritable = true;
-    const TRec row = Entry(1);
-    EXPECT_EQ(AddRecFile(Account, 1, &row, 1), 0);
-    EXPECT_NE(LastLine().find("AddRecFile TcreateFail"), std::string::npos) << LastLine();
+    EXPECT_EQ(Add(1), 0);
+    EXPECT_TRUE(Told("AddRecFile TcreateFail"));
     static const struct {
         int (*Load)(int32_t);
         const char *Line;
@@ -334,13 +294,13 @@ TEST_F(Store, AnUnwritableDirectoryIsAnEmptyOneAndIsReported) {
     };
     for (const auto &loader : loaders) {
         EXPECT_EQ(loader.Load(1), loader.Result) << loader.Line;
-        EXPECT_NE(LastLine().find(loader.Line), std::string::npos) << LastLine();
+        EXPECT_TRUE(Told(loader.Line));
         EXPECT_EQ(state.EntryCount[state.CurrentScreen], 0);
     }
     EXPECT_EQ(state.DataUsable, 1u);
 }
 
-TEST_F(Store, AFilterFileIsWorkedOnInPlaceOfItsAccount) {
+TEST_F(Operations, AFilterFileIsWorkedOnInPlaceOfItsAccount) {
     WriteEntries(Root, 2);
     WriteBytes(Root.DataFile("E1_02AF5"), {});
     uint32_t filtered = 7;
@@ -368,5 +328,5 @@ TEST_F(Store, AFilterFileIsWorkedOnInPlaceOfItsAccount) {
     EXPECT_TRUE(FileThere("\\Program Files\\Zentrik\\E1_Data\\E1_02R5"));
 
     EXPECT_EQ(CloseFile(-1), 0);
-    EXPECT_NE(LastLine().find("CloseHandle Closure"), std::string::npos) << LastLine();
+    EXPECT_TRUE(Told("CloseHandle Closure"));
 }

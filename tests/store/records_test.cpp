@@ -1,18 +1,9 @@
 // Files of other years and other machines can be read: every field lies where it always lay, and what is no field
 // is zero.
-#include "core/state.h"
-#include "host/test_host.h"
-#include "platform/text.h"
 #include "store/configuration.h"
-#include "store/operations.h"
-#include "store/records/fields.h"
-#include "store/records/records.h"
 #include "store/side_files.h"
-#include <cstring>
-#include <gtest/gtest.h>
+#include "store/store_test.h"
 #include <sstream>
-
-using namespace testhost;
 
 namespace {
 
@@ -55,10 +46,7 @@ void ExpectStored(const TestRoot &root, int list, const char *name, const void *
 
 } // namespace
 
-TEST(Records, EveryFieldLiesAtItsPlaceInTheFile) {
-    const TestRoot root;
-    root.MakeDataDirectory();
-
+TEST_F(Store, EveryFieldLiesAtItsPlaceInTheFile) {
     auto a = Soiled<ARec>();
     a.Version = 1, a.RowKind = 1, a.ID = 0x01020304, a.AccType = 5, a.Flag = 3, a.Balance = -1,
     a.ClearedBalance = 0x1122, a.ArcBalance = 2, a.ArcClearedBalance = 3, a.LowWatch = 1, a.HighWatch = 2,
@@ -66,7 +54,7 @@ TEST(Records, EveryFieldLiesAtItsPlaceInTheFile) {
     Put(a.Name, u"Bé");
     for (uint32_t i = 0; i < 5; ++i)
         a.ColumnPos[i] = 0x100 + i;
-    ExpectStored(root, AccountList, "E1_01IND", &a, 728,
+    ExpectStored(Root, AccountList, "E1_01IND", &a, 728,
                  "0:01 1:01 2:4200E900 68:04030201 72:05 76:03 80:FFFFFFFFFFFFFFFF 88:2211 96:02 104:03 112:0001 "
                  "116:0101 120:0201 124:0301 128:0401 132:01 136:02 140:CEFFFFFF 144:50C3 148:04 152:05 "
                  "160:EEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEEE 240:EEEEEEEEEEEEEEEE");
@@ -80,7 +68,7 @@ TEST(Records, EveryFieldLiesAtItsPlaceInTheFile) {
     Put(t.Memo, u"");
     std::fill(t.FITID, t.FITID + 32, u'X'); // no terminator: cut to what the field holds
     ExpectStored(
-        root, TransactionList, "E1_02A7", &t, 608,
+        Root, TransactionList, "E1_02A7", &t, 608,
         "0:01 1:08 2:09 4:EA070000 8:03 9:1F 12:775E02 16:03 20:520065006E007400 84:01 88:02 92:03 96:02 "
         "164:F4FFFFFF 168:0D 176:0E 184:0F 192:6CBCFAFFFFFFFFFF 200:10 208:11 212:12 216:13 224:14 232:15 240:16 "
         "248:0807060504030201 "
@@ -100,7 +88,7 @@ TEST(Records, EveryFieldLiesAtItsPlaceInTheFile) {
         b.Value = n + 5, b.Account = n + 6u, b.Transfer = n + 7u, b.CatID = n + 8;
         Put(b.Memo, i ? u"2" : u"1");
     }
-    ExpectStored(root, RecurringList, "E1_04DD", &d, 728,
+    ExpectStored(Root, RecurringList, "E1_04DD", &d, 728,
                  "0:01 1:02 2:03 4:04 8:EA07000004010000 16:05 20:06 24:1F 26:44 90:01 "
                  "96:20 100:21 104:22 108:23 112:24 120:25 128:26 132:27 136:31 208:28 "
                  "288:30 292:31 296:32 300:33 304:34 312:35 320:36 324:37 328:32 400:38 "
@@ -111,7 +99,7 @@ TEST(Records, EveryFieldLiesAtItsPlaceInTheFile) {
     f.Transfer = 6, f.CatID = 7;
     Put(f.Name, u"G");
     Put(f.Memo, u"M");
-    ExpectStored(root, TemplateList, "E1_05FAV", &f, 536,
+    ExpectStored(Root, TemplateList, "E1_05FAV", &f, 536,
                  "0:01 2:47 68:01 72:02 76:03 80:04 84:4D 148:05 152:CA8BFFFFFFFFFFFF 160:06 184:07");
 
     auto b = Soiled<BinRec>();
@@ -133,7 +121,7 @@ TEST(Records, EveryFieldLiesAtItsPlaceInTheFile) {
     Put(b.FromName, u"F");
     Put(b.ToName, u"T");
     ExpectStored(
-        root, BinList, "E1_06BIN", &b, 1064,
+        Root, BinList, "E1_06BIN", &b, 1064,
         "0:01 1:02 2:03 4:EA07000005020000 12:04 16:05 20:4E 84:06 88:07 92:08 96:09 100:0A 104:0B 112:0C 120:0D "
         "124:0E "
         "128:6D 200:0F 280:10 284:11 288:12 292:13 296:14 304:15 312:16 316:17 320:6E 392:18 472:19 476:1A 480:1B "
@@ -145,20 +133,18 @@ TEST(Records, EveryFieldLiesAtItsPlaceInTheFile) {
     c.Version = 1, c.Red = 200, c.Green = 100, c.Blue = 255, c.CatID = 0x0A0B0C0D0E0F;
     Put(c.Name, u"C");
     Put(c.Description, u"d");
-    ExpectStored(root, CategoryList, "E1_07CAT", &c, 520, "0:01 2:43 66:64 132:C8 136:64 140:FF 168:0F0E0D0C0B0A");
+    ExpectStored(Root, CategoryList, "E1_07CAT", &c, 520, "0:01 2:43 66:64 132:C8 136:64 140:FF 168:0F0E0D0C0B0A");
 
     auto r = Soiled<CurRec>();
     r.Version = 1, r.RowKind = 2, r.Rate = 113955, r.InverseRate = 8, r.DirectionState = 1, r.ColourFlag = 3;
     Put(r.FromName, u"kg");
     Put(r.ToName, u"lb");
     Put(r.Note, u"n");
-    ExpectStored(root, ConversionList, "E1_08CUR", &r, 584,
+    ExpectStored(Root, ConversionList, "E1_08CUR", &r, 584,
                  "0:01 1:02 2:6B0067 66:6C0062 130:6E 200:23BD01 208:08 216:01 220:03");
 }
 
-TEST(Records, SingleRecordsLieAsTheyAlwaysDid) {
-    const TestRoot root;
-    root.MakeDataDirectory();
+TEST_F(Store, SingleRecordsLieAsTheyAlwaysDid) {
     SetClock(2026, 11, 22);
     LoadConfFile();
     const std::vector<uint8_t> columns = Bytes(
@@ -166,13 +152,13 @@ TEST(Records, SingleRecordsLieAsTheyAlwaysDid) {
              "512:9E 516:F401 520:D902 524:AD03 532:7102 536:AD03 544:9E 548:F401 552:D902 556:AD03 564:BB 568:AD03 "
              "576:8B01 580:1D02 584:AD03 596:9E 600:F401 604:D902 608:AD03 616:9E 620:F401 624:D902 628:AD03 "
              "636:9E 640:F401 644:D902 648:AD03 656:9E 660:F401 664:D902 668:AD03 672:EA0700000B16 680:A25F02");
-    EXPECT_EQ(ReadBytes(root.DataFile("E1_03CON")), columns);
+    EXPECT_EQ(ReadBytes(Root.DataFile("E1_03CON")), columns);
 
     ConfRec check = {};
     check.Version = 1;
     CopyText(check.PassCheck, 17, PassCheckText);
     EXPECT_EQ(StoreRecord(CheckRecord, &check), 1);
-    EXPECT_EQ(ReadBytes(root.DataFile("E1_09SST")),
+    EXPECT_EQ(ReadBytes(Root.DataFile("E1_09SST")),
               Bytes(888, "0:01 140:2E0076002E00510020002E0035002E002D003B002E007D003E006B007E005B00"));
     ConfRec back = {};
     EXPECT_EQ(FetchRecord(CheckRecord, &back), 1);
@@ -185,17 +171,15 @@ TEST(Records, SingleRecordsLieAsTheyAlwaysDid) {
     EXPECT_EQ(LoadNote(note), 1);
     EXPECT_EQ(std::u16string(note), std::u16string(999, u'n'));
     EXPECT_EQ(SaveNote(u"short"), 1);
-    EXPECT_EQ(ReadBytes(root.DataFile("E1_00NOT")), Bytes(2400, "0:730068006F0072007400"));
+    EXPECT_EQ(ReadBytes(Root.DataFile("E1_00NOT")), Bytes(2400, "0:730068006F0072007400"));
 }
 
-TEST(Records, AnUnknownListCopiesNothingAndIsReported) {
-    const TestRoot root;
+TEST_F(Store, AnUnknownListCopiesNothingAndIsReported) {
     for (const int list : {-1, 0, 9, 200}) {
         uint8_t from[LargestRecord] = {1, 2, 3}, to[LargestRecord] = {};
         machine.Terminal.clear();
         CopyRecFile(list, from, to);
         EXPECT_EQ(to[0], 0);
-        ASSERT_EQ(machine.Terminal.size(), 1u);
-        EXPECT_NE(machine.Terminal[0].find("CopyRecFile caseError"), std::string::npos) << machine.Terminal[0];
+        EXPECT_TRUE(Told("CopyRecFile caseError"));
     }
 }

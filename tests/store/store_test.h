@@ -1,0 +1,23 @@
+// What the tests of the store start from: a fresh device with a data directory.
+#pragma once
+
+#include "core/state.h"
+#include "host/test_host.h"
+#include "platform/files.h"
+#include "platform/text.h"
+#include "store/operations.h"
+#include <cstring>
+#include <gtest/gtest.h>
+
+using namespace testhost;
+
+struct Store : testing::Test {
+    TestRoot Root;
+    Store() { Root.MakeDataDirectory(); }
+    // The trouble reported last ends in these words.
+    static testing::AssertionResult Told(const std::string &words) {
+        const std::string last = machine.Terminal.empty() ? "" : machine.Terminal.back();
+        return last.find(words) != std::string::npos ? testing::AssertionSuccess()
+                                                     : testing::AssertionFailure() << last;
+    }
+};
