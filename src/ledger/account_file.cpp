@@ -2,6 +2,7 @@
 #include "care/cipher/hooks.h"
 #include "core/error_log.h"
 #include "core/state.h"
+#include "store/index.h"
 #include "store/runs.h"
 
 namespace {
@@ -28,21 +29,10 @@ int ReadAccount(int32_t position, ARec *row) {
 }
 
 int FindAccount(uint32_t accountID, ARec *row, int32_t *position) {
-    if (!state.DataUsable || accountID == 0)
-        return 0;
-    const int handle = OpenDataFile(FileKind::Accounts, OpenOrCreate, 0, nullptr);
-    ARecFile record;
-    int32_t at = 1;
-    int found = 0;
-    for (; !found && ReadRecord(handle, FileKind::Accounts, at, &record); at += !found)
-        found = record.Rec.ID == accountID && record.Rec.RowKind != HeadingRow;
-    CloseFile(handle);
-    if (!found)
-        return 0;
-    *row = PayloadOf(record);
-    if (position)
-        *position = at;
-    return 1;
+    const int32_t found = IDtoAccount(accountID, row);
+    if (found && position)
+        *position = found;
+    return found != 0;
 }
 
 int AccountThere(uint32_t accountID) {

@@ -32,34 +32,40 @@ int ShowNothing() {
     return 0;
 }
 
-// A Day marker in the window that is not today's; the last one, when there are several. 0 for none.
-int32_t StaleDayMarker(int handle, const RecDate &today, TRec *marker) {
-    int32_t found = 0;
-    for (int32_t row = 0; row < state.RowCount; ++row) {
-        const int32_t position = state.TopPos[TransactionList] + row;
-        TRecFile record;
-        if (!ReadRecord(handle, Kind, position, &record))
-            break;
-        if (record.Rec.RowKind == DayMarker && record.Rec.Date.DayNumber != today.DayNumber) {
-            *marker = record.Rec;
-            found = position;
-        }
-    }
-    return found;
+// The rows of the window as they lie in the file.
+struct Window {
+    TRecFile Records[MostRows];
+    int32_t Count;
+};
+
+void ReadWindow(int handle, Window *window) {
+    window->Count = ReadRecords(handle, Kind, state.TopPos[TransactionList], state.RowCount, window->Records);
 }
 
-void ReadRows(int handle) {
+// A Day marker in the window that is not today's; the last one, when there are several. Its position, 0 for none.
+int32_t StaleDayMarker(const Window &window, const RecDate &today, TRec *marker) {
+    for (int32_t row = window.Count - 1; row >= 0; --row) {
+        const TRec &record = window.Records[row].Rec;
+        if (record.RowKind != DayMarker || record.Date.DayNumber == today.DayNumber)
+            continue;
+        *marker = record;
+        return state.TopPos[TransactionList] + row;
+    }
+    return 0;
+}
+
+void ShowRows(const Window &window) {
     ClearRows();
     for (int row = 1; row <= state.RowCount; ++row) {
-        const int32_t position = state.TopPos[TransactionList] + row - 1;
-        TRecFile record;
-        state.TranRows[row].Position = static_cast<uint32_t>(position);
-        if (!ReadRecord(handle, Kind, position, &record))
+        TranRow &shown = state.TranRows[row];
+        shown.Position = static_cast<uint32_t>(state.TopPos[TransactionList] + row - 1);
+        if (row > window.Count)
             continue;
-        CopyRecFile(TransactionList, &record, &state.TranRows[row].Rec);
-        if (record.Rec.Version != RecordVersion) {
+        const TRec &record = window.Records[row - 1].Rec;
+        CopyRecFile(TransactionList, &record, &shown.Rec);
+        if (record.Version != RecordVersion) {
             Beep();
-            TraceWide(record.Rec.Name);
+            TraceWide(record.Name);
         }
     }
 }
@@ -103,13 +109,16 @@ int LoadAccount(uint32_t accountID, int32_t top) {
     RecDate today;
     LoadTodaysDate(&today);
     TRec marker;
-    const int32_t stale = state.ArchiveView ? 0 : StaleDayMarker(handle, today, &marker);
+    Window window;
+    ReadWindow(handle, &window);
+    const int32_t stale = state.ArchiveView ? 0 : StaleDayMarker(window, today, &marker);
     if (stale > 0) {
         CloseFile(handle);
         MoveDayMarker(accountID, stale, today, &marker);
         handle = OpenAccountFile(accountID);
+        ReadWindow(handle, &window);
     }
-    ReadRows(handle);
+    ShowRows(window);
     CloseFile(handle);
     state.AccountKind = static_cast<int32_t>(state.CurAccount.AccType);
     state.FilterShown = state.FilterView;

@@ -18,6 +18,7 @@ struct Pass {
     FixedAmount Balance, Cleared;
     int32_t Shares, ClearedShares;
     FixedAmount Price, ClearedPrice; // last seen; last seen on a reconciled row
+    int32_t Multiplier;              // applied last
     bool Changed;                    // the present row's bytes
 };
 
@@ -68,7 +69,7 @@ void ApplyMoneyRow(Pass *pass, TRec *row) {
     default: {
         const int32_t units = row->RowKind == DeletedMarker || row->Cash ? 1 : row->Units;
         const FixedAmount value = TimesUnits(units, row->Value);
-        state.LastMultiplier = units;
+        pass->Multiplier = units;
         pass->Balance = AddAmounts(pass->Balance, value);
         if (row->Cleared == 1)
             pass->Cleared = AddAmounts(pass->Cleared, value);
@@ -143,7 +144,7 @@ void Watch(JeopardyWatch *watch, const ARec &account, int64_t whole, uint32_t da
 
 // Writes the changed rows `from` to `to` - 1 of the run in the buffer, which begins at position `first`.
 void WriteBack(int handle, int32_t first, int32_t from, int32_t to) {
-    if (from < to && !WriteRun(handle, FileKind::Transactions, from, to - from, first + from))
+    if (!WriteRun(handle, FileKind::Transactions, from, to - from, first + from))
         ReportError(In::CalcBalance, Trouble::TwriteFail);
 }
 
@@ -152,45 +153,58 @@ struct Watches {
 };
 
 // Runs over the whole file and writes back the rows that changed. Rows are watched when `watches` is not null. Returns
-// how many there are.
-int32_t CalcFile(int handle, const ARec &account, Watches *watches, Pass *pass, Today *asOfToday) {
+// how many there are. What is the same for all rows is decided outside: the kind of account, and whether there is a
+// key.
+template <bool Share>
+int32_t CalcRows(int handle, const ARec &account, Watches *watches, Pass *total, Today *asOfToday) {
     constexpr FileKind Kind = FileKind::Transactions;
     constexpr int32_t Run = 256; // rows that stay in the cache between reading and writing
-    const bool share = IsShare(account.AccType);
+    const bool enciphered = state.CurrentKey != NoKey;
     RecDate today;
     LoadTodaysDate(&today);
     bool beforeToday = true;
-    int32_t first = 1, read;
-    for (; (read = ReadRun(handle, Kind, first, Run)) > 0; first += read) {
+    Pass pass = *total;
+    int32_t first = 1, read = Run;
+    for (; read == Run; first += read) {
+        read = ReadRun(handle, Kind, first, Run);
         int32_t changedFrom = read; // the start of the changed rows that end here, `read` for none
         for (int32_t index = 0; index < read; ++index) {
             auto *record = static_cast<TRecFile *>(RunRecord(Kind, index));
-            DecipherRecord(Kind, record);
+            if (enciphered)
+                DecipherRecord(Kind, record);
             const uint32_t day = record->Rec.Date.DayNumber;
             if (beforeToday && day > today.DayNumber) {
                 beforeToday = false;
-                *asOfToday = SnapShot(*pass, share);
+                *asOfToday = SnapShot(pass, Share);
             }
-            pass->Changed = false;
-            (share ? ApplyShareRow : ApplyMoneyRow)(pass, &record->Rec);
+            pass.Changed = false;
+            if constexpr (Share)
+                ApplyShareRow(&pass, &record->Rec);
+            else
+                ApplyMoneyRow(&pass, &record->Rec);
             if (watches) {
                 Watch(&watches->Cleared, account,
-                      WholeBalance(share, pass->ClearedShares, pass->ClearedPrice, pass->Cleared), day);
-                Watch(&watches->Balance, account, WholeBalance(share, pass->Shares, pass->Price, pass->Balance), day);
+                      WholeBalance(Share, pass.ClearedShares, pass.ClearedPrice, pass.Cleared), day);
+                Watch(&watches->Balance, account, WholeBalance(Share, pass.Shares, pass.Price, pass.Balance), day);
             }
-            if (pass->Changed) {
-                std::memset(record->Tail, 0, sizeof record->Tail);
-                EncipherRecord(Kind, record);
+            if (pass.Changed) {
                 changedFrom = changedFrom < index ? changedFrom : index;
-            } else {
+                if (enciphered) {
+                    std::memset(record->Tail, 0, sizeof record->Tail);
+                    EncipherRecord(Kind, record);
+                }
+            } else if (changedFrom < index) {
                 WriteBack(handle, first, changedFrom, index);
                 changedFrom = read;
             }
         }
-        WriteBack(handle, first, changedFrom, read);
+        if (changedFrom < read)
+            WriteBack(handle, first, changedFrom, read);
     }
     if (beforeToday)
-        *asOfToday = SnapShot(*pass, share);
+        *asOfToday = SnapShot(pass, Share);
+    *total = pass;
+    state.LastMultiplier = pass.Multiplier;
     return first - 1;
 }
 
@@ -230,6 +244,20 @@ int RefreshArchiveMarker(const ARec &account, const Pass &pass) {
     return found;
 }
 
+// The totals as of today, by the view.
+void TakeTotals(ARec *account, const Today &today) {
+    (state.ArchiveView ? account->ArcBalance : account->Balance) = today.Balance;
+    (state.ArchiveView ? account->ArcClearedBalance : account->ClearedBalance) = today.Cleared;
+}
+
+// Writes an account and has the list of accounts follow.
+void StoreAccount(int32_t position, const ARec &account, In function) {
+    WriteAccount(position, account, function);
+    const int32_t screen = state.CurrentScreen;
+    LoadAccFile(state.TopPos[AccountList]);
+    state.CurrentScreen = screen;
+}
+
 FixedAmount CalcView(uint32_t accountID, uint32_t archive, int withMarker) {
     ARec account;
     int32_t position;
@@ -248,19 +276,21 @@ FixedAmount CalcView(uint32_t accountID, uint32_t archive, int withMarker) {
         ReportError(In::CalcBalance, Trouble::CaseError); // the rows keep their totals
         count = CountRecords(handle, FileKind::Transactions);
     } else
-        count = CalcFile(handle, account, archive || !(account.LowWatch || account.HighWatch) ? nullptr : &watches,
-                         &pass, &today);
+        count = (IsShare(account.AccType)
+                     ? CalcRows<true>
+                     : CalcRows<false>)(handle, account,
+                                        archive || !(account.LowWatch || account.HighWatch) ? nullptr : &watches, &pass,
+                                        &today);
     CloseFile(handle);
     if (handle >= 0) {
-        if (!archive &&
-            (account.BalanceInJeopardy != watches.Balance.Flag || account.ClearedInJeopardy != watches.Cleared.Flag)) {
+        const ARec before = account;
+        if (!archive) {
             account.BalanceInJeopardy = watches.Balance.Flag;
             account.ClearedInJeopardy = watches.Cleared.Flag;
-            WriteAccount(position, account, In::CalcBalance);
         }
-        if (today.Balance != (archive ? account.ArcBalance : account.Balance) ||
-            today.Cleared != (archive ? account.ArcClearedBalance : account.ClearedBalance))
-            UpdateT2FILtot(position, today.Balance, today.Cleared);
+        TakeTotals(&account, today);
+        if (std::memcmp(&before, &account, sizeof account) != 0)
+            StoreAccount(position, account, In::CalcBalance);
         if (archive && withMarker && RefreshArchiveMarker(account, pass))
             CalcView(accountID, 0, 0);
     }
@@ -319,12 +349,8 @@ void UpdateT2FILtot(int32_t position, FixedAmount todayBalance, FixedAmount toda
     ARec account;
     if (!ReadAccount(position, &account))
         return;
-    (state.ArchiveView ? account.ArcBalance : account.Balance) = todayBalance;
-    (state.ArchiveView ? account.ArcClearedBalance : account.ClearedBalance) = todayCleared;
-    WriteAccount(position, account, In::UpdateT2FILtot);
-    const int32_t screen = state.CurrentScreen;
-    LoadAccFile(state.TopPos[AccountList]);
-    state.CurrentScreen = screen;
+    TakeTotals(&account, {todayBalance, todayCleared});
+    StoreAccount(position, account, In::UpdateT2FILtot);
 }
 
 void CheckT1totals(int) {
@@ -354,9 +380,8 @@ void CheckT1totals(int) {
             }
             CloseFile(handle);
         }
-        if (known)
-            if (std::memcmp(&before, &account, sizeof account) != 0)
-                WriteAccount(position, account, In::CheckT1totals);
+        if (known && std::memcmp(&before, &account, sizeof account) != 0)
+            WriteAccount(position, account, In::CheckT1totals);
     }
 }
 

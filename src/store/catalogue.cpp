@@ -91,6 +91,16 @@ int ReadRecord(int handle, FileKind kind, int32_t position, void *record) {
     return 1;
 }
 
+int32_t ReadRecords(int handle, FileKind kind, int32_t first, int32_t most, void *records) {
+    const int size = RecordSize(kind);
+    auto *bytes = static_cast<uint8_t *>(records);
+    const auto read =
+        static_cast<int32_t>(ReadFileAt(handle, (first - int64_t{1}) * size, bytes, int64_t{most} * size) / size);
+    for (int32_t index = 0; index < read; ++index)
+        DecipherRecord(kind, bytes + int64_t{index} * size);
+    return read;
+}
+
 int WriteRecord(int handle, FileKind kind, int32_t position, void *record) {
     const int size = RecordSize(kind);
     EncipherRecord(kind, record);

@@ -34,6 +34,10 @@ int32_t CountRecords(int handle, FileKind kind);
 // One record at a 1-based position into a buffer of RecordSize(kind), deciphered. 0 on a short read, buffer undefined.
 [[nodiscard]] int ReadRecord(int handle, FileKind kind, int32_t position, void *record);
 
+// Up to `most` whole records from a 1-based position on by one read, deciphered, into a buffer of that many
+// RecordSize(kind). Returns how many arrived.
+int32_t ReadRecords(int handle, FileKind kind, int32_t first, int32_t most, void *records);
+
 // One record to a 1-based position, enciphered in place: the buffer is not to be read again. The result also stands
 // in state.LastWriteResult; the caller reports.
 [[nodiscard]] int WriteRecord(int handle, FileKind kind, int32_t position, void *record);

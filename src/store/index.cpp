@@ -17,15 +17,35 @@ int OpenIndex(In function) {
     return file;
 }
 
+// Shows `visit` every row with its position, until it answers 0.
+template <typename Visit> void WalkIndex(int file, Visit visit) {
+    constexpr int32_t AtOnce = 16; // most owners' whole list
+    ARecFile records[AtOnce];
+    int32_t read = AtOnce;
+    for (int32_t first = 1; read == AtOnce; first += read) {
+        read = ReadRecords(file, FileKind::Accounts, first, AtOnce, records);
+        for (int32_t index = 0; index < read; ++index) {
+            ARec row = {};
+            CopyRecFile(AccountList, &records[index], &row);
+            if (!visit(first + index, row))
+                return;
+        }
+    }
+}
+
 // The position of the first account that matches, with its row; 0 for none.
 template <typename Matches> int32_t FindAccount(In function, ARec *row, Matches matches) {
     const int file = OpenIndex(function);
     if (file < 0)
         return 0;
     int32_t found = 0;
-    for (int32_t position = 1; !found && ReadRow(file, AccountList, position, row); ++position)
-        if (matches(*row))
+    WalkIndex(file, [&](int32_t position, const ARec &account) {
+        if (matches(account)) {
             found = position;
+            *row = account;
+        }
+        return !found;
+    });
     CloseFile(file);
     return found;
 }
@@ -72,6 +92,11 @@ int32_t IDtoRec(uint32_t accountID) {
     return accountID ? FindAccount(In::IDtoRec, &row, [=](const ARec &r) { return r.ID == accountID; }) : 0;
 }
 
+int32_t IDtoAccount(uint32_t accountID, ARec *row) {
+    const auto isIt = [=](const ARec &r) { return r.ID == accountID && r.RowKind != HeadingRow; };
+    return accountID ? FindAccount(In::IDtoRec, row, isIt) : 0;
+}
+
 uint32_t GetNextID() {
     if (!state.DataUsable)
         return 0;
@@ -92,10 +117,10 @@ void SumHeadings() {
         return;
     FixedAmount ARec::*const totals[] = {&ARec::Balance, &ARec::ClearedBalance, &ARec::ArcBalance,
                                          &ARec::ArcClearedBalance};
-    ARec sums = {}, row = {};
-    for (int32_t position = 1; ReadRow(file, AccountList, position, &row); ++position) {
+    ARec sums = {};
+    WalkIndex(file, [&](int32_t position, ARec &row) {
         if (position == 1 && row.Version != RecordVersion)
-            break; // the loader is about to refuse this file
+            return false; // the loader is about to refuse this file
         int changed = 0;
         for (const auto total : totals) {
             if (row.RowKind != HeadingRow) {
@@ -108,6 +133,7 @@ void SumHeadings() {
         }
         if (changed && !WriteRow(file, AccountList, position, &row))
             ReportError(In::AccountNameToId, Trouble::AwriteFail);
-    }
+        return true;
+    });
     CloseFile(file);
 }

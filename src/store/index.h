@@ -12,6 +12,8 @@ const char16_t *AccountIdToName(uint32_t accountID);
 uint32_t RectoID(int32_t position);
 // The position of the first row with the ID, 0 for none.
 int32_t IDtoRec(uint32_t accountID);
+// The position of the account with the ID, never that of a heading, and its row. 0 for none, and the row left alone.
+int32_t IDtoAccount(uint32_t accountID, ARec *row);
 // Draws a new ID, never one whose live file still exists, and counts it in the configuration record.
 uint32_t GetNextID();
 // Rewrites the totals of the heading rows: each shows the accounts between it and the heading before it.

@@ -85,10 +85,12 @@ int AcceptFile(int file, int list, In function) {
 }
 
 void ReadWindow(int file, int list, const WindowRow &window) {
+    const FileKind kind = KindOfList(list);
+    alignas(8) uint8_t records[MostRows * sizeof(BinRecFile)]; // the widest kind that a list shows
+    const int32_t read = ReadRecords(file, kind, state.TopPos[list], state.RowCount, records);
     auto *row = static_cast<uint8_t *>(window.Rows);
-    for (int i = 0; i < state.RowCount && i < MostRows; ++i, row += window.RowBytes) {
-        if (!ReadRow(file, list, state.TopPos[list] + i, row))
-            return;
+    for (int i = 0; i < read; ++i, row += window.RowBytes) {
+        CopyRecFile(list, records + i * RecordSize(kind), row);
         if (row[0] != RecordVersion) {
             Beep();
             TraceWide(reinterpret_cast<const char16_t *>(row + window.Name));
