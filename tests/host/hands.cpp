@@ -205,6 +205,26 @@ void Drag(int fromX, int fromY, int toX, int toY) {
     Release(toX, toY);
 }
 
+void TapRow(int n) {
+    Tap(RowMiddle(n).X, RowMiddle(n).Y);
+}
+
+void OpenRow(int n) {
+    DoubleTap(RowMiddle(n).X, RowMiddle(n).Y);
+}
+
+void StrokeRow(int n, int pixels) {
+    Drag(60, RowMiddle(n).Y, 60 + pixels, RowMiddle(n).Y);
+}
+
+void TapSlot(int slot) {
+    Tap(TabMiddle(slot).X, TabMiddle(slot).Y);
+}
+
+void DragToSlot(int n, int slot) {
+    Drag(RowMiddle(n).X, RowMiddle(n).Y, TabMiddle(slot).X, TabMiddle(slot).Y);
+}
+
 static constexpr struct {
     Key Code;
     const char *Name;
@@ -227,13 +247,6 @@ Key KeyByName(const std::string &name) {
         if (name == row.Name)
             return row.Code;
     return Key::None;
-}
-
-const char *KeyName(Key key) {
-    for (const auto &row : KeyNames)
-        if (key == row.Code)
-            return row.Name;
-    return "None";
 }
 
 // With a form open, keys belong to the control that has the focus, but for the eyes, the cross and the tick; Enter is
@@ -261,6 +274,10 @@ static bool KeyOfControl(Key *key) {
 void SendKey(Key key) {
     if (!KeyOfControl(&key))
         SendEvent({.Kind = EventKind::Key, .Code = static_cast<int>(key)});
+}
+
+void ShowScreen(int screen) {
+    SendKey(static_cast<Key>(static_cast<int>(Key::Tab1) + screen - 1));
 }
 
 bool SendCommand(int command) {
@@ -298,9 +315,7 @@ bool SetText(int id, const std::string &text) {
 }
 
 bool Choose(int id, int index) {
-    if (!Focus(id))
-        return false;
-    if (index < 0 || index >= ControlItemCount(id))
+    if (!Focus(id) || index < 0 || index >= ControlItemCount(id))
         return false;
     const ControlKind kind = form.Controls[id].Template.Kind;
     if (kind == ControlKind::Combo || kind == ControlKind::List)

@@ -27,11 +27,20 @@ void DoubleTap(int x, int y);
 // Press, moves of at most six pixels, release.
 void Drag(int fromX, int fromY, int toX, int toY);
 
+// The list's rows and the tabs, by the places of test_host.h. A stroke goes so many pixels across a row; a row is
+// dragged to the tab in a slot of the page shown.
+void TapRow(int n);
+void OpenRow(int n);
+void StrokeRow(int n, int pixels = 60);
+void TapSlot(int slot);
+void DragToSlot(int n, int slot);
+
 // With a form open, most keys belong to the control that has the focus: digits and Backspace are typed into it.
 void SendKey(Key key);
 // "Up", "Digit7", "7", "Tab3", "Stroke" ...; Key::None for no such key.
 Key KeyByName(const std::string &name);
-const char *KeyName(Key key);
+// By the screen's own key.
+void ShowScreen(int screen);
 
 // False, and nothing is sent, when the command or the popup it stands in is greyed.
 bool SendCommand(int command);
