@@ -13,45 +13,6 @@ protected:
     TestRoot root;
 };
 
-TEST_F(BadInput, DataOfAFutureVersionIsRefusedAndNotTouched) {
-    OpenAccount(1);
-    const Point row = RowMiddle(2);
-    Tap(row.X, row.Y);
-    SendCommand(40098); // something for the bin
-    QuitProgram();
-    for (const char *name : {"E1_01IND", "E1_02A1", "E1_04DD", "E1_05FAV", "E1_06BIN", "E1_07CAT", "E1_08CUR"}) {
-        SCOPED_TRACE(name);
-        std::vector<uint8_t> bytes = ReadBytes(root.DataFile(name));
-        ASSERT_FALSE(bytes.empty());
-        bytes[0] = 2;
-        WriteBytes(root.DataFile(name), bytes);
-        const auto files = Snapshot(root.Path());
-        SetClock(2026, 3, 3); // a day on, totals and markers would move
-        ASSERT_TRUE(StartProgram());
-        EXPECT_EQ(state.DataUsable, 0u);
-        std::string shown;
-        for (const StandingText &text : TextsIn(ListWindow, {0, 147, 240, 262}))
-            shown += text.Words + "/";
-        EXPECT_EQ(shown, "Warning!/Wrong (future) version data/Can't use xx_Data directory/"
-                         "To exit Help mode, tap the eyes below/");
-        for (int slot = 1; slot <= 7; ++slot) {
-            const Point tab = TabMiddle(slot), first = RowMiddle(1);
-            Tap(tab.X, tab.Y);
-            DoubleTap(first.X, first.Y);
-            Drag(first.X, first.Y, first.X + 60, first.Y);
-            SendCommand(40076);
-            Tick();
-        }
-        QuitProgram();
-        EXPECT_FALSE(ProgramRuns());
-        EXPECT_EQ(Snapshot(root.Path()), files);
-        bytes[0] = 1;
-        WriteBytes(root.DataFile(name), bytes);
-    }
-    ASSERT_TRUE(StartProgram());
-    EXPECT_EQ(state.DataUsable, 1u);
-}
-
 TEST_F(BadInput, AnAccountOfAFutureVersionKeepsItsBalanceUntilItIsOpened) {
     QuitProgram();
     std::vector<uint8_t> bytes = ReadBytes(root.DataFile("E1_02A2"));
@@ -60,7 +21,7 @@ TEST_F(BadInput, AnAccountOfAFutureVersionKeepsItsBalanceUntilItIsOpened) {
     ASSERT_TRUE(StartProgram());
     EXPECT_EQ(state.DataUsable, 1u);
     EXPECT_EQ(RecordsIn<ARec>(root.DataFile("E1_01IND")).at(1).Balance, 6033210);
-    OpenAccount(2);
+    OpenRow(2);
     EXPECT_EQ(state.DataUsable, 0u);
     QuitProgram();
     EXPECT_EQ(ReadBytes(root.DataFile("E1_02A2")), bytes);
@@ -90,7 +51,7 @@ TEST_F(BadInput, ATornRecordAtTheEndIsPassedOverAndWrittenOver) {
         cut.insert(cut.end(), torn, 0xEE);
         WriteBytes(root.DataFile("E1_02A1"), cut);
         ASSERT_TRUE(StartProgram());
-        OpenAccount(1);
+        OpenRow(1);
         EXPECT_EQ(state.EntryCount[TransactionList], 5);
         AddEntry({2026, 3, 20, "new", "1", "0"});
         std::vector<std::string> expected = before;

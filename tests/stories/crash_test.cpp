@@ -1,6 +1,7 @@
 // What a power cut, a failing disk and a full disk leave behind.
 #include "core/state.h"
 #include "day.h"
+#include "platform/text.h"
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -24,9 +25,7 @@ protected:
             InFile<TRec> entry{};
             std::memcpy(&entry, bytes.data(), sizeof entry);
             entry.Rec.Date = DateFromDayNumber(153037 + static_cast<uint32_t>(n));
-            const std::u16string name = u"Old " + Utf16(std::to_string(n));
-            std::fill_n(entry.Rec.Name, TextRoom, u'\0');
-            std::copy(name.begin(), name.end(), entry.Rec.Name);
+            CopyText(entry.Rec.Name, TextRoom, (u"Old " + Utf16(std::to_string(n))).c_str());
             entry.Rec.Value = 1000 + n;
             const auto *raw = reinterpret_cast<const uint8_t *>(&entry);
             all.insert(all.end(), raw, raw + sizeof entry);
@@ -60,7 +59,7 @@ int TickWith(const std::string &device, const DiskSwitches &switches) {
     const TestRoot copy(device);
     if (!StartProgram())
         _exit(1);
-    OpenAccount(1);
+    OpenRow(1);
     OpenNewEntry();
     FillEntry(BackDated);
     ResetDisk();
@@ -110,7 +109,7 @@ TEST_F(Device, AKillAtAnyWriteOfABackDatedEntryLosesNoRecord) {
             ExpectNothingLost(before, EntriesIn(LiveFile(copy)));
             const TestRoot again(copy);
             EXPECT_TRUE(StartProgram());
-            OpenAccount(1);
+            OpenRow(1);
             EXPECT_EQ(state.DataUsable, 1u);
             ExpectNothingLost(before, EntriesIn(LiveFile(copy)));
             QuitProgram();
@@ -153,7 +152,7 @@ TEST_F(Device, AFailingWriteOfABackDatedEntryLosesNoRecord) {
 TEST_F(Device, AFullDiskInTheMiddleOfAnInsertionChangesNothing) {
     Prepare(1000);
     ASSERT_TRUE(StartProgram());
-    OpenAccount(1);
+    OpenRow(1);
     OpenNewEntry();
     FillEntry(BackDated);
     const auto files = Snapshot(root.Path());
@@ -177,9 +176,11 @@ TEST_F(Device, AnUnwritableDirectoryIsShownAndLeftAlone) {
         disk.Switches.Unwritable = true;
         ASSERT_TRUE(StartProgram());
         EXPECT_EQ(Lines(), "Warning!//Can't use xx_Data directory///");
+        for (int screen = 8; screen >= 1; --screen)
+            ShowScreen(screen);
         if (!fresh) {
             EXPECT_EQ(RowsShown(1), std::vector<std::string>{"Current account | 516.00"});
-            OpenAccount(1);
+            OpenRow(1);
             AddEntry(BackDated);
             EXPECT_GT(machine.Beeps, 0);
         }

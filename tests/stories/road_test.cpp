@@ -23,15 +23,24 @@ TEST_F(Road, AFirstStartShowsThreeAccountsWithBalancesAsOfToday) {
               (std::vector<std::string>{"2026-02-12 Opening balance 964000", "2026-02-21 ATM -200000",
                                         "2026-02-23 Rent -248000", "2026-03-02 Monday 0",
                                         "2026-03-09 Visa payment -344980"}));
+    EXPECT_EQ(state.RowCount, 7);
     EXPECT_EQ(Lines(), "/Tap an item on the screen/for information on that item///");
+    EXPECT_EQ(TextAt(TopWindow, {0, 15, 240, 36}), "Name | Balance");
+    for (const char *name : {"E1_03CON", "E1_04DD", "E1_05FAV", "E1_07CAT", "E1_08CUR", "E1_09SST"})
+        EXPECT_FALSE(ReadBytes(root.DataFile(name)).empty()) << name;
+    QuitProgram();
+    // The next start finds accounts: no message window, the same rows.
+    ASSERT_TRUE(StartProgram());
+    EXPECT_EQ(state.EntryCount[AccountList], 3);
+    EXPECT_EQ(state.RowCount, 12);
+    EXPECT_EQ(state.HelpMode, 0u);
 }
 
 TEST_F(Road, ABackDatedEntryStandsInItsPlaceForGood) {
     ASSERT_TRUE(StartProgram());
-    OpenAccount(1);
+    OpenRow(1);
     ASSERT_EQ(state.CurrentScreen, TransactionList);
-    const Point blank = RowMiddle(6);
-    DoubleTap(blank.X, blank.Y);
+    OpenRow(6); // the blank one
     ASSERT_EQ(state.ActiveDialog, TransactionDialog);
     FillEntry({2026, 2, 22, "Groceries", "45", "5"});
     Tick();
@@ -50,8 +59,7 @@ TEST_F(Road, ABackDatedEntryStandsInItsPlaceForGood) {
         totals.push_back(entry.RunTotal);
     EXPECT_EQ(totals, (std::vector<int64_t>{964000, 764000, 718500, 470500, 470500, 125520}));
 
-    const Point accounts = TabMiddle(1);
-    Tap(accounts.X, accounts.Y);
+    TapSlot(1);
     EXPECT_EQ(RowsShown(1), std::vector<std::string>{"Current account | 470.50"});
     EXPECT_EQ(RecordsIn<ARec>(root.DataFile("E1_01IND")).at(0).Balance, 470500);
 
@@ -60,7 +68,7 @@ TEST_F(Road, ABackDatedEntryStandsInItsPlaceForGood) {
     EXPECT_FALSE(ProgramRuns());
     ASSERT_TRUE(StartProgram());
     EXPECT_EQ(RowsShown(1), std::vector<std::string>{"Current account | 470.50"});
-    OpenAccount(1);
+    OpenRow(1);
     EXPECT_EQ(RowsShown(state.RowCount), rows);
     EXPECT_EQ(Snapshot(root.Path()), files) << "a restart on the same day changes no byte";
     EXPECT_EQ(disk.OpenHandles, 0);
