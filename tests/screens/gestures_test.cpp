@@ -9,20 +9,20 @@ TEST_F(Device, StrokeAcrossAnEntryMarksItReconciledAndBalancesFollow) {
     OpenRow(1);
     ASSERT_EQ(state.CurrentScreen, TransactionList);
     StrokeRow(2, 25); // a tap
-    EXPECT_EQ(Read<TRecFile>("E1_02A1")[1].Cleared, 0U);
+    EXPECT_EQ(Rows()[1].Cleared, 0U);
     StrokeRow(2, 26);
-    EXPECT_EQ(Read<TRecFile>("E1_02A1")[1].Cleared, 1U);
+    EXPECT_EQ(Rows()[1].Cleared, 1U);
     EXPECT_EQ(Ids(), "48,49,50,53,54,56");
-    EXPECT_EQ(Read<ARecFile>("E1_01IND")[0].ClearedBalance, -200000);
+    EXPECT_EQ(Accounts()[0].ClearedBalance, -200000);
     EXPECT_EQ(ColourAt(ListWindow, 36, 27), BrushColour(ReconciledBrush));
     EXPECT_EQ(state.SelectedPos[TransactionList], 2);
     SendKey(Key::Stroke);
-    EXPECT_EQ(Read<TRecFile>("E1_02A1")[1].Cleared, 0U);
+    EXPECT_EQ(Rows()[1].Cleared, 0U);
     EXPECT_EQ(Ids(), "48,51,52,53,54,56");
 
     StrokeRow(4);
     EXPECT_EQ(Ids(), "108,49,0,0,0,0");
-    EXPECT_EQ(Read<TRecFile>("E1_02A1")[3].Cleared, 0U);
+    EXPECT_EQ(Rows()[3].Cleared, 0U);
     EXPECT_TRUE(Remains(ListWindow).empty());
 }
 
@@ -35,7 +35,7 @@ TEST_F(Device, StrokeUnderAFilterOnlyLiftsIt) {
     StrokeRow(1);
     EXPECT_EQ(state.FilterShown, 0U);
     EXPECT_EQ(state.EntryCount[TransactionList], 5);
-    for (const TRec &row : Read<TRecFile>("E1_02A1"))
+    for (const TRec &row : Rows())
         EXPECT_EQ(row.Cleared, 0U);
     EXPECT_EQ(ColourAt(TopWindow, 8, 30), BrushColour(TitleBrush));
 
@@ -51,13 +51,13 @@ TEST_F(Device, StrokeUnderAFilterOnlyLiftsIt) {
 
 TEST_F(Device, StrokesOnTheAccountListMakeAndRemoveTotals) {
     StrokeRow(3);
-    EXPECT_EQ(Accounts(), "Current account,Savings account,Total,Work expenses");
+    EXPECT_EQ(AccountNames(), "Current account,Savings account,Total,Work expenses");
     EXPECT_EQ(Ids(), "240,241,0,242,0,243");
     EXPECT_EQ(TextAt(ListWindow, Row(3)), "Total | 6549.21");
     StrokeRow(9); // past the end
-    EXPECT_EQ(Accounts(), "Current account,Savings account,Total,Work expenses,Total");
+    EXPECT_EQ(AccountNames(), "Current account,Savings account,Total,Work expenses,Total");
     StrokeRow(3);
-    EXPECT_EQ(Accounts(), "Current account,Savings account,Work expenses,Total");
+    EXPECT_EQ(AccountNames(), "Current account,Savings account,Work expenses,Total");
     EXPECT_EQ(Ids(), "0,244,0,245,0,0");
     EXPECT_EQ(state.EntryCount[BinList], 0);
     TapRow(4);
@@ -78,20 +78,20 @@ TEST_F(Device, AStrokeThatTheDiskRefusesIsNotAnnounced) {
     disk.Switches.FailAt = disk.WriteCalls + 1;
     StrokeRow(3);
     EXPECT_EQ(Ids(), selected);
-    EXPECT_EQ(Read<TRecFile>("E1_02A1")[2].Cleared, 0U);
+    EXPECT_EQ(Rows()[2].Cleared, 0U);
     EXPECT_EQ(ColourAt(ListWindow, 36, 44), BrushColour(SilverBrush));
 }
 
 TEST_F(Device, StrokesFlagTemplatesAndTurnConversions) {
     ShowScreen(TemplateList);
     StrokeRow(1);
-    EXPECT_EQ(Read<FRecFile>("E1_05FAV")[0].Cleared, 1U);
+    EXPECT_EQ(Read<FRec>("E1_05FAV")[0].Cleared, 1U);
     EXPECT_EQ(Ids(), "113,0,40,41,42,44");
     ShowScreen(ConversionList);
     EXPECT_EQ(TextAt(ListWindow, Row(5)), "kg | 2.22 | lb");
     StrokeRow(5);
     EXPECT_EQ(TextAt(ListWindow, Row(5)), "lb | 0.45 | kg");
-    EXPECT_EQ(Read<CurRecFile>("E1_08CUR")[4].DirectionState, 1U);
+    EXPECT_EQ(Read<CurRec>("E1_08CUR")[4].DirectionState, 1U);
     ShowScreen(CategoryList);
     StrokeRow(1);
     EXPECT_EQ(Ids(), "0,0,233,0,0,0");
@@ -115,9 +115,9 @@ TEST_F(Device, RowsAreDraggedToANewPlace) {
         if (state.CurrentScreen != row.Screen)
             ShowScreen(row.Screen);
         Drag(RowMiddle(row.From).X, RowMiddle(row.From).Y, RowMiddle(row.To).X, RowMiddle(row.To).Y);
-        const std::string names = row.Screen == 1   ? Accounts()
-                                  : row.Screen == 5 ? Names<FRecFile>("E1_05FAV")
-                                                    : Names<CatRecFile>("E1_07CAT");
+        const std::string names = row.Screen == 1   ? AccountNames()
+                                  : row.Screen == 5 ? Names<FRec>("E1_05FAV")
+                                                    : Names<CatRec>("E1_07CAT");
         EXPECT_EQ(names, row.Names) << row.Screen << ": " << row.From << " to " << row.To;
         EXPECT_FALSE(ColourIn(ListWindow, {0, 0, 226, 205}, DropLineRed));
         EXPECT_TRUE(Remains(ListWindow).empty());
@@ -125,23 +125,26 @@ TEST_F(Device, RowsAreDraggedToANewPlace) {
 }
 
 TEST_F(Device, InsertionLineShowsWhereARowWouldLand) {
+    const struct {
+        Point To;
+        int LineAt; // y, 0 none
+        int Tab;
+    } moves[] = {{{94, RowMiddle(1).Y + 2}, 0, 0},
+                 {RowMiddle(2), 0, 0}, // beside the source
+                 {RowMiddle(3), 34, 0},
+                 {RowMiddle(5), 68, 0},
+                 {TabMiddle(6), 0, BinList},
+                 {RowMiddle(1), 0, 0}};
     Press(RowMiddle(1).X, RowMiddle(1).Y);
-    Move(RowMiddle(1).X + 4, RowMiddle(1).Y + 2);
-    EXPECT_FALSE(ColourIn(ListWindow, {0, 0, 226, 205}, DropLineRed));
-    Move(RowMiddle(2).X, RowMiddle(2).Y); // beside the source
-    EXPECT_FALSE(ColourIn(ListWindow, {0, 0, 226, 205}, DropLineRed));
-    Move(RowMiddle(3).X, RowMiddle(3).Y);
-    EXPECT_TRUE(ColourIn(ListWindow, {0, 32, 226, 36}, DropLineRed));
-    Move(RowMiddle(5).X, RowMiddle(5).Y);
-    EXPECT_FALSE(ColourIn(ListWindow, {0, 32, 226, 36}, DropLineRed));
-    EXPECT_TRUE(ColourIn(ListWindow, {0, 66, 226, 70}, DropLineRed));
-    Move(TabMiddle(6).X, TabMiddle(6).Y);
-    EXPECT_FALSE(ColourIn(ListWindow, {0, 0, 226, 205}, DropLineRed));
-    EXPECT_EQ(state.DragOverTab, BinList);
-    Move(RowMiddle(1).X, RowMiddle(1).Y);
-    EXPECT_EQ(state.DragOverTab, 0);
+    for (const auto &move : moves) {
+        Move(move.To.X, move.To.Y);
+        for (const int y : {34, 68})
+            EXPECT_EQ(ColourIn(ListWindow, {0, y - 2, 226, y + 2}, DropLineRed), y == move.LineAt) << move.To.Y;
+        EXPECT_EQ(ColourIn(ListWindow, {0, 0, 226, 205}, DropLineRed), move.LineAt > 0) << move.To.Y;
+        EXPECT_EQ(state.DragOverTab, move.Tab);
+    }
     Release(RowMiddle(1).X, RowMiddle(1).Y);
-    EXPECT_EQ(Accounts(), "Current account,Savings account,Work expenses");
+    EXPECT_EQ(AccountNames(), "Current account,Savings account,Work expenses");
 
     // Transactions have their dates' order: no line.
     OpenRow(1);
@@ -155,17 +158,15 @@ TEST_F(Device, InsertionLineShowsWhereARowWouldLand) {
 TEST_F(Device, AnEntryBecomesATemplateOrACategory) {
     OpenRow(1);
     DragToSlot(3, 5);
-    const FRec made = Read<FRecFile>("E1_05FAV")[0];
-    EXPECT_EQ(Utf8(made.Name), "Rent");
-    EXPECT_EQ(made.Value, -248000);
-    EXPECT_GT(made.CatID, 10000);
+    EXPECT_EQ(Fields(Read<FRec>("E1_05FAV")[0], "Name Value"), "Rent, -248000");
+    EXPECT_GT(Read<FRec>("E1_05FAV")[0].CatID, 10000);
     EXPECT_EQ(state.CurrentScreen, TransactionList);
     DragToSlot(4, 5); // a marker is refused, and its tab stays cool
-    EXPECT_EQ(Names<FRecFile>("E1_05FAV"), "Rent,Gas,ATM,Bus (single),Bus (return),Train,Dividend");
+    EXPECT_EQ(Names<FRec>("E1_05FAV"), "Rent,Gas,ATM,Bus (single),Bus (return),Train,Dividend");
 
-    Tap(TabMiddle(7).X, TabMiddle(7).Y);
+    TapSlot(7);
     DragToSlot(2, 1);
-    EXPECT_EQ(Names<CatRecFile>("E1_07CAT"), "ATM,Cat 1 - Credit cards,Cat 2 - Corporate,Cat 3 - Outgoings");
+    EXPECT_EQ(Names<CatRec>("E1_07CAT"), "ATM,Cat 1 - Credit cards,Cat 2 - Corporate,Cat 3 - Outgoings");
     EXPECT_EQ(Entries(), "Opening balance,ATM,Rent,Monday,Visa payment");
 }
 
@@ -182,23 +183,23 @@ TEST_F(Device, RowsGoToTheBinAndComeBack) {
     TapRow(2); // the account of the second case
     for (const auto &row : cases) {
         ShowScreen(row.Screen);
-        const size_t size = ReadBytes(Root.DataFile(row.File)).size();
+        const size_t size = ReadBytes(root.DataFile(row.File)).size();
         DragToSlot(1, 6);
         EXPECT_EQ(Ids(), "0,0,233,0,0,0");
-        ASSERT_EQ(ReadBytes(Root.DataFile(row.File)).size(), size - static_cast<size_t>(row.RecordBytes)) << row.File;
+        ASSERT_EQ(ReadBytes(root.DataFile(row.File)).size(), size - static_cast<size_t>(row.RecordBytes)) << row.File;
         ShowScreen(BinList);
         ASSERT_EQ(state.EntryCount[BinList], 1);
         if (state.TabPage != row.Page)
-            Tap(TabMiddle(7).X, TabMiddle(7).Y);
+            TapSlot(7);
         const int slot = row.Screen > 6 ? row.Screen - 6 : row.Screen;
         DragToSlot(1, slot == 1 ? 2 : 1); // another tab leaves it in the bin
         EXPECT_EQ(state.EntryCount[BinList], 1) << row.File;
         DragToSlot(1, slot);
         EXPECT_EQ(state.EntryCount[BinList], 0) << row.File;
-        EXPECT_EQ(ReadBytes(Root.DataFile(row.File)).size(), size) << row.File;
+        EXPECT_EQ(ReadBytes(root.DataFile(row.File)).size(), size) << row.File;
         EXPECT_EQ(state.CurrentScreen, BinList);
     }
-    EXPECT_EQ(Read<ARecFile>("E1_01IND")[0].Balance, 6033210);
+    EXPECT_EQ(Accounts()[0].Balance, 6033210);
 
     // The bin never shows more than two blank rows for what has left it.
     ShowScreen(TemplateList);
@@ -223,7 +224,7 @@ TEST_F(Device, RowsGoToTheBinAndComeBack) {
     ShowScreen(BinList);
     DragToSlot(1, 6);
     EXPECT_EQ(state.EntryCount[BinList], 0);
-    EXPECT_TRUE(ReadBytes(Root.DataFile("E1_06BIN")).empty());
+    EXPECT_TRUE(ReadBytes(root.DataFile("E1_06BIN")).empty());
 }
 
 TEST_F(Device, ATransactionOfALostAccountStaysInTheBin) {
@@ -241,7 +242,7 @@ TEST_F(Device, ATransactionOfALostAccountStaysInTheBin) {
     DragToSlot(2, 1); // the account first
     DragToSlot(1, 2);
     EXPECT_EQ(state.EntryCount[BinList], 0);
-    EXPECT_EQ(Accounts(), "Current account,Work expenses,Savings account");
+    EXPECT_EQ(AccountNames(), "Current account,Work expenses,Savings account");
 }
 
 TEST_F(Device, ColumnEdgesKeepTheirDistanceAndAreKept) {
@@ -265,31 +266,25 @@ TEST_F(Device, ColumnEdgesKeepTheirDistanceAndAreKept) {
     for (const auto &row : {std::array{1, 1, 196}, std::array{2, 2, 74}, std::array{2, 3, 170}, std::array{5, 1, 77}})
         EXPECT_NEAR(state.ColumnEdge[row[0]][row[1]], row[2], 1);
     // A second start without a drag moves nothing.
-    const std::vector<uint8_t> kept = ReadBytes(Root.DataFile("E1_03CON"));
+    const std::vector<uint8_t> kept = ReadBytes(root.DataFile("E1_03CON"));
     QuitProgram();
-    EXPECT_EQ(ReadBytes(Root.DataFile("E1_03CON")), kept);
+    EXPECT_EQ(ReadBytes(root.DataFile("E1_03CON")), kept);
 }
 
 TEST_F(Device, RowsOfAListAccountAreDraggedByTheOwner) {
-    SendCommand(CommandNew);
-    SetText(1002, "Shopping");
-    ASSERT_TRUE(Choose(1007, "List"));
-    SendCommand(CommandTick);
-    ASSERT_EQ(Accounts(), "Current account,Savings account,Work expenses,Shopping");
-    OpenRow(4);
+    MakeAccount("Shopping", ListRow);
     for (const char *name : {"Milk", "Bread", "Eggs"}) {
-        SendCommand(CommandNew);
-        SetText(1005, name);
-        SetText(1007, "1");
-        SendCommand(CommandTick);
+        New(TransactionList);
+        Fill({{TitleField, name}, {WholeField, "1"}});
+        Tick();
     }
     ASSERT_EQ(Entries(4), "Opening balance,Milk,Bread,Eggs");
     Drag(60, RowMiddle(4).Y, 60, RowMiddle(2).Y);
     EXPECT_EQ(Entries(4), "Opening balance,Eggs,Milk,Bread");
-    EXPECT_EQ(WholeMagnitude(Read<TRecFile>("E1_02A4")[3].RunTotal), 3U);
+    EXPECT_EQ(WholeMagnitude(Rows(4)[3].RunTotal), 3U);
     EXPECT_EQ(state.SelectedPos[TransactionList], 2);
     Drag(134, 50, 110, 50);
-    const ARec account = Read<ARecFile>("E1_01IND")[3];
+    const ARec account = Accounts()[3];
     EXPECT_EQ(account.ColumnPos[1], normalise(45)); // the hidden edge stays
     EXPECT_EQ(denormalise(account.ColumnPos[2]), 109);
 }

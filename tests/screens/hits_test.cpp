@@ -46,85 +46,83 @@ TEST_F(Device, PointsOfTheListMeetTheirRowsAndTabs) {
 
 // Taps on header and titles: device coordinates, edges at their defaults, each on a screen freshly entered.
 TEST_F(Device, EveryPlaceOfHeaderAndTitlesExplainsItself) {
+    static constexpr char Silent[] = "-", Title[] = "0,464,0,80,0,0", Edge[] = "0,0,90,91,0,0",
+                          Arrows[] = "71,72,73,0,75,76", Archive[] = "77,78,79,89,0,80", Selected[] = "0,207,0,0,0,0",
+                          Count[] = "0,208,0,0,0,0", Balances[] = "64,65,66,67,56,209", Amounts[] = "0,227,0,0,0,0";
+    // Header; accounts, edge 150; transactions, edges 44, 134, 180; recurring and bin, edges 38, 120, 175; templates,
+    // edge 150; categories, edge 44; conversions, edges 94 and 129; graph. Screens 4 to 8 know the counts alone.
     static constexpr struct {
         int Screen, X, Y;
         const char *Lines;
-    } cases[] = {
-        // header
-        {1, 0, 26, "0,207,0,0,0,0"},
-        {1, 29, 41, "0,207,0,0,0,0"},
-        {5, 29, 30, "0,207,0,0,0,0"},
-        {1, 30, 30, "71,72,73,0,75,76"},
-        {2, 59, 30, "71,72,73,0,75,76"},
-        {1, 60, 30, "77,78,79,89,0,80"},
-        {2, 178, 30, "77,78,79,89,0,80"},
-        {3, 100, 30, "77,78,79,89,0,80"},
-        {1, 179, 30, "71,72,73,0,75,76"},
-        {1, 210, 30, "71,72,73,0,75,76"},
-        {1, 211, 30, "0,208,0,0,0,0"},
-        {8, 239, 30, "0,208,0,0,0,0"},
-        {4, 100, 30, "-"}, // screens 4 to 8 know the counts alone
-        {7, 40, 30, "-"},
-        // accounts, edge 150
-        {1, 0, 50, "-"},
-        {1, 1, 50, "0,464,0,80,0,0"},
-        {1, 144, 50, "0,464,0,80,0,0"},
-        {1, 145, 50, "-"},
-        {1, 146, 50, "0,0,90,91,0,0"},
-        {1, 154, 50, "0,0,90,91,0,0"},
-        {1, 155, 50, "-"},
-        {1, 156, 50, "64,65,66,67,56,209"},
-        {1, 239, 50, "64,65,66,67,56,209"},
-        // transactions, edges 44, 134, 180
-        {2, 35, 50, "0,90,91,0,0,0"},
-        {2, 35, 42, "-"},
-        {2, 36, 50, "-"},
-        {2, 41, 50, "0,0,90,91,0,0"},
-        {2, 50, 50, "-"},
-        {2, 52, 50, "0,464,0,80,0,0"},
-        {2, 126, 50, "0,464,0,80,0,0"},
-        {2, 138, 50, "0,0,90,91,0,0"},
-        {2, 142, 50, "0,227,0,0,0,0"},
-        {2, 172, 42, "-"},
-        {2, 172, 43, "0,227,0,0,0,0"},
-        {2, 184, 50, "0,0,90,91,0,0"},
-        {2, 188, 50, "-"},
-        {2, 189, 50, "64,65,66,67,56,0"},
-        // recurring and bin, edges 38, 120, 175
-        {4, 46, 50, "0,464,0,80,0,0"},
-        {4, 112, 50, "0,464,0,80,0,0"},
-        {4, 10, 50, "0,0,90,91,0,0"},
-        {4, 120, 50, "0,0,90,91,0,0"},
-        {6, 43, 50, "0,464,0,80,0,0"},
-        {6, 116, 50, "0,0,90,91,0,0"},
-        // templates, edge 150; categories, edge 44; conversions, edges 94 and 129
-        {5, 144, 50, "0,464,0,80,0,0"},
-        {5, 200, 50, "0,0,90,91,0,0"},
-        {7, 49, 50, "0,0,90,91,0,0"},
-        {7, 50, 50, "0,464,0,80,0,0"},
-        {8, 134, 50, "0,0,90,91,0,0"},
-        {8, 135, 50, "0,464,0,80,0,0"},
-        // graph
-        {3, 3, 50, "-"},
-        {3, 4, 50, "0,255,0,256,257,0"},
-        {3, 24, 50, "258,0,259,260,261,262"},
-        {3, 63, 50, "263,0,264,265,0,271"},
-        {3, 64, 50, "253,0,326,331,0,0"},
-        {3, 103, 50, "324,0,326,330,0,0"},
-        {3, 104, 50, "0,266,0,0,0,0"},
-        {3, 124, 50, "0,227,0,0,0,0"},
-        {3, 173, 50, "64,65,66,67,56,0"},
-    };
+    } cases[] = {{1, 0, 26, Selected},
+                 {1, 29, 41, Selected},
+                 {5, 29, 30, Selected},
+                 {1, 30, 30, Arrows},
+                 {2, 59, 30, Arrows},
+                 {1, 60, 30, Archive},
+                 {2, 178, 30, Archive},
+                 {3, 100, 30, Archive},
+                 {1, 179, 30, Arrows},
+                 {1, 210, 30, Arrows},
+                 {1, 211, 30, Count},
+                 {8, 239, 30, Count},
+                 {4, 100, 30, Silent},
+                 {7, 40, 30, Silent},
+                 {1, 0, 50, Silent},
+                 {1, 1, 50, Title},
+                 {1, 144, 50, Title},
+                 {1, 145, 50, Silent},
+                 {1, 146, 50, Edge},
+                 {1, 154, 50, Edge},
+                 {1, 155, 50, Silent},
+                 {1, 156, 50, Balances},
+                 {1, 239, 50, Balances},
+                 {2, 35, 50, "0,90,91,0,0,0"},
+                 {2, 35, 42, Silent},
+                 {2, 36, 50, Silent},
+                 {2, 41, 50, Edge},
+                 {2, 50, 50, Silent},
+                 {2, 52, 50, Title},
+                 {2, 126, 50, Title},
+                 {2, 138, 50, Edge},
+                 {2, 142, 50, Amounts},
+                 {2, 172, 42, Silent},
+                 {2, 172, 43, Amounts},
+                 {2, 184, 50, Edge},
+                 {2, 188, 50, Silent},
+                 {2, 189, 50, "64,65,66,67,56,0"},
+                 {4, 46, 50, Title},
+                 {4, 112, 50, Title},
+                 {4, 10, 50, Edge},
+                 {4, 120, 50, Edge},
+                 {6, 43, 50, Title},
+                 {6, 116, 50, Edge},
+                 {5, 144, 50, Title},
+                 {5, 200, 50, Edge},
+                 {7, 49, 50, Edge},
+                 {7, 50, 50, Title},
+                 {8, 134, 50, Edge},
+                 {8, 135, 50, Title},
+                 {3, 3, 50, Silent},
+                 {3, 4, 50, "0,255,0,256,257,0"},
+                 {3, 24, 50, "258,0,259,260,261,262"},
+                 {3, 63, 50, "263,0,264,265,0,271"},
+                 {3, 64, 50, "253,0,326,331,0,0"},
+                 {3, 103, 50, "324,0,326,330,0,0"},
+                 {3, 104, 50, "0,266,0,0,0,0"},
+                 {3, 124, 50, Amounts},
+                 {3, 173, 50, "64,65,66,67,56,0"}};
     for (const auto &row : cases) {
         state.RefColumn = state.ReconciledView = state.ArchiveView = 0;
         state.GraphMode = 0;
         state.BalanceView = 1;
         if (state.CurrentScreen != row.Screen)
-            SendKey(static_cast<Key>(static_cast<int>(Key::Tab1) + row.Screen - 1));
+            ShowScreen(row.Screen);
         ASSERT_EQ(state.CurrentScreen, row.Screen);
-        const std::string before = "-", old = (state.MessageLine[0] = 1, Ids());
+        state.MessageLine[0] = 1;
+        const std::string old = Ids();
         Tap(row.X, row.Y);
-        EXPECT_EQ(Ids() == old ? before : Ids(), row.Lines) << row.Screen << ": " << row.X << ',' << row.Y;
+        EXPECT_EQ(Ids() == old ? Silent : Ids(), row.Lines) << row.Screen << ": " << row.X << ',' << row.Y;
     }
 }
 
@@ -140,9 +138,9 @@ TEST_F(Device, TabsAndPageButtonExplainThemselves) {
     };
     for (const auto &row : cases) {
         if (state.TabPage != row.Page)
-            Tap(TabMiddle(7).X, TabMiddle(7).Y);
+            TapSlot(7);
         ASSERT_EQ(state.TabPage, row.Page);
-        Tap(TabMiddle(row.Slot).X, TabMiddle(row.Slot).Y);
+        TapSlot(row.Slot);
         EXPECT_EQ(state.CurrentScreen, row.Screen) << row.Slot;
         EXPECT_EQ(Ids(), row.Lines) << row.Page << ' ' << row.Slot;
         EXPECT_TRUE(Remains(ListWindow).empty()) << row.Screen;
@@ -161,7 +159,7 @@ TEST_F(Device, EveryRowExplainsItself) {
     };
     for (const auto &row : cases) {
         if (state.CurrentScreen != row.Screen)
-            SendKey(static_cast<Key>(static_cast<int>(Key::Tab1) + row.Screen - 1));
+            ShowScreen(row.Screen);
         TapRow(row.Row);
         EXPECT_EQ(Ids(), row.Lines) << row.Screen << ' ' << row.Row;
         EXPECT_EQ(state.SelectedPos[row.Screen], state.TopPos[row.Screen] + row.Row - 1);

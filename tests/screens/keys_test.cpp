@@ -52,7 +52,7 @@ TEST_F(Device, ScrollingStopsTwoRowsBehindTheLast) {
 
 TEST_F(Device, KeysReachEveryScreenAndNeverQuit) {
     for (int screen = 8; screen >= 1; --screen) {
-        SendKey(static_cast<Key>(static_cast<int>(Key::Tab1) + screen - 1));
+        ShowScreen(screen);
         EXPECT_EQ(state.CurrentScreen, screen);
         EXPECT_EQ(state.TabPage, screen > 6 ? 1 : screen == 6 ? 1 : 0) << screen;
     }
@@ -76,7 +76,7 @@ TEST_F(Device, KeysReachEveryScreenAndNeverQuit) {
     EXPECT_EQ(state.ActiveDialog, AccountDialog);
     SendKey(Key::Tick);
     EXPECT_EQ(state.ActiveDialog, NoDialog);
-    EXPECT_EQ(Accounts(), "Current account,Savings account,Work expenses");
+    EXPECT_EQ(AccountNames(), "Current account,Savings account,Work expenses");
 }
 
 TEST_F(Device, ArrowsStepThroughAccountsAndSkipTotals) {
@@ -110,7 +110,7 @@ TEST_F(Device, ArchiveAndUnarchiveKeepEveryBalance) {
     TapRow(2);
     ASSERT_TRUE(SendCommand(CommandArchive));
     EXPECT_EQ(Entries(), "Archived,Rent,Monday,Visa payment");
-    EXPECT_EQ(Names<TRecFile>("E1_02R1"), "Opening balance,ATM");
+    EXPECT_EQ(Names<TRec>("E1_02R1"), "Opening balance,ATM");
     EXPECT_EQ(TextAt(ListWindow, Row(1, 45, 226)), "Archived | 764.00 | 764.00");
     Tap(100, 30);
     EXPECT_EQ(Ids(), "77,78,79,89,0,80");
@@ -122,15 +122,15 @@ TEST_F(Device, ArchiveAndUnarchiveKeepEveryBalance) {
     // A deletion in the archive leaves a marker that keeps the balance.
     TapRow(1);
     SendCommand(CommandDeletePreceding);
-    EXPECT_EQ(Names<TRecFile>("E1_02R1"), "Deleted,ATM");
+    EXPECT_EQ(Names<TRec>("E1_02R1"), "Deleted,ATM");
     TapRow(1);
     EXPECT_EQ(Ids(), "0,220,221,0,0,0");
     ASSERT_TRUE(SendCommand(CommandUnarchive));
-    EXPECT_TRUE(ReadBytes(Root.DataFile("E1_02R1")).empty());
+    EXPECT_TRUE(ReadBytes(root.DataFile("E1_02R1")).empty());
     EXPECT_EQ(Entries(), "Deleted,ATM,Rent,Monday,Visa payment");
     Tap(100, 30);
     EXPECT_EQ(Ids(), "0,0,81,80,0,0");
-    EXPECT_EQ(Read<ARecFile>("E1_01IND")[0].Balance, 516000);
+    EXPECT_EQ(Accounts()[0].Balance, 516000);
 }
 
 TEST_F(Device, ABigArchiveShowsItsProgressAndClosesItself) {
@@ -144,7 +144,7 @@ TEST_F(Device, ABigArchiveShowsItsProgressAndClosesItself) {
     EXPECT_GT(machine.ShownNow, shown);
     EXPECT_EQ(state.ActiveDialog, NoDialog);
     EXPECT_EQ(form.Resource, 0);
-    EXPECT_EQ(Names<TRecFile>("E1_02R1"), "Opening balance,ATM,Rent");
+    EXPECT_EQ(Names<TRec>("E1_02R1"), "Opening balance,ATM,Rent");
     EXPECT_EQ(state.RowCount, 12);
     EXPECT_EQ(Utf8(state.TranRows[1].Rec.Name), "Archived");
 }
@@ -157,7 +157,7 @@ TEST_F(Device, RangesAreDeletedInTwoStepsOnOneScreenOnly) {
     TapRow(3);
     SendCommand(CommandDeleteFinish);
     EXPECT_EQ(Entries(), "Opening balance,Monday,Visa payment");
-    EXPECT_EQ(Read<ARecFile>("E1_01IND")[0].Balance, 964000);
+    EXPECT_EQ(Accounts()[0].Balance, 964000);
     EXPECT_EQ(state.EntryCount[BinList], 2);
     EXPECT_TRUE(Remains(ListWindow).empty());
 
@@ -178,7 +178,7 @@ TEST_F(Device, RangesAreDeletedInTwoStepsOnOneScreenOnly) {
     ShowScreen(TemplateList);
     TapRow(5);
     SendCommand(CommandDeletePreceding);
-    EXPECT_EQ(Names<FRecFile>("E1_05FAV"), "Dividend");
+    EXPECT_EQ(Names<FRec>("E1_05FAV"), "Dividend");
     EXPECT_EQ(state.EntryCount[BinList], 5);
 }
 
@@ -186,7 +186,7 @@ TEST_F(Device, JeopardyShowsWhatBreaksALimit) {
     TapRow(3); // Work expenses, -162.03
     SendCommand(CommandJeopardyOn);
     EXPECT_EQ(Ids(), "293,10,0,295,296,10");
-    EXPECT_EQ(Read<ARecFile>("E1_01IND")[2].BalanceInJeopardy, 1U);
+    EXPECT_EQ(Accounts()[2].BalanceInJeopardy, 1U);
     EXPECT_EQ(ColourAt(ListWindow, 140, 42), BrushColour(JeopardyBrush));
     TapRow(3);
     EXPECT_EQ(Ids(), "29,291,40,32,33,5");
@@ -202,15 +202,13 @@ TEST_F(Device, JeopardyShowsWhatBreaksALimit) {
 }
 
 TEST_F(Device, AlignedColumnsReachAllAccountsOfTheKind) {
-    SendCommand(CommandNew);
-    SetText(1002, "Shopping");
-    ASSERT_TRUE(Choose(1007, "List"));
-    SendCommand(CommandTick);
+    MakeAccount("Shopping", ListRow);
+    ShowScreen(AccountList);
     OpenRow(1);
     Drag(180, 50, 165, 50);
     SendCommand(CommandAlign);
     EXPECT_EQ(Ids(), "0,289,290,0,0,0");
-    const std::vector<ARec> rows = Read<ARecFile>("E1_01IND");
+    const std::vector<ARec> rows = Accounts();
     EXPECT_EQ(rows[2].ColumnPos[3], rows[0].ColumnPos[3]);
     EXPECT_NE(rows[3].ColumnPos[3], rows[0].ColumnPos[3]);
     EXPECT_EQ(state.CurAccount.ID, rows[0].ID);
@@ -221,7 +219,7 @@ TEST_F(Device, ReconcileEntryFindsMarksAndGoes) {
     StrokeRow(1); // the opening balance stands on the statement
     SendCommand(CommandInsertReconcile);
     ASSERT_EQ(state.ActiveDialog, TransactionDialog);
-    SetText(1007, "764"); // after the ATM
+    SetText(WholeField, "764"); // after the ATM
     SendCommand(CommandTick);
     ASSERT_EQ(state.ReconcileState, ReconcileStep::Solved);
     EXPECT_EQ(ColourAt(ListWindow, 36, 27), BrushColour(FlaggedBrush));
@@ -231,8 +229,8 @@ TEST_F(Device, ReconcileEntryFindsMarksAndGoes) {
     EXPECT_EQ(TextAt(ListWindow, Row(row, 134, 226)), "1 | 764.00");
     StrokeRow(row);
     EXPECT_EQ(Entries(), "Opening balance,ATM,Rent,Monday,Visa payment");
-    EXPECT_EQ(Read<TRecFile>("E1_02A1")[1].Cleared, 1U);
-    EXPECT_EQ(Read<ARecFile>("E1_01IND")[0].ClearedBalance, 764000);
+    EXPECT_EQ(Rows()[1].Cleared, 1U);
+    EXPECT_EQ(Accounts()[0].ClearedBalance, 764000);
 }
 
 TEST_F(Device, AFormOpenedFromTheGraphLeadsBackToIt) {
@@ -274,9 +272,9 @@ TEST_F(Device, RefusedCommandsBeepOrKeepStill) {
         EXPECT_EQ(machine.Beeps, row.Beeps) << row.Id;
         EXPECT_EQ(state.ActiveDialog, NewAccountDialog);
     }
-    const std::string accounts = Accounts();
+    const std::string accounts = AccountNames();
     TapRow(2); // nor does a list under a form answer
-    EXPECT_EQ(Accounts(), accounts);
+    EXPECT_EQ(AccountNames(), accounts);
     SendCommand(CommandCross);
     ASSERT_EQ(state.ActiveDialog, NoDialog);
     // Rooms that are not built yet.

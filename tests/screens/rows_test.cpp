@@ -80,11 +80,7 @@ TEST_F(Device, ShareColumnsShowTheirMeasure) {
 }
 
 TEST_F(Device, ShareTitlesAreSteppedAndKept) {
-    SendCommand(CommandNew);
-    SetText(1002, "Shares");
-    ASSERT_TRUE(Choose(1007, "Share"));
-    SendCommand(CommandTick);
-    OpenRow(4);
+    MakeAccount("Shares", ShareRow);
     static constexpr struct {
         const char *Lines, *Title;
         uint32_t Type;
@@ -97,8 +93,8 @@ TEST_F(Device, ShareTitlesAreSteppedAndKept) {
         Tap(156, 50);
         EXPECT_EQ(Ids(), step.Lines);
         EXPECT_EQ(TextAt(TopWindow, {134, 15, 180, 40}), step.Title);
-        EXPECT_EQ(Read<ARecFile>("E1_01IND")[3].AccType, step.Type);
-        EXPECT_FALSE(TextAt(TopWindow, {44, 15, 134, 36}).find("Share") == std::string::npos);
+        EXPECT_EQ(Accounts()[3].AccType, step.Type);
+        EXPECT_NE(TextAt(TopWindow, {44, 15, 134, 36}).find("Share"), std::string::npos);
     }
     Tap(200, 50);
     Tap(200, 50);
@@ -200,64 +196,13 @@ TEST_F(Device, TroubleWithRecurringItemsIsRed) {
     UpdateDDRec(ListWindow, 1, 0);
     for (const StandingText &text : TextsIn(ListWindow, Row(1, 0, 38)))
         EXPECT_EQ(text.InkColour, AlertRed);
-    const std::vector<StandingText> account = TextsIn(ListWindow, Row(1, 120, 175));
-    ASSERT_EQ(account.size(), 1U);
-    EXPECT_EQ(account[0].Words, "*** ! ***");
-    EXPECT_EQ(account[0].InkColour, AlertRed);
+    EXPECT_EQ(TextOfFirstRow(120, 175).Words, "*** ! ***");
+    EXPECT_EQ(TextOfFirstRow(120, 175).Colours, AlertRed);
     TapRow(1);
     EXPECT_EQ(state.MessageLine[2], 204);
     row.Remaining = 0;
     SendKey(Key::Down);
     EXPECT_EQ(ColourAt(ListWindow, 60, 3), BrushColour(ExpiredBrush));
-}
-
-// Any bytes in any record: every screen is shown, tapped, stroked and scrolled.
-TEST_F(Device, DamagedRecordsNeverBreakAScreen) {
-    QuitProgram();
-    static constexpr struct {
-        const char *Name;
-        size_t RecordBytes, Intact; // bytes at the head of each record that stay
-    } files[] = {
-        {"E1_01IND", 728, 72}, {"E1_02A1", 608, 1},   {"E1_02A2", 608, 1},  {"E1_04DD", 728, 1},
-        {"E1_05FAV", 536, 1},  {"E1_06BIN", 1064, 1}, {"E1_07CAT", 520, 1}, {"E1_08CUR", 584, 1},
-    };
-    uint32_t seed = 1;
-    for (int round = 0; round < 5; ++round) {
-        for (const auto &file : files) {
-            std::vector<uint8_t> bytes = ReadBytes(Root.DataFile(file.Name));
-            if (bytes.empty())
-                bytes.resize(file.RecordBytes * 9);
-            for (size_t i = 0; i < bytes.size(); ++i)
-                if (i % file.RecordBytes >= file.Intact)
-                    bytes[i] = static_cast<uint8_t>((seed = seed * 1664525 + 1013904223) >> 24);
-            for (size_t i = 0; i < bytes.size(); i += file.RecordBytes)
-                bytes[i] = 1;
-            if (std::string(file.Name) == "E1_06BIN")
-                for (size_t i = 0; i < bytes.size(); i += file.RecordBytes)
-                    for (size_t k = 0; k < 4; ++k)
-                        bytes[i + 520 + k] = static_cast<uint8_t>(k ? 0 : i / file.RecordBytes);
-            WriteBytes(Root.DataFile(file.Name), bytes);
-        }
-        ASSERT_TRUE(StartProgram());
-        for (int account = 1; account <= 2; ++account)
-            for (int screen = 1; screen <= 8; ++screen) {
-                ShowScreen(AccountList);
-                TapRow(account);
-                if (state.CurrentScreen != screen)
-                    ShowScreen(screen);
-                for (int row = 1; row <= 3; ++row) {
-                    TapRow(row);
-                    StrokeRow(row);
-                }
-                Tap(156, 50);
-                Tap(80, 50);
-                SendCommand(CommandInsertDay);
-                SendCommand(ShowMonth);
-                Scroll(ScrollCode::Bottom);
-                SendCommand(CommandFilterOff);
-            }
-        QuitProgram();
-    }
 }
 
 } // namespace

@@ -1,17 +1,14 @@
 // Coming up and going down.
 #include "core/startup/door.h"
 #include "device.h"
-#include "store/configuration.h"
 #include <filesystem>
 
 namespace {
 
-constexpr char WrongVersionLines[] = "128,0,129,133,0,4", EncipheredLines[] = "128,0,486,487,488,0";
-
 // Everything an owner may try with data that are refused.
 void TryEverything() {
     for (int screen = 1; screen <= 8; ++screen) {
-        SendKey(static_cast<Key>(static_cast<int>(Key::Tab1) + screen - 1));
+        ShowScreen(screen);
         TapRow(1);
         OpenRow(2);
         StrokeRow(1);
@@ -36,27 +33,6 @@ TEST(Start, SecondCopyChangesNothing) {
     EXPECT_EQ(WinMain(), 0);
 }
 
-TEST(Start, EmptyDeviceShowsTheSampleAndHelp) {
-    TestRoot root;
-    ASSERT_TRUE(StartProgram());
-    EXPECT_TRUE(std::filesystem::is_directory(root.HostPath("\\Program Files\\Zentrik\\E1_Data")));
-    EXPECT_EQ(state.EntryCount[AccountList], 3);
-    EXPECT_EQ(state.RowCount, 7);
-    EXPECT_EQ(Line(1), "Tap an item on the screen");
-    EXPECT_EQ(TextAt(ListWindow, Row(1, 0, 150)), "Current account");
-    EXPECT_EQ(TextAt(TopWindow, {0, 15, 240, 36}), "Name | Balance");
-    for (const char *name : {"E1_03CON", "E1_04DD", "E1_05FAV", "E1_07CAT", "E1_08CUR", "E1_09SST"})
-        EXPECT_FALSE(ReadBytes(root.DataFile(name)).empty()) << name;
-    QuitProgram();
-    EXPECT_FALSE(ProgramRuns());
-
-    // The next start finds accounts: no message window, the same rows.
-    ASSERT_TRUE(StartProgram());
-    EXPECT_EQ(state.EntryCount[AccountList], 3);
-    EXPECT_EQ(state.RowCount, 12);
-    EXPECT_EQ(state.HelpMode, 0U);
-}
-
 TEST(Start, EmptiedListsStayEmptyAndMissingOnesAreFilled) {
     TestRoot root;
     ASSERT_TRUE(StartProgram());
@@ -71,73 +47,57 @@ TEST(Start, EmptiedListsStayEmptyAndMissingOnesAreFilled) {
     EXPECT_EQ(state.EntryCount[AccountList], 3);
 }
 
-TEST(Start, DataOfAFutureVersionAreLeftAlone) {
-    for (const char *name : {"E1_01IND", "E1_04DD", "E1_05FAV", "E1_06BIN", "E1_07CAT", "E1_08CUR"}) {
+TEST(Start, DataThatCanNotBeUsedAreRefusedInWordsAndLeftAlone) {
+    static constexpr char Future[] = "Warning! | Wrong (future) version data | Can't use xx_Data directory | "
+                                     "To exit Help mode, tap the eyes below",
+                          Enciphered[] = "Warning! | The data are enciphered | and can't be opened without a pass code "
+                                         "| This version has no way to ask for it";
+    constexpr struct {
+        const char *File;
+        size_t Offset;
+        uint8_t Byte;
+        const char *Told;
+    } cases[] = {
+        {"E1_01IND", 0, 2, Future}, {"E1_02A1", 0, 2, Future},       {"E1_04DD", 0, 2, Future},
+        {"E1_05FAV", 0, 2, Future}, {"E1_06BIN", 0, 2, Future},      {"E1_07CAT", 0, 2, Future},
+        {"E1_08CUR", 0, 2, Future}, {"E1_03CON", 48, 1, Enciphered}, // PasswordOn
+    };
+    const auto told = [] { return TextAt(ListWindow, {0, 120, 240, 262}); };
+    for (const auto &row : cases) {
+        SCOPED_TRACE(row.File);
         TestRoot root;
+        SetClock(2026, 3, 2);
         ASSERT_TRUE(StartProgram());
-        SendEvent({.Kind = EventKind::Key, .Code = static_cast<int>(Key::Tab5)});
-        SendKey(Key::Delete);
+        ShowScreen(TemplateList);
+        SendKey(Key::Delete); // something for the bin
         QuitProgram();
-        std::vector<uint8_t> bytes = ReadBytes(root.DataFile(name));
-        ASSERT_FALSE(bytes.empty()) << name;
-        bytes[0] = 2;
-        WriteBytes(root.DataFile(name), bytes);
+        const std::vector<uint8_t> good = ReadBytes(root.DataFile(row.File));
+        std::vector<uint8_t> bytes = good;
+        ASSERT_GT(bytes.size(), row.Offset);
+        bytes[row.Offset] = row.Byte;
+        WriteBytes(root.DataFile(row.File), bytes);
         const auto before = Snapshot(root.Path());
-        StartProgram();
-        EXPECT_EQ(Ids(), WrongVersionLines) << name;
-        EXPECT_EQ(state.RowCount, 7) << name;
+        SetClock(2026, 3, 3); // a day on, totals and markers would move
+        ASSERT_TRUE(StartProgram());
+        EXPECT_EQ(told(), row.Told);
+        EXPECT_EQ(state.RowCount, 7);
         EXPECT_FALSE(CommandEnabled(CommandEmptyBin));
         TryEverything();
-        EXPECT_EQ(Ids(), WrongVersionLines) << name;
+        EXPECT_EQ(told(), row.Told);
         QuitProgram();
-        EXPECT_EQ(Snapshot(root.Path()), before) << name;
+        EXPECT_FALSE(ProgramRuns());
+        EXPECT_EQ(Snapshot(root.Path()), before);
+        WriteBytes(root.DataFile(row.File), good);
+        ASSERT_TRUE(StartProgram());
+        EXPECT_EQ(state.DataUsable, 1U);
     }
-}
-
-TEST(Start, EncipheredDataAreRefusedInWordsAndLeftAlone) {
-    TestRoot root;
-    ASSERT_TRUE(StartProgram());
-    QuitProgram();
-    std::vector<uint8_t> bytes = ReadBytes(root.DataFile("E1_03CON"));
-    bytes[48] = 1; // PasswordOn
-    WriteBytes(root.DataFile("E1_03CON"), bytes);
-    const auto before = Snapshot(root.Path());
-    StartProgram();
-    EXPECT_EQ(Ids(), EncipheredLines);
-    EXPECT_EQ(TextAt(ListWindow, {0, 176, 240, 189}), "The data are enciphered");
-    EXPECT_EQ(state.EntryCount[AccountList], 0);
-    TryEverything();
-    EXPECT_EQ(Ids(), EncipheredLines);
-    QuitProgram();
-    EXPECT_EQ(Snapshot(root.Path()), before);
-}
-
-TEST(Start, DamagedOrUnwritableDevicesStillComeUp) {
-    TestRoot root;
-    ASSERT_TRUE(StartProgram());
-    QuitProgram();
-    WriteBytes(root.DataFile("E1_03CON"), std::vector<uint8_t>(100, 7));
-    ASSERT_TRUE(StartProgram());
-    EXPECT_EQ(ReadBytes(root.DataFile("E1_03CON")).size(), 888U);
-    QuitProgram();
-
-    TestRoot bare;
-    disk.Switches.Unwritable = true;
-    EXPECT_TRUE(StartProgram());
-    EXPECT_GT(machine.Beeps, 0);
-    for (int screen = 1; screen <= 8; ++screen)
-        SendKey(static_cast<Key>(static_cast<int>(Key::Tab1) + screen - 1));
-    OpenRow(1);
-    QuitProgram();
-    EXPECT_FALSE(ProgramRuns());
-    disk.Switches.Unwritable = false;
 }
 
 TEST_F(Device, LeavingTakesFiltersAwayUnlessTheSoftOkLeaves) {
     OpenRow(1);
     TapRow(2);
     SendCommand(ShowName);
-    const std::string filter = Root.DataFile("E1_02AF1");
+    const std::string filter = root.DataFile("E1_02AF1");
     ASSERT_TRUE(std::filesystem::exists(filter));
     SendEvent({.Kind = EventKind::Command, .Code = CommandOk});
     EXPECT_FALSE(ProgramRuns());
