@@ -124,8 +124,7 @@ TEST_F(Filtered, AFilterThatCannotBeWrittenLeavesTheView) {
 }
 
 TEST_F(Ledger, ACategoryOfASmallNumberIsNone) {
-    const uint32_t bank = NewAccount(BankAccount);
-    Fill(bank, {{-3, "a", 1}, {-2, "b", 1}, {-1, "c", 1}});
+    const uint32_t bank = NewAccount(BankAccount, {{-3, "a", 1}, {-2, "b", 1}, {-1, "c", 1}});
     std::vector<uint8_t> bytes = File(bank);
     bytes[608 + 248] = 9;     // 9
     bytes[2 * 608 + 250] = 1; // 65536

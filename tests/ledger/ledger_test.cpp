@@ -67,6 +67,12 @@ uint32_t Ledger::NewAccount(uint32_t type, const char *name) {
     return row.ID;
 }
 
+uint32_t Ledger::NewAccount(uint32_t type, const std::vector<Entry> &entries) {
+    const uint32_t account = NewAccount(type);
+    Fill(account, entries);
+    return account;
+}
+
 void Ledger::GoTo(uint32_t account, bool archive) {
     state.ArchiveView = archive;
     LoadTranFile(IDtoRec(account), 0);

@@ -41,8 +41,10 @@ protected:
     TestRoot Root;
 
     Ledger();
+    ~Ledger() override { EXPECT_EQ(disk.OpenHandles, 0); }
     // Appends an account of a type with its own ID; it is the current one.
     uint32_t NewAccount(uint32_t type, const char *name = "Account");
+    uint32_t NewAccount(uint32_t type, const std::vector<Entry> &entries);
     // By the program: date order, record operation, balances.
     void Put(uint32_t account, const Entry &entry);
     // Straight into the file, as they come; then CalcBalance.

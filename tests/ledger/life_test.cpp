@@ -186,7 +186,6 @@ struct Life : Ledger {
             EXPECT_EQ(times, 1) << name;
         CheckFile(false);
         CheckFile(true);
-        EXPECT_EQ(disk.OpenHandles, 0);
         EXPECT_EQ(machine.Terminal.size(), 0U) << machine.Terminal.back();
     }
 };

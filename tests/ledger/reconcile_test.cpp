@@ -44,8 +44,7 @@ TEST_F(Ledger, TheSearchPrefersTheOldestEntries) {
     };
     for (const auto &test : cases) {
         SCOPED_TRACE(test.What);
-        const uint32_t bank = NewAccount(BankAccount);
-        Fill(bank, test.Rows);
+        NewAccount(BankAccount, test.Rows);
         RunReconcile(test.Target);
         EXPECT_EQ(state.ReconcileState, test.State);
         EXPECT_EQ(Selected(), test.Selected);
@@ -80,8 +79,9 @@ TEST_F(Ledger, TheSmallestMaskWins) {
 }
 
 TEST_F(Ledger, AnAppliedSolutionIsReconciled) {
-    const uint32_t bank = NewAccount(BankAccount);
-    Fill(bank, {{-3, "a", 5000}, {-2, "b", 7000}, {-1, "c", 9000}, {0, "Reconcile", 14000, 1, 0, ReconcileEntry}});
+    const uint32_t bank =
+        NewAccount(BankAccount,
+                   {{-3, "a", 5000}, {-2, "b", 7000}, {-1, "c", 9000}, {0, "Reconcile", 14000, 1, 0, ReconcileEntry}});
     RunReconcile(14000);
     ApplyReconcile();
     CalcBalance(bank);

@@ -14,7 +14,8 @@ using namespace testhost;
 struct Store : testing::Test {
     TestRoot Root;
     Store() { Root.MakeDataDirectory(); }
-    // The trouble reported last ends in these words.
+    ~Store() override { EXPECT_EQ(disk.OpenHandles, 0); }
+    // The trouble reported last has these words.
     static testing::AssertionResult Told(const std::string &words) {
         const std::string last = machine.Terminal.empty() ? "" : machine.Terminal.back();
         return last.find(words) != std::string::npos ? testing::AssertionSuccess()
