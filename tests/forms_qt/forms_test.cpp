@@ -2,6 +2,7 @@
 // restart. A sitting is one run of the program, in a process of its own.
 #include "core/startup/door.h"
 #include "core/state.h"
+#include "host_qt/hands.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/start.h"
 #include "platform/files.h"
@@ -9,31 +10,21 @@
 #include "screens/frame/form.h"
 #include <QApplication>
 #include <QCheckBox>
-#include <QClipboard>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTemporaryDir>
-#include <QTest>
 #include <functional>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace little;
+
 namespace {
 
 // --- Sittings
-
-void Settle() {
-    for (int pass = 0; pass < 6; ++pass)
-        QApplication::processEvents();
-}
-
-void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QTest::keyClick(host.Frame->windowHandle(), key, modifiers);
-    Settle();
-}
 
 int Sit(double scale, const std::function<void()> &story) {
     static char name[] = "forms", *words[] = {name, nullptr};
@@ -76,15 +67,6 @@ INSTANTIATE_TEST_SUITE_P(Scale, Forms, testing::Values(1.0, 2.0));
 
 // --- The owner's hands
 
-void TapAt(int x, int y) {
-    const QPoint at =
-        host.Frame->Corner + QPoint(static_cast<int>((x + 0.5) * host.Scale), static_cast<int>((y + 0.5) * host.Scale));
-    QTest::mouseClick(host.Frame->windowHandle(), Qt::LeftButton, {}, at);
-    // Beyond the time in which a second tap would make it a double tap.
-    QTest::mouseMove(host.Frame->windowHandle(), at, QApplication::doubleClickInterval() + 1);
-    Settle();
-}
-
 void TapItemOf(int item) {
     for (const FormPart &part : state.OpenedForm->Parts)
         if (part.Item == item && (!part.Present || part.Present())) {
@@ -94,24 +76,11 @@ void TapItemOf(int item) {
     ADD_FAILURE() << item;
 }
 
-template <typename Widget = QWidget> Widget *Control(const char *name) {
-    for (QWidget *one : host.Windows[DialogWindow]->findChildren<QWidget *>())
-        if (one->accessibleName() == QString::fromUtf8(name) && !one->isHidden())
-            return qobject_cast<Widget *>(one);
-    return nullptr;
-}
-
 // A press in the control, `fromRight` widget pixels from its right end or in its text.
 void TapControl(QWidget *control, int fromRight = 0) {
     const QPoint inside =
         fromRight ? QPoint(control->width() - fromRight, control->height() / 2) : QPoint(6, control->height() / 2);
     QTest::mouseClick(host.Frame->windowHandle(), Qt::LeftButton, {}, control->mapTo(host.Frame, inside));
-    Settle();
-}
-
-void Type(const char *text) {
-    for (; *text; ++text)
-        QTest::keyClick(host.Frame->windowHandle(), *text);
     Settle();
 }
 
@@ -243,7 +212,7 @@ TEST_P(Forms, EveryListsFormKeepsWhatWasEntered) {
                 Enter(entry);
             // A recurring item of a far day: it must not post itself meanwhile, and is last in its list.
             if (story.Screen == RecurringList)
-                Control<QDateEdit>("Date")->setDate(QDate(2090, 5, 31));
+                qobject_cast<QDateEdit *>(Control("Date"))->setDate(QDate(2090, 5, 31));
             for (const Entry &entry : story.Entries)
                 EXPECT_EQ(Shown(entry.Field), entry.Value) << entry.Field;
             Tick();
@@ -260,12 +229,62 @@ TEST_P(Forms, EveryListsFormKeepsWhatWasEntered) {
                 if (entry.How == By::Typing)
                     Enter({entry.Field, By::Typing, "9"});
             Cross();
+            LastForm(story.Screen);
+            EXPECT_EQ(Shown(story.Entries[0].Field), story.Entries[0].Value); // the cross keeps nothing
+            Cross();
         }
     });
-    Sitting([&] {
-        LastForm(TemplateList);
-        EXPECT_EQ(Shown("Name"), "Papers");
+}
+
+// --- The forms of transactions
+
+// The row of transactions shown whose name begins so; 0 when there is none.
+int RowNamed(std::u16string_view name) {
+    for (int row = 1; row <= std::min(state.EntryCount[TransactionList], state.RowCount); ++row)
+        if (std::u16string_view(state.TranRows[row].Rec.Name).starts_with(name))
+            return row;
+    return 0;
+}
+
+TEST_P(Forms, TheRoadIsWalkedWithMouseAndKeyboardAlone) {
+    Sitting([] {
+        const auto rowY = [](int row) { return 62 + (row - 1) * 17 + 9; };
+        DoubleTapAt(50, rowY(1));
+        ASSERT_EQ(state.CurrentScreen, TransactionList);
+        const int entries = state.EntryCount[TransactionList];
+        const FixedAmount last = state.TranRows[entries].Rec.RunTotal;
+        DoubleTapAt(60, rowY(entries + 2));
+        ASSERT_EQ(state.ActiveDialog, TransactionDialog);
+        TapAt(100, 79);
+        Type("Bakery");
+        PressKey(Qt::Key_Tab);
+        Type("12");
+        PressKey(Qt::Key_Tab);
+        Type("5");
+        PressKey(Qt::Key_Return);
+        ASSERT_EQ(state.ActiveDialog, NoDialog);
+        ASSERT_EQ(state.EntryCount[TransactionList], entries + 1);
+        const int row = RowNamed(u"Bakery");
+        ASSERT_GT(row, 0);
+        const TRec &made = state.TranRows[row].Rec;
+        EXPECT_EQ(made.Value, -12500);
+        EXPECT_EQ(state.TranRows[entries + 1].Rec.RunTotal, last - 12500);
+
+        DoubleTapAt(60, rowY(row));
+        ASSERT_EQ(state.ActiveDialog, TransactionDialog);
+        TapAt(100, 79);
+        Type("Baker"); // what stood there is replaced
         Cross();
+        EXPECT_EQ(RowNamed(u"Bakery"), row); // the cross keeps nothing
+
+        PressAt(60, rowY(row)); // a stroke
+        for (int x = 66; x <= 130; x += 8)
+            MoveTo(x, rowY(row));
+        ReleaseAt(130, rowY(row));
+        EXPECT_EQ(made.Cleared, 1u);
+        host.Frame->close();
+        Settle();
+        EXPECT_TRUE(host.Leaving);
     });
 }
 
@@ -300,17 +319,13 @@ TEST_P(Forms, AnEntryIsTypedChosenAndFoundAgain) {
     });
     Sitting([] {
         ShowScreen(TransactionList);
-        TRec *found = nullptr;
-        for (int row = 1; row <= state.EntryCount[TransactionList] && row <= state.RowCount; ++row)
-            if (QString::fromUtf16(state.TranRows[row].Rec.Name).startsWith(QStringLiteral("Bakery"))) {
-                found = &state.TranRows[row].Rec;
-                state.SelectedPos[TransactionList] = row;
-            }
-        ASSERT_TRUE(found);
-        EXPECT_EQ(found->Value, 12500);
-        EXPECT_EQ(found->Date.Day, 14);
-        EXPECT_EQ(found->Cleared, 1u);
-        EXPECT_GT(found->TransferID, 0u);
+        const int row = state.SelectedPos[TransactionList] = RowNamed(u"Bakery");
+        ASSERT_GT(row, 0);
+        const TRec &found = state.TranRows[row].Rec;
+        EXPECT_EQ(found.Value, 12500);
+        EXPECT_EQ(found.Date.Day, 14);
+        EXPECT_EQ(found.Cleared, 1u);
+        EXPECT_GT(found.TransferID, 0u);
         PressKey(Qt::Key_M, Qt::ControlModifier);
         EXPECT_EQ(Shown("Ref"), "Bakery, a title much too");
         EXPECT_EQ(Shown("Category"), "Cat 2 - Corporate");

@@ -22,23 +22,28 @@ void MoveTo(int x, int y) {
 }
 void ReleaseAt(int x, int y) {
     QTest::mouseRelease(host.Frame->windowHandle(), Qt::LeftButton, {}, WidgetPixel(x, y));
+    Settle();
 }
 void TapAt(int x, int y) {
     PressAt(x, y);
     ReleaseAt(x, y);
     // Beyond the time in which a second tap would make it a double tap.
     QTest::mouseMove(host.Frame->windowHandle(), WidgetPixel(x, y), QApplication::doubleClickInterval() + 1);
+    Settle();
 }
 void DoubleTapAt(int x, int y) {
     QTest::mouseDClick(host.Frame->windowHandle(), Qt::LeftButton, {}, WidgetPixel(x, y));
+    Settle();
 }
 
 void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(host.Frame->windowHandle(), key, modifiers);
+    Settle();
 }
 void Type(const char *text) {
     for (; *text; ++text)
         QTest::keyClick(host.Frame->windowHandle(), *text);
+    Settle();
 }
 
 QWidget *Control(const char *name) {
