@@ -278,27 +278,6 @@ TEST_F(Operations, TheListWorkedOnIsTheOneOfTheScreen) {
     EXPECT_EQ(Snapshot(Root.Path()), before);
 }
 
-TEST_F(Operations, AnUnwritableDirectoryIsAnEmptyOneAndIsReported) {
-    disk.Switches.Unwritable = true;
-    EXPECT_EQ(Add(1), 0);
-    EXPECT_TRUE(Told("AddRecFile TcreateFail"));
-    static const struct {
-        int (*Load)(int32_t);
-        const char *Line;
-        int Result;
-    } loaders[] = {
-        {LoadAccFile, "LoadAccFile AcreateFail", 0}, {LoadDDFile, "LoadDDFile DcreateFail", 1},
-        {LoadFavFile, "LoadFavFile FcreateFail", 1}, {LoadBinFile, "LoadBinFile BcreateFail", 1},
-        {LoadCatFile, "LoadCatFile FcreateFail", 1}, {LoadCurFile, "LoadCatFile FcreateFail", 1},
-    };
-    for (const auto &loader : loaders) {
-        EXPECT_EQ(loader.Load(1), loader.Result) << loader.Line;
-        EXPECT_TRUE(Told(loader.Line));
-        EXPECT_EQ(state.EntryCount[state.CurrentScreen], 0);
-    }
-    EXPECT_EQ(state.DataUsable, 1u);
-}
-
 TEST_F(Operations, AFilterFileIsWorkedOnInPlaceOfItsAccount) {
     WriteEntries(Root, 2);
     WriteBytes(Root.DataFile("E1_02AF5"), {});

@@ -8,6 +8,21 @@ namespace {
 
 using Lists = Store;
 
+constexpr struct {
+    const char *Name, *Function, *NotMade;
+    int (*Load)(int32_t);
+    size_t Size;
+} Loaders[] = {
+    // clang-format off
+    {"E1_01IND", "LoadAccFile", " AcreateFail", LoadAccFile,  728},
+    {"E1_04DD",  "LoadDDFile",  " DcreateFail", LoadDDFile,   728},
+    {"E1_05FAV", "LoadFavFile", " FcreateFail", LoadFavFile,  536},
+    {"E1_06BIN", "LoadBinFile", " BcreateFail", LoadBinFile, 1064},
+    {"E1_07CAT", "LoadCatFile", " FcreateFail", LoadCatFile,  520},
+    {"E1_08CUR", "LoadCatFile", " FcreateFail", LoadCurFile,  584},
+    // clang-format on
+};
+
 void AddAccount(const char16_t *name, uint32_t id, FixedAmount balance, uint8_t kind = 0) {
     ARec row;
     InitARec(&row);
@@ -80,16 +95,7 @@ TEST_F(Lists, AWindowStandsWhereItIsAskedFor) {
 }
 
 TEST_F(Lists, DataOfAnotherVersionIsRefusedAndNothingIsWritten) {
-    static const struct {
-        const char *Name, *Line;
-        int (*Load)(int32_t);
-        size_t Size;
-    } cases[] = {
-        {"E1_01IND", "LoadAccFile", LoadAccFile, 728}, {"E1_04DD", "LoadDDFile", LoadDDFile, 728},
-        {"E1_05FAV", "LoadFavFile", LoadFavFile, 536}, {"E1_06BIN", "LoadBinFile", LoadBinFile, 1064},
-        {"E1_07CAT", "LoadCatFile", LoadCatFile, 520}, {"E1_08CUR", "LoadCatFile", LoadCurFile, 584},
-    };
-    for (const auto &c : cases) {
+    for (const auto &c : Loaders) {
         ResetHost();
         ResetState();
         // Headings to be summed, and a bin to be trimmed.
@@ -100,7 +106,7 @@ TEST_F(Lists, DataOfAnotherVersionIsRefusedAndNothingIsWritten) {
         const auto before = Snapshot(Root.Path());
         EXPECT_EQ(c.Load(1), 0);
         EXPECT_EQ(state.DataUsable, 0u);
-        EXPECT_TRUE(Told(c.Line + std::string(" WrongVersion")));
+        EXPECT_TRUE(Told(c.Function + std::string(" WrongVersion")));
         StoreConfFile();
         StampLastChecked();
         EXPECT_EQ(GetNextID(), 0u);
@@ -108,6 +114,20 @@ TEST_F(Lists, DataOfAnotherVersionIsRefusedAndNothingIsWritten) {
         EXPECT_EQ(Snapshot(Root.Path()), before) << c.Name;
         EXPECT_EQ(remove(Root.DataFile(c.Name).c_str()), 0);
     }
+}
+
+TEST_F(Lists, AnUnwritableDirectoryIsAnEmptyOneAndIsReported) {
+    disk.Switches.Unwritable = true;
+    for (const auto &c : Loaders) {
+        EXPECT_EQ(c.Load(1), c.Load == LoadAccFile ? 0 : 1) << c.Name;
+        EXPECT_TRUE(Told(std::string(c.Function) + c.NotMade));
+        EXPECT_EQ(state.EntryCount[state.CurrentScreen], 0);
+    }
+    state.CurrentScreen = TransactionList;
+    const TRec row = {};
+    EXPECT_EQ(AddRecFile(5, 1, &row, 1), 0);
+    EXPECT_TRUE(Told("AddRecFile TcreateFail"));
+    EXPECT_EQ(state.DataUsable, 1u);
 }
 
 TEST_F(Lists, ADamagedRecordFurtherDownIsShownAndTraced) {
