@@ -39,6 +39,12 @@ enum class Key : uint8_t {
     Delete, // "this entry only" on a list
     New, Modify,
     Tick,
+    Drop1, Drop2, Drop3, Drop4, Drop5, Drop6, Drop7, Drop8, // the selected row dragged to that tab
+    RowUp, RowDown, // the selected row dragged over its neighbour; in a form the entry before and after
+    Title1, Title2, Title3, Title4, // a tap on that column's title
+    Header, // a tap on the header's title
+    FlagPart, FirstSignPart, SecondSignPart, ClearedPart, FreePart, DuplicatePart, ViewPart, // taps on parts of a form
+    OtherSidePart, // the other block of a recurring item, the other direction of a conversion
 };
 
 enum class ScrollCode : uint8_t { LineUp, LineDown, PageUp, PageDown, ThumbTrack, Top, Bottom };

@@ -97,11 +97,16 @@ void MoveLine(int place) {
 
 // --- Tabs
 
-const TabDrop *DropFor(const ListScreen &screen, int tab) {
+const TabDrop *DropFor(const ListScreen &screen, int tab, int position) {
     for (int i = 0; i < screen.DropCount; ++i)
-        if (screen.Drops[i].Tab == tab && screen.Drops[i].Accepts(state.DragSource))
+        if (screen.Drops[i].Tab == tab && screen.Drops[i].Accepts(position))
             return &screen.Drops[i];
     return nullptr;
+}
+
+void DropOnTab(const ListScreen &screen, int tab, int position) {
+    if (const TabDrop *drop = DropFor(screen, tab, position))
+        drop->Drop(position);
 }
 
 void CoolTab() {
@@ -112,7 +117,7 @@ void CoolTab() {
 }
 
 void HeatTab(const ListScreen &screen, int tab) {
-    const int hot = tab > 0 && DropFor(screen, tab) ? tab : 0;
+    const int hot = tab > 0 && DropFor(screen, tab, state.DragSource) ? tab : 0;
     if (hot == state.DragOverTab)
         return;
     CoolTab();
@@ -172,20 +177,17 @@ void ReleaseOnRow(const ListScreen &screen, int row, int x) {
     const int source = state.DragSource;
     const int travel = x > state.PressX ? x - state.PressX : state.PressX - x;
     state.DropTarget = state.TopPos[screen.List] + row - 1;
-    if (state.DropTarget == source) {
-        if (travel > StrokeTravel && screen.Stroke)
-            screen.Stroke(source);
-    } else if (InList(source) && state.DropTarget != source + 1 && screen.CanReorder && screen.CanReorder()) {
-        Reorder(screen, source, state.DropTarget);
-    }
+    if (state.DropTarget != source)
+        MoveRow(source, state.DropTarget);
+    else if (travel > StrokeTravel && screen.Stroke)
+        screen.Stroke(source);
 }
 
 void ReleaseRow(const ListScreen &screen, int place, int x) {
-    if (place > 0) {
+    if (place > 0)
         ReleaseOnRow(screen, place, x);
-    } else if (const TabDrop *drop = place < 0 ? DropFor(screen, -place) : nullptr) {
-        drop->Drop(state.DragSource);
-    }
+    else if (place < 0)
+        DropOnTab(screen, -place, state.DragSource);
 }
 
 } // namespace
@@ -208,6 +210,17 @@ void BinRow(int position) {
         list->Changed();
     ReloadAndPaint(PaintCounts | PaintRows | PaintTabs);
     ShowHelp(0, 0, 233);
+}
+
+void MoveRow(int from, int to) {
+    const ListScreen *screen = ScreenOf(state.CurrentScreen);
+    if (InList(from) && to >= 1 && to != from && to != from + 1 && screen->CanReorder && screen->CanReorder())
+        Reorder(*screen, from, to);
+}
+
+void DropRow(int tab) {
+    if (const ListScreen *screen = ScreenOf(state.CurrentScreen))
+        DropOnTab(*screen, tab, state.SelectedPos[screen->List]);
 }
 
 void DoMouseMove(Window window, int x, int y) {

@@ -118,6 +118,29 @@ void StrokeSelected(Key) {
     screen->Stroke(selected);
 }
 
+// As if the stylus dragged the selected row to a tab, or over the row before or behind it.
+void DropSelected(Key key) {
+    DropRow(static_cast<int>(key) - static_cast<int>(Key::Drop1) + 1);
+}
+
+void MoveSelected(Key key) {
+    const int32_t selected = state.SelectedPos[state.CurrentScreen];
+    MoveRow(selected, key == Key::RowUp ? selected - 1 : selected + 2);
+}
+
+// As if the stylus tapped the middle of a column's title. A column without a width is not there.
+void TapTitle(Key key) {
+    constexpr int TitleY = (HeaderBottom + TitlesBottom) / 2;
+    const int column = static_cast<int>(key) - static_cast<int>(Key::Title1) + 1;
+    const int32_t *edge = state.ColumnEdge[state.CurrentScreen];
+    if (state.CurrentScreen != GraphList && edge[column] > edge[column - 1])
+        DoButtonDown(TopWindow, (edge[column - 1] + edge[column]) / 2, TitleY);
+}
+
+void TapHeader(Key) {
+    DoButtonDown(TopWindow, (TitleBox.Left + TitleBox.Right) / 2, HeaderBottom / 2);
+}
+
 // The cross quits when there is nothing left to close; the key never does. (A form hears the key itself.)
 void Leave(Key) {
     if (state.HubState != 0 || state.HelpMode)
@@ -136,6 +159,10 @@ constexpr KeyRow Keys[] = {
     {Key::Enter,  Key::Enter,  OpenSelected,   0},
     {Key::Tab1,   Key::Tab8,   ShowTab,        0},
     {Key::Stroke, Key::Stroke, StrokeSelected, 0},
+    {Key::Drop1,  Key::Drop8,  DropSelected,   0},
+    {Key::RowUp,  Key::RowDown, MoveSelected,  0},
+    {Key::Title1, Key::Title4, TapTitle,       0},
+    {Key::Header, Key::Header, TapHeader,      0},
     {Key::Escape, Key::Escape, Leave,          0},
     {Key::Help,   Key::Help,   nullptr,        CommandLeftEye},
     {Key::Delete, Key::Delete, nullptr,        CommandDeleteOne},

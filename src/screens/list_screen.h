@@ -118,6 +118,11 @@ void ToggleRefColumn(int x);
 // Removes a row of the current list to the bin (from the bin: for good) with what the list needs afterwards, and says
 // so. What the white tab and the menu's "this entry only" do.
 void BinRow(int position);
+// Puts a row of the current list before the one at `to`, where the list can be reordered. A place that changes nothing
+// does nothing.
+void MoveRow(int from, int to);
+// Takes the selected row to a tab, where that tab accepts it.
+void DropRow(int tab);
 // Every row within a list may go to the bin.
 int AcceptInBin(int position);
 // Switches filters off because a gesture would change what they show. 1 when one was shown in this list: the gesture

@@ -229,17 +229,61 @@ static constexpr struct {
     Key Code;
     const char *Name;
 } KeyNames[] = {
-    {Key::Up, "Up"},         {Key::Down, "Down"},     {Key::Left, "Left"},
-    {Key::Right, "Right"},   {Key::Enter, "Enter"},   {Key::Backspace, "Backspace"},
-    {Key::Clear, "Clear"},   {Key::Digit0, "0"},      {Key::Digit1, "1"},
-    {Key::Digit2, "2"},      {Key::Digit3, "3"},      {Key::Digit4, "4"},
-    {Key::Digit5, "5"},      {Key::Digit6, "6"},      {Key::Digit7, "7"},
-    {Key::Digit8, "8"},      {Key::Digit9, "9"},      {Key::Tab1, "Tab1"},
-    {Key::Tab2, "Tab2"},     {Key::Tab3, "Tab3"},     {Key::Tab4, "Tab4"},
-    {Key::Tab5, "Tab5"},     {Key::Tab6, "Tab6"},     {Key::Tab7, "Tab7"},
-    {Key::Tab8, "Tab8"},     {Key::Stroke, "Stroke"}, {Key::Escape, "Escape"},
-    {Key::Help, "Help"},     {Key::Delete, "Delete"}, {Key::New, "New"},
-    {Key::Modify, "Modify"}, {Key::Tick, "Tick"},
+    {Key::Up, "Up"},
+    {Key::Down, "Down"},
+    {Key::Left, "Left"},
+    {Key::Right, "Right"},
+    {Key::Enter, "Enter"},
+    {Key::Backspace, "Backspace"},
+    {Key::Clear, "Clear"},
+    {Key::Digit0, "0"},
+    {Key::Digit1, "1"},
+    {Key::Digit2, "2"},
+    {Key::Digit3, "3"},
+    {Key::Digit4, "4"},
+    {Key::Digit5, "5"},
+    {Key::Digit6, "6"},
+    {Key::Digit7, "7"},
+    {Key::Digit8, "8"},
+    {Key::Digit9, "9"},
+    {Key::Tab1, "Tab1"},
+    {Key::Tab2, "Tab2"},
+    {Key::Tab3, "Tab3"},
+    {Key::Tab4, "Tab4"},
+    {Key::Tab5, "Tab5"},
+    {Key::Tab6, "Tab6"},
+    {Key::Tab7, "Tab7"},
+    {Key::Tab8, "Tab8"},
+    {Key::Stroke, "Stroke"},
+    {Key::Escape, "Escape"},
+    {Key::Help, "Help"},
+    {Key::Delete, "Delete"},
+    {Key::New, "New"},
+    {Key::Modify, "Modify"},
+    {Key::Tick, "Tick"},
+    {Key::Drop1, "Drop1"},
+    {Key::Drop2, "Drop2"},
+    {Key::Drop3, "Drop3"},
+    {Key::Drop4, "Drop4"},
+    {Key::Drop5, "Drop5"},
+    {Key::Drop6, "Drop6"},
+    {Key::Drop7, "Drop7"},
+    {Key::Drop8, "Drop8"},
+    {Key::RowUp, "RowUp"},
+    {Key::RowDown, "RowDown"},
+    {Key::Title1, "Title1"},
+    {Key::Title2, "Title2"},
+    {Key::Title3, "Title3"},
+    {Key::Title4, "Title4"},
+    {Key::Header, "Header"},
+    {Key::FlagPart, "Flag"},
+    {Key::FirstSignPart, "Sign"},
+    {Key::SecondSignPart, "SecondSign"},
+    {Key::ClearedPart, "Cleared"},
+    {Key::FreePart, "Free"},
+    {Key::DuplicatePart, "Duplicate"},
+    {Key::ViewPart, "View"},
+    {Key::OtherSidePart, "OtherSide"},
 };
 
 Key KeyByName(const std::string &name) {
@@ -252,7 +296,7 @@ Key KeyByName(const std::string &name) {
 // With a form open, keys belong to the control that has the focus, but for the eyes, the cross and the tick; Enter is
 // the tick but where it begins a new line or opens a row.
 static bool KeyOfControl(Key *key) {
-    if (form.Resource == 0 || *key == Key::Help || *key == Key::Escape || *key == Key::Tick)
+    if (form.Resource == 0 || *key == Key::Help || *key == Key::Escape || *key >= Key::Tick)
         return false;
     const int id = form.Focus;
     const auto focused = form.Controls.find(id);

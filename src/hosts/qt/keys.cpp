@@ -34,6 +34,9 @@ constexpr KeyRow Held(int qtKey, Key key, Where place = OnScreens) {
 constexpr KeyRow Control(int qtKey, Key key, Where place = OnScreens) {
     return {qtKey, Qt::ControlModifier, Does::SendKey, static_cast<int>(key), place};
 }
+constexpr KeyRow WithAlt(int qtKey, Key key) {
+    return {qtKey, Qt::AltModifier, Does::SendKey, static_cast<int>(key)};
+}
 constexpr KeyRow Scroll(int qtKey, ScrollCode code) {
     return {qtKey, Qt::NoModifier, Does::SendScroll, static_cast<int>(code), OnScreens, true};
 }
@@ -55,6 +58,18 @@ constexpr KeyRow Keys[] = {
     Control(Qt::Key_7, Key::Tab7),          Control(Qt::Key_8, Key::Tab8),
     Press(Qt::Key_Space, Key::Stroke),      Press(Qt::Key_Delete, Key::Delete),
     Control(Qt::Key_N, Key::New),           Control(Qt::Key_M, Key::Modify),
+    WithAlt(Qt::Key_1, Key::Drop1),         WithAlt(Qt::Key_2, Key::Drop2),
+    WithAlt(Qt::Key_3, Key::Drop3),         WithAlt(Qt::Key_4, Key::Drop4),
+    WithAlt(Qt::Key_5, Key::Drop5),         WithAlt(Qt::Key_6, Key::Drop6),
+    WithAlt(Qt::Key_7, Key::Drop7),         WithAlt(Qt::Key_8, Key::Drop8),
+    Control(Qt::Key_Up, Key::RowUp, Anywhere), Control(Qt::Key_Down, Key::RowDown, Anywhere),
+    Press(Qt::Key_F2, Key::Title1),         Press(Qt::Key_F3, Key::Title2),
+    Press(Qt::Key_F4, Key::Title3),         Press(Qt::Key_F5, Key::Title4),
+    Press(Qt::Key_F6, Key::Header),
+    Press(Qt::Key_F2, Key::FlagPart, InForms), Press(Qt::Key_F3, Key::FirstSignPart, InForms),
+    Press(Qt::Key_F4, Key::SecondSignPart, InForms), Press(Qt::Key_F5, Key::ClearedPart, InForms),
+    Press(Qt::Key_F6, Key::FreePart, InForms), Press(Qt::Key_F7, Key::DuplicatePart, InForms),
+    Press(Qt::Key_F8, Key::ViewPart, InForms), Press(Qt::Key_F9, Key::OtherSidePart, InForms),
     Scroll(Qt::Key_PageUp, ScrollCode::PageUp), Scroll(Qt::Key_PageDown, ScrollCode::PageDown),
     Scroll(Qt::Key_Home, ScrollCode::Top),  Scroll(Qt::Key_End, ScrollCode::Bottom),
     Press(Qt::Key_F1, Key::Help, Anywhere), Press(Qt::Key_Escape, Key::Escape, Anywhere),

@@ -91,6 +91,32 @@ int HandleCommand(int command) {
 }
 
 // No key reaches the list under a form; the eyes alone stay the screens' own.
+// The keys that stand for taps on parts; of two parts, the one that the form has.
+struct PartKey {
+    Key Pressed;
+    int Items[2]; // FormItem
+};
+// clang-format off
+constexpr PartKey PartKeys[] = {
+    {Key::RowUp,          {UpItem,         NoItem}},
+    {Key::RowDown,        {DownItem,       NoItem}},
+    {Key::FlagPart,       {FlagItem,       NoItem}},
+    {Key::FirstSignPart,  {FirstSignItem,  NoItem}},
+    {Key::SecondSignPart, {SecondSignItem, NoItem}},
+    {Key::ClearedPart,    {ClearedItem,    NoItem}},
+    {Key::FreePart,       {FreeItem,       NoItem}},
+    {Key::DuplicatePart,  {DuplicateItem,  NoItem}},
+    {Key::ViewPart,       {ViewItem,       NoItem}},
+    {Key::OtherSidePart,  {NextItem,       DirectionItem}},
+};
+// clang-format on
+
+void TapByKey(Key key) {
+    for (const PartKey &row : PartKeys)
+        if (row.Pressed == key && !TapItem(row.Items[0]))
+            TapItem(row.Items[1]);
+}
+
 int HandleKey(Key key) {
     if (key == Key::Help)
         return 0;
@@ -100,6 +126,8 @@ int HandleKey(Key key) {
         CrossForm();
     else if (state.OpenedForm->KeysStep && (key == Key::Up || key == Key::Down))
         TapItem(key == Key::Up ? UpItem : DownItem);
+    else
+        TapByKey(key);
     return 1;
 }
 
