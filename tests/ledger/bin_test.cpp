@@ -227,10 +227,8 @@ TEST_F(Ledger, ADeletedMarkerKeepsAShareArchivesTotals) {
     CalcBalance(shares);
     const std::vector<TRec> rows = Rows(shares, true);
     ASSERT_EQ(rows.size(), 2U);
+    EXPECT_EQ(Fields(rows[0], "Name Date CashAmount ClearedCashAmount"), "Deleted, 2026-02-22, 750000, 750000");
     EXPECT_EQ(rows[0].RowKind, DeletedMarker);
-    EXPECT_EQ(rows[0].Date.DayNumber, Today - 8);
-    EXPECT_EQ(rows[0].CashAmount, 750000);
-    EXPECT_EQ(rows[0].ClearedCashAmount, 750000);
     EXPECT_EQ(std::memcmp(&rows[1], &last, sizeof last), 0); // with its totals
 }
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "core/state.h"
-#include "host/test_host.h"
+#include "host/rows.h"
 #include "ledger/account_window.h"
 #include "ledger/archive.h"
 #include "ledger/balance.h"
@@ -54,8 +54,12 @@ protected:
     void GoTo(uint32_t account, bool archive = false);
 
     std::vector<TRec> Rows(uint32_t account, bool archive = false) const;
-    template <typename Record> std::vector<Record> Read(const std::string &file) const;
+    template <typename Record> std::vector<Record> Read(const std::string &file) const {
+        return RecordsIn<Record>(Root.DataFile(file));
+    }
     ARec Account(uint32_t account) const;
+    // "Balance, ClearedBalance" of the account list.
+    std::string Balances(uint32_t account) const { return Fields(Account(account), "Balance ClearedBalance"); }
     std::vector<BinRec> Bin() const { return Read<BinRec>("E1_06BIN"); }
     std::vector<DDRec> Items() const { return Read<DDRec>("E1_04DD"); }
     // The file as it lies on the disk.
@@ -69,14 +73,3 @@ protected:
 TRec RowOf(const Entry &entry);
 DDRec ItemOf(const char *name, int day, uint32_t account, int64_t value, const char *unit, int32_t period,
              int32_t total);
-
-template <typename Record> std::vector<Record> Ledger::Read(const std::string &file) const {
-    const std::vector<uint8_t> bytes = ReadBytes(Root.DataFile(file));
-    std::vector<Record> records;
-    for (size_t at = 0; at + sizeof(Record) + TailBytes <= bytes.size(); at += sizeof(Record) + TailBytes) {
-        Record record;
-        std::memcpy(static_cast<void *>(&record), bytes.data() + at, sizeof record);
-        records.push_back(record);
-    }
-    return records;
-}
