@@ -19,8 +19,7 @@ void ResetDisk() {
 }
 
 // Counts a write-like call, ends the process when its number has come, and says whether the call may go on.
-static bool MayWrite(DiskCall call) {
-    disk.Calls.push_back(call);
+static bool MayWrite() {
     const int number = ++disk.WriteCalls;
     const DiskSwitches &switches = disk.Switches;
     if (number == switches.DieAt)
@@ -40,7 +39,6 @@ static bool WriteWhole(int handle, int64_t offset, const uint8_t *bytes, int64_t
         bytes += done;
         offset += done;
         count -= done;
-        disk.BytesWritten += done;
     }
     return true;
 }
@@ -51,15 +49,13 @@ using namespace testhost;
 
 int DiskOpen(const char *path, int create) {
     const bool makes = create && DiskKind(path) == 0;
-    if (makes && !MayWrite(DiskCall::Make))
+    if (makes && !MayWrite())
         return -1;
     if (!create && DiskKind(path) != 1)
         return -1;
     const int handle = open(path, makes ? O_RDWR | O_CREAT | O_CLOEXEC : O_RDWR | O_CLOEXEC, 0644);
-    if (handle >= 0) {
-        ++disk.Opens;
+    if (handle >= 0)
         ++disk.OpenHandles;
-    }
     return handle;
 }
 
@@ -79,14 +75,12 @@ int64_t DiskRead(int handle, int64_t offset, void *buffer, int64_t bytes) {
             break;
         done += part;
     }
-    ++disk.Reads;
-    disk.BytesRead += done;
     return done;
 }
 
 int DiskWrite(int handle, int64_t offset, const void *buffer, int64_t bytes) {
     const auto *data = static_cast<const uint8_t *>(buffer);
-    if (!MayWrite(DiskCall::Write)) {
+    if (!MayWrite()) {
         if (disk.Switches.TearWrite)
             WriteWhole(handle, offset, data, bytes / 2);
         return 0;
@@ -104,7 +98,7 @@ int64_t DiskLength(int handle) {
 }
 
 int DiskCut(int handle, int64_t length) {
-    if (!MayWrite(DiskCall::Cut))
+    if (!MayWrite())
         return 0;
     if (disk.Switches.Full && length > DiskLength(handle))
         return 0;
@@ -117,19 +111,19 @@ int DiskSync(int) {
 }
 
 int DiskRename(const char *from, const char *to) {
-    return MayWrite(DiskCall::Rename) && rename(from, to) == 0;
+    return MayWrite() && rename(from, to) == 0;
 }
 
 int DiskDelete(const char *path) {
-    return MayWrite(DiskCall::Delete) && unlink(path) == 0;
+    return MayWrite() && unlink(path) == 0;
 }
 
 int DiskMakeDirectory(const char *path) {
-    return MayWrite(DiskCall::MakeDirectory) && !disk.Switches.Full && mkdir(path, 0755) == 0;
+    return MayWrite() && !disk.Switches.Full && mkdir(path, 0755) == 0;
 }
 
 int DiskRemoveDirectory(const char *path) {
-    return MayWrite(DiskCall::RemoveDirectory) && rmdir(path) == 0;
+    return MayWrite() && rmdir(path) == 0;
 }
 
 int DiskKind(const char *path) {

@@ -11,11 +11,6 @@ Window WindowAt(int x, int y) {
     return NoWindow;
 }
 
-Rect InWindow(Window window, const Rect &box) {
-    const Rect &place = machine.Place[window];
-    return {box.Left - place.Left, box.Top - place.Top, box.Right - place.Left, box.Bottom - place.Top};
-}
-
 Rect OnDevice(Window window, const Rect &box) {
     const Rect &place = machine.Place[window];
     return {box.Left + place.Left, box.Top + place.Top, box.Right + place.Left, box.Bottom + place.Top};

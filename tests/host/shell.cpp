@@ -120,9 +120,7 @@ void ShowCommandBar(const BarButton *buttons, int count) {
     }
 }
 
-void OpenBarMenu() {
-    ++machine.BarMenusOpened;
-}
+void OpenBarMenu() {}
 
 void EnableMenuItem(int id, int on) {
     machine.Enabled[id] = on != 0;
@@ -145,10 +143,8 @@ void Beep(Sound sound) {
     ++(sound == Sound::Exclamation ? machine.Exclamations : machine.Beeps);
 }
 
-void Sleep(int milliseconds) {
+void Sleep(int) {
     ShowNow();
-    ++machine.Sleeps;
-    machine.SleptMilliseconds += milliseconds;
 }
 
 int Random(int below) {

@@ -16,8 +16,6 @@ namespace testhost {
 
 // --- The disk. Write-like calls are: write, cut, rename, delete, make or remove a directory, and an open that makes a
 // file. They are counted from 1 since the switches were last set to their defaults.
-enum class DiskCall : uint8_t { Make, Write, Cut, Rename, Delete, MakeDirectory, RemoveDirectory };
-
 struct DiskSwitches {
     int FailAt = 0;          // this write-like call fails; 0 none
     bool FailOnward = false; // and so do all after it
@@ -31,10 +29,8 @@ inline constexpr int DiedExitCode = 86; // of a process that DieAt ended
 struct Disk {
     DiskSwitches Switches;
     int WriteCalls = 0; // write-like calls so far
-    int Reads = 0, Opens = 0, Syncs = 0;
-    int64_t BytesRead = 0, BytesWritten = 0;
+    int Syncs = 0;
     int OpenHandles = 0;
-    std::vector<DiskCall> Calls; // the write-like ones, in order
 };
 extern Disk disk;
 // Switches and counters back to the defaults.
@@ -126,11 +122,9 @@ struct Machine {
     bool PaintWanted = false;
     ScrollBarState Scroll;
     std::vector<BarItem> Bar;
-    int BarsBuilt = 0, BarMenusOpened = 0;
+    int BarsBuilt = 0;
     std::map<int, bool> Enabled; // what EnableMenuItem said
     int Beeps = 0, Exclamations = 0;
-    int Sleeps = 0;
-    int64_t SleptMilliseconds = 0;
     int ShownNow = 0; // calls of ShowNow
     uint32_t RandomState = 12345;
     std::vector<std::string> Terminal; // lines of TellTerminal
@@ -142,8 +136,7 @@ bool CommandEnabled(int command);
 // --- Places and lines.
 // The window that a pointer at this place touches, NoWindow for the title bar and the command bar.
 Window WindowAt(int x, int y);
-// A box of the device in the coordinates of a window.
-Rect InWindow(Window window, const Rect &deviceBox);
+// A box of a window in the coordinates of the device.
 Rect OnDevice(Window window, const Rect &windowBox);
 // The list row n, counted from 1, in ListWindow's coordinates, over the whole width or between two x.
 Rect Row(int n, int left = 0, int right = 226);
