@@ -254,12 +254,17 @@ TEST_F(TransactionForm, AnEntryChangedDropsItsPartnerButForATemplatesWhichMakesA
     New(TemplateList);
     Fill({{TitleField, "Standing"}, {WholeField, "5"}, {TransferField, "Savings"}});
     Tick();
-    ShowAccount(purse);
+    TRec imported = Row("Move");
+    CopyText(imported.FITID, TextRoom, u"bank 77");
+    PutRow(PositionOf("Move"), imported);
     New(TransactionList);
     ASSERT_TRUE(Choose(TitleField, "Standing"));
     Tick();
     note(nullptr, 0, 5); // nothing differs
     note("noted once more", savings, 6);
+    for (const TRec &row : Rows(savings))
+        EXPECT_EQ(Fields(row, "FITID"), "") << "the bank's identity is the row's own";
+    EXPECT_EQ(Fields(Row("Move"), "FITID"), "bank 77");
     EXPECT_EQ(Accounts().back().Balance, 35000);
 }
 

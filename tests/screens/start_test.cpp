@@ -10,7 +10,10 @@ void TryEverything() {
     for (int screen = 1; screen <= 8; ++screen) {
         ShowScreen(screen);
         TapRow(1);
+        OpenRow(1);
         OpenRow(2);
+        EXPECT_EQ(state.ActiveDialog, NoDialog);
+        EXPECT_EQ(state.CurrentScreen, screen);
         StrokeRow(1);
         DragToSlot(1, 6);
         for (const Key key : {Key::Up, Key::Down, Key::Enter, Key::Stroke, Key::Delete, Key::New, Key::Modify})
