@@ -69,6 +69,17 @@ TEST(Surface, AmountsAreNeverCutAndTextStandsWhereItIsAligned) {
             const double at = InkMargins({10, 50, 210, 67}).first;
             EXPECT_TRUE(at >= least && at <= most) << at;
         }
+        const auto inkOf = [](Align align) { // no letter loses a part, not even the J's hook
+            FillRect(ListWindow, {0, 0, 240, 262}, 0xffffff);
+            PaintText(ListWindow, u"Jeopardy", {10, 50, 210, 67}, align, Font::Bold, 0);
+            const QImage &image = *host.Windows[ListWindow]->PersistentImage();
+            int ink = 0;
+            for (int y = 0; y < image.height(); ++y)
+                for (int x = 0; x < image.width(); ++x)
+                    ink += 255 - qGray(image.pixel(x, y));
+            return ink;
+        };
+        EXPECT_EQ(inkOf(Align::Left), inkOf(Align::Centre));
     }
 }
 

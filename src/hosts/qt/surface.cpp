@@ -193,7 +193,8 @@ void PaintText(Window window, const char16_t *text, const Rect &box, Align align
         return;
     const SizedFont &sized = PixelFont(font);
     const QString line = QString::fromUtf16(text);
-    const double width = QFontMetricsF(sized.Font).horizontalAdvance(line);
+    const QFontMetricsF metrics(sized.Font);
+    const double width = metrics.horizontalAdvance(line);
     const double squeeze = fit && width > pixels.width() ? pixels.width() / width : 1;
 
     const int flags = AlignFlags(align);
@@ -202,6 +203,10 @@ void PaintText(Window window, const char16_t *text, const Rect &box, Align align
         left += pixels.width() - width * squeeze;
     else if (flags & Qt::AlignHCenter)
         left += (pixels.width() - width * squeeze) / 2;
+    // A letter that reaches out to the left, as J does, moves in as far as there is room.
+    const double room = pixels.right() + 1 - left - width * squeeze;
+    if (room > 0)
+        left = std::max(left, pixels.x() + std::min(room, -metrics.leftBearing(line[0]) * squeeze));
     double top = pixels.y();
     if (flags & Qt::AlignVCenter)
         top += (pixels.height() - sized.Height) / 2;
