@@ -6,8 +6,11 @@
 #include "hosts/qt/device.h"
 #include "hosts/qt/start.h"
 #include "platform/files.h"
+#include "platform/text.h"
 #include "resources/menus.h"
 #include "screens/frame/form.h"
+#include "store/operations.h"
+#include "store/windows.h"
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -348,6 +351,33 @@ TEST_P(Forms, ATemplateChosenInBasicOpensTheAdvancedViewUnderTheOwnersHand) {
         EXPECT_EQ(Shown("Number"), "9");
         EXPECT_EQ(Shown("Name"), "Hotel");
         EXPECT_EQ(Shown("Amount"), "319");
+        Cross();
+    });
+}
+
+TEST_P(Forms, ATitleThatIsTypedLeavesTheAmountWhateverTemplateHasItsName) {
+    Sitting([] {
+        NewForm(TransactionList);
+        Enter({"Amount", By::Typing, "12"});
+        Enter({"Name", By::Typing, "ATM"}); // a template of 100.00
+        PressKey(Qt::Key_Tab);
+        EXPECT_EQ(Shown("Amount"), "12");
+        EXPECT_EQ(Shown("Name"), "ATM");
+        Cross();
+    });
+}
+
+TEST_P(Forms, ATemplateWithALongNameIsLoadedWhenItIsChosen) {
+    Sitting([] {
+        FRec row;
+        InitFRec(&row);
+        CopyText(row.Name, TextRoom, u"Dragged here from a statement");
+        row.Value = 7000;
+        ShowScreen(TemplateList);
+        ASSERT_TRUE(AddRecFile(0, 1, &row, 0));
+        NewForm(TransactionList);
+        Enter({"Name", By::Choice, "Dragged here from a statement"});
+        EXPECT_EQ(Shown("Amount"), "7");
         Cross();
     });
 }

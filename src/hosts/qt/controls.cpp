@@ -194,7 +194,9 @@ QWidget *MakeCombo(QWidget *parent, const FormControl &control) {
     if (control.Kind == ControlKind::Combo) {
         combo->setEditable(true);
         combo->setInsertPolicy(QComboBox::NoInsert);
-        combo->setCompleter(nullptr); // what is typed is meant
+        // What is typed is meant: neither completed, nor taken for the choice of an item that reads the same.
+        combo->setCompleter(nullptr);
+        QObject::disconnect(combo->lineEdit(), &QLineEdit::editingFinished, combo, nullptr);
         TellTexts(combo->lineEdit(), control.Id);
     }
     QObject::connect(combo, &QComboBox::activated, [id = control.Id] { Tell(id, ControlChange::Choice); });
@@ -468,7 +470,10 @@ void SelectControlItem(int id, int index) {
 int SelectedControlItem(int id) {
     if (const auto *combo = Find<QComboBox>(id)) {
         const int index = combo->currentIndex();
-        return combo->isEditable() && combo->currentText() != combo->itemText(index) ? -1 : index;
+        if (!combo->isEditable())
+            return index;
+        const QString fitting = combo->itemText(index).left(combo->lineEdit()->maxLength());
+        return combo->currentText() == fitting ? index : -1;
     }
     if (const auto *list = Find<QListWidget>(id))
         return list->currentRow();

@@ -89,7 +89,8 @@ void DeliverLater(const Event &event) {
     Keep({event, 0});
 }
 void DeliverFromForm(const Event &event) {
-    Keep({event, OpenFormNumber()});
+    if (const int form = OpenFormNumber()) // what a box says while its form closes concerns no other
+        Keep({event, form});
 }
 
 void DeliverWaiting() {
