@@ -1,6 +1,8 @@
 // What the form of a transaction writes, and what it must never lose.
 #include "host/device.h"
+#include "ledger/filter.h"
 #include "platform/text.h"
+#include <filesystem>
 
 using namespace testhost;
 
@@ -230,6 +232,21 @@ TEST_F(TransactionForm, ATransferReachesTheOtherAccountInItsShape) {
         EXPECT_EQ(Fields(there, there.Cash ? "Units Cash CashAmount" : "Units Cash Value"), row.There) << name;
         EXPECT_EQ(balance(row.From) + " " + balance(row.To), row.Balances) << name;
     }
+}
+
+TEST_F(TransactionForm, ATransferReachesAPartnerWhoseRowsAreFiltered) {
+    const uint32_t savings = MakeAccount("Savings", BankRow);
+    FilterCriteria criteria;
+    CriteriaFromRow(Rows(savings)[0], 1, &criteria);
+    ShowAccount(purse);
+    ASSERT_EQ(ApplyFilter(savings, 1, FilterBy::Name, criteria, 0), 1);
+    MakeEntry("Move", "10", false, "", "Savings");
+    EXPECT_EQ(Fields(RowOf(savings, "Move"), "Value RunTotal"), "10000, 10000");
+    // An account without a file, after an incomplete restore, is given one.
+    ClearFilters();
+    ASSERT_TRUE(std::filesystem::remove(root.DataFile("E1_02A" + std::to_string(savings))));
+    MakeEntry("Again", "20", false, "", "Savings");
+    EXPECT_EQ(Entries(savings), "Again");
 }
 
 TEST_F(TransactionForm, AnEntryChangedDropsItsPartnerButForATemplatesWhichMakesACounterEntry) {

@@ -1,5 +1,6 @@
 // The form of a transaction: entering, changing, and the statement balance of a Reconcile entry.
 #include "core/messages.h"
+#include "ledger/account_file.h"
 #include "ledger/account_window.h"
 #include "ledger/balance.h"
 #include "ledger/dialogs/entry_fields.h"
@@ -345,9 +346,14 @@ int AddCounterEntry(const TRec &row, uint32_t partnerID) {
         TRec counter = row;
         CopyText(counter.FITID, TextRoom, u""); // the bank's identity is the row's own
         MakeCounterEntry(&counter, fromType, state.AccountKind);
+        // Into the real file: what stands in the partner's filter file alone goes with the filter.
+        ReleaseFile(OpenTransactions(state.ArchiveView ? TransactionFile::Archive : TransactionFile::Live, partnerID,
+                                     OpenOrCreate));
+        state.IgnoreFilter = 1;
         written = AddRecFile(partnerID, CpDates(counter.Date, counter.Rank), &counter, 0);
         if (written)
             CalcBalance(partnerID);
+        state.IgnoreFilter = 0;
     }
     MakeAccountCurrent(accountID);
     CountTransactions();
