@@ -209,6 +209,7 @@ void CheckDDs() {
     const uint32_t view = state.ArchiveView;
     int fired = 0;
     const int32_t accountPosition = state.SelectedPos[AccountList];
+    const uint32_t accountID = state.CurAccount.ID;
     int32_t selection = state.SelectedPos[TransactionList];
     const int handle = OpenItems(In::CheckDDs);
     const int32_t count = CountRecords(handle, Kind);
@@ -231,8 +232,11 @@ void CheckDDs() {
     if (fired)
         RestoreDateOrder(count);
     state.SelectedPos[AccountList] = accountPosition;
-    if (fired) {
+    if (fired || state.CurAccount.ID != accountID) { // an entry that failed has left its account the current one
         LoadCurrentAccount();
+        CountTransactions();
+    }
+    if (fired) {
         CheckT1totals(0);
         state.CurrentScreen = screen;
         ReloadList(screen, state.TopPos[screen]);

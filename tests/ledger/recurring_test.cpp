@@ -230,7 +230,9 @@ TEST_F(Ledger, AFailingDiskPaysNoHalfTransfer) {
         DDRec item = ItemOf("Save", 0, a, -10000, "Day(s)", 30, 3);
         item.Block[0].Transfer = b;
         PutItem(item);
+        GoTo(a);
         failed = WithFailingDisk({.FailAt = n}, CheckDDs);
+        EXPECT_EQ(state.CurAccount.ID, a); // what the owner deletes next is of the account he sees
         EXPECT_EQ(Rows(a).size(), Rows(b).size());
         CheckDDs();
         const size_t paid = Rows(a).size();
