@@ -210,6 +210,8 @@ void SyncFiles() {
         DiskClose(disk);
     }
     UnsyncedCount = 0;
+    for (OpenSlot &slot : Open)
+        slot.Written = false;
 }
 
 void FindNames(FileWalk *walk, const char *directory, const char *prefix) {
