@@ -11,12 +11,14 @@
 #include "screens/frame/form.h"
 #include "store/operations.h"
 #include "store/windows.h"
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <functional>
 #include <gtest/gtest.h>
@@ -378,6 +380,26 @@ TEST_P(Forms, ATemplateWithALongNameIsLoadedWhenItIsChosen) {
         NewForm(TransactionList);
         Enter({"Name", By::Choice, "Dragged here from a statement"});
         EXPECT_EQ(Shown("Amount"), "7");
+        Cross();
+    });
+}
+
+TEST_P(Forms, AListShowsItsAccountsWholeHoweverNarrowItsBox) {
+    Sitting([] {
+        NewForm(AccountList);
+        Enter({"Name", By::Typing, "Wwwwwww wwwwwww wwwwwww"});
+        Tick();
+        NewForm(RecurringList);
+        for (const char *field : {"Account", "Transfer"}) {
+            auto *const box = qobject_cast<QComboBox *>(Control(field));
+            TapControl(box, 6);
+            QWidget *const popup = QApplication::activePopupWidget();
+            ASSERT_TRUE(popup);
+            EXPECT_GE(box->view()->viewport()->width(), box->view()->sizeHintForColumn(0));
+            EXPECT_TRUE(host.Frame->screen()->geometry().contains(popup->frameGeometry()));
+            QTest::keyClick(popup->windowHandle(), Qt::Key_Escape);
+            Settle();
+        }
         Cross();
     });
 }

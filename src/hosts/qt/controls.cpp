@@ -14,6 +14,7 @@
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTimer>
@@ -57,12 +58,23 @@ class DropList : public QComboBox {
 public:
     DropList(QWidget *parent, int id) : QComboBox(parent), Id(id) {}
     void showPopup() override {
+        const QRect screen = host.Frame->screen()->geometry();
+        view()->setMinimumWidth(std::min(WidthOfRows(), screen.width()));
         QComboBox::showPopup();
+        QWidget *const popup = view()->window();
+        if (popup->frameGeometry().right() > screen.right())
+            popup->move(screen.right() + 1 - popup->frameGeometry().width(), popup->y());
         Tell(Id, ControlChange::Dropped);
     }
 
 private:
     int Id;
+
+    // A narrow box still shows its rows whole.
+    int WidthOfRows() const {
+        const int bar = count() > maxVisibleItems() ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
+        return view()->sizeHintForColumn(0) + bar + 2 * view()->frameWidth();
+    }
 };
 
 // Sees what a control itself does not tell: the focus coming by tap or Tab, the calendar opening, a press that is held.
