@@ -140,12 +140,12 @@ int MergeInto(TransactionFile work, uint32_t accountID, int source, int32_t firs
 }
 
 // The rows behind the boundary move to the head, behind the marker. Nothing grows, and what is overwritten stands in
-// the archive by now.
-int ShortenLive(const Account &account, int32_t boundaryPosition, const TRec &marker) {
+// the archive by now. Returns how many rows stay, -1 when they could not all be written.
+int32_t ShortenLive(const Account &account, int32_t boundaryPosition, const TRec &marker) {
     Copying rest = {BehindBoundary, account.LiveRows, nullptr};
     const int32_t kept =
         CopyRows(account.Live, boundaryPosition + 1, account.LiveRows, account.Live, 2, ChooseRow, &rest);
-    return kept >= 0 && WriteMarker(account.Live, marker) && CutRows(account.Live, 1 + kept);
+    return kept >= 0 && WriteMarker(account.Live, marker) && CutRows(account.Live, 1 + kept) ? kept : -1;
 }
 
 } // namespace
@@ -176,18 +176,27 @@ int Archive(int32_t accountPosition, int32_t position, ProgressTeller tell) {
     }
     if (!done && copied != 0)
         static_cast<void>(CutRows(account.Archive, before));
+    bool markerBehind = false; // the boundary
     if (done) {
         SyncFiles(); // the archive holds the rows before the live file lets them go
         TRec marker;
         FillArchiveMarker(&marker, boundary.Rec, account.Rec.AccType, u"Auto created");
-        done = ShortenLive(account, position, marker);
+        const int32_t kept = ShortenLive(account, position, marker);
+        done = kept >= 0;
+        markerBehind = kept < account.LiveRows - position;
         if (!done)
             ReportError(In::Archive, Trouble::TwriteFail);
     }
     CloseFile(account.Live);
     CloseFile(account.Archive);
     if (done) {
-        CalcOneView(id, 1);
+        if (markerBehind) { // the new one stands for the old one's rows too, so it takes the whole archive's totals
+            state.ArchiveView = 1;
+            CalcBalance(id);
+            state.ArchiveView = 0;
+        } else {
+            CalcOneView(id, 1);
+        }
         CalcOneView(id, 0);
         state.CurrentScreen = TransactionList;
         Tell(tell, 100);

@@ -100,6 +100,22 @@ TEST_F(Ledger, BackdatedRowsFindTheirPlaceInTheArchive) {
     }
 }
 
+// An entry older than the archive stands before the marker; archived alone, it takes the marker's totals along.
+TEST_F(Ledger, ARowBeforeTheMarkerIsArchivedWithEveryBalance) {
+    const uint32_t bank = NewAccount(BankAccount);
+    Fill(bank, {{-30, "o1", 1000}, {-10, "o2", 2000, 1, 1}}, true);
+    Fill(bank,
+         {{-40, "n0", 16000}, {-35, "n1", 64000}, {-10, "Archived", 3000, 1, 1, ArchiveMarker}, {-5, "n2", 128000}});
+    GoTo(bank, true);
+    CalcBalance(bank);
+    GoTo(bank);
+    const std::string balances = Balances(bank);
+    ASSERT_EQ(Archive(1, 1, nullptr), 1);
+    EXPECT_EQ(Names(bank, true), "n0 16, o1 17, o2 19");
+    EXPECT_EQ(Names(bank), "Archived 19, n1 83, n2 211");
+    EXPECT_EQ(Balances(bank), balances);
+}
+
 TEST_F(Ledger, AShareAccountKeepsItsWorthThroughTheArchive) {
     const uint32_t shares = NewAccount(ShareValue, {{-9, "in", 1000000, 1, 1, EntryRow, 1},
                                                     {-8, "buy", 2500, 100, 1},
