@@ -29,7 +29,7 @@ constexpr DividerRow Dividers[] = {
 
 constexpr int32_t CategoryEdge[] = {10, 210}, ConversionEdge[] = {10, 216}; // bounds
 constexpr int32_t ConversionGap = 10;
-constexpr int32_t MostDaysAhead = 31, LastMovieSpeed = 45;
+constexpr int32_t MostDaysAhead = 99, LastMovieSpeed = 45; // two digits can be entered
 
 uint32_t *StoredDividers(ConfRec *record, const DividerRow &row) {
     return reinterpret_cast<uint32_t *>(reinterpret_cast<uint8_t *>(record) + row.Offset);

@@ -283,18 +283,18 @@ TEST_F(ListForms, SettingsHoldAtOnceAndAfterARestart) {
     Check(AdvancedCheck, true);
     EXPECT_EQ(Lines(), "/Only essential data input fields are/presented initially to new users///");
     Check(FrontPageCheck, false);
-    ASSERT_TRUE(Choose(LookAheadField, "14"));
+    SetText(LookAheadField, "60"); // longer than any listed
     Tick();
     New(TransactionList);
     EXPECT_EQ(form.Resource, 144);
     Cross();
     QuitProgram();
     ASSERT_TRUE(StartProgram());
-    EXPECT_EQ(state.CheckAheadDays, 14);
+    EXPECT_EQ(state.CheckAheadDays, 60);
     EXPECT_EQ(state.NewUserFields, 1u);
     const auto before = Snapshot(root.Path());
     ASSERT_TRUE(SendCommand(CommandGeneral));
-    EXPECT_EQ(ControlText(LookAheadField), "14");
+    EXPECT_EQ(ControlText(LookAheadField), "60");
     EXPECT_FALSE(form.Controls[FrontPageCheck].Checked);
     EXPECT_TRUE(form.Controls[AdvancedCheck].Checked);
     Check(FrontPageCheck, true);
