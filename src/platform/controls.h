@@ -59,6 +59,7 @@ void SetControlProgress(int id, int percent);
 void SetControlLimit(int id, int units);
 void EnableControl(int id, int on);
 void ShowControl(int id, int on);
+// What is typed then takes the place of the control's one line of text.
 void FocusControl(int id);
 // The control with the focus, 0 for none.
 int FocusedControl();

@@ -307,8 +307,10 @@ TEST_P(Forms, AnEntryIsTypedChosenAndFoundAgain) {
         Enter({"Fraction", By::Choice, "50"});
         TapItemOf(FirstSignItem);
         TapItemOf(ClearedItem);
+        Enter({"Amount", By::Typing, "7"});
         TapItemOf(ViewItem);
         EXPECT_EQ(Shown("Name"), "Bakery, a title much too");
+        Type("12"); // in the box that had the keys, in place of what stood there
         EXPECT_EQ(Shown("Amount"), "12");
         Enter({"Transfer", By::Choice, "Savings account"});
         Enter({"Category", By::Choice, "Cat 2 - Corporate"});

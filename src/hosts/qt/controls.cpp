@@ -545,8 +545,13 @@ void ShowControl(int id, int on) {
 }
 
 void FocusControl(int id) {
-    if (Widget *one = Find(id))
-        one->Real->setFocus(Qt::OtherFocusReason);
+    Widget *const one = Find(id);
+    if (!one)
+        return;
+    one->Real->setFocus(Qt::OtherFocusReason);
+    auto *const combo = qobject_cast<QComboBox *>(one->Real);
+    if (QLineEdit *const edit = combo ? combo->lineEdit() : qobject_cast<QLineEdit *>(one->Real))
+        edit->selectAll();
 }
 
 int FocusedControl() {

@@ -90,7 +90,6 @@ int HandleCommand(int command) {
     return 1;
 }
 
-// No key reaches the list under a form; the eyes alone stay the screens' own.
 // The keys that stand for taps on parts; of two parts, the one that the form has.
 struct PartKey {
     Key Pressed;
@@ -117,6 +116,7 @@ void TapByKey(Key key) {
             TapItem(row.Items[1]);
 }
 
+// No key reaches the list under a form; the eyes alone stay the screens' own.
 int HandleKey(Key key) {
     if (key == Key::Help)
         return 0;
