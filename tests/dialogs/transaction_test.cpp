@@ -249,6 +249,17 @@ TEST_F(TransactionForm, ATransferReachesAPartnerWhoseRowsAreFiltered) {
     EXPECT_EQ(Entries(savings), "Again");
 }
 
+TEST_F(TransactionForm, ATransferMadeInAnArchiveReachesThePartnersLiveAccount) {
+    const uint32_t savings = MakeAccount("Savings", BankRow);
+    ShowAccount(purse);
+    SendKey(Key::Header); // the archive
+    ASSERT_EQ(state.ArchiveView, 1u);
+    MakeEntry("Move", "10", false, "", "Savings");
+    EXPECT_EQ(state.ArchiveView, 1u);
+    EXPECT_EQ(state.EntryCount[TransactionList], 1);
+    EXPECT_EQ(Fields(RowOf(savings, "Move"), "Value RunTotal"), "10000, 10000");
+}
+
 TEST_F(TransactionForm, AnEntryChangedDropsItsPartnerButForATemplatesWhichMakesACounterEntry) {
     const uint32_t savings = MakeAccount("Savings", BankRow);
     ShowAccount(purse);

@@ -346,14 +346,17 @@ int AddCounterEntry(const TRec &row, uint32_t partnerID) {
         TRec counter = row;
         CopyText(counter.FITID, TextRoom, u""); // the bank's identity is the row's own
         MakeCounterEntry(&counter, fromType, state.AccountKind);
-        // Into the real file: what stands in the partner's filter file alone goes with the filter.
-        ReleaseFile(OpenTransactions(state.ArchiveView ? TransactionFile::Archive : TransactionFile::Live, partnerID,
-                                     OpenOrCreate));
+        // Into the live account, since nothing of it may be archived yet, and there into the real file: what stands in
+        // the partner's filter file alone goes with the filter.
+        const uint32_t view = state.ArchiveView;
+        state.ArchiveView = 0;
+        ReleaseFile(OpenTransactions(TransactionFile::Live, partnerID, OpenOrCreate));
         state.IgnoreFilter = 1;
         written = AddRecFile(partnerID, CpDates(counter.Date, counter.Rank), &counter, 0);
         if (written)
             CalcBalance(partnerID);
         state.IgnoreFilter = 0;
+        state.ArchiveView = view;
     }
     MakeAccountCurrent(accountID);
     CountTransactions();
