@@ -161,7 +161,8 @@ int LoadCurrentAccount() {
 }
 
 int MakeAccountCurrent(uint32_t accountID) {
-    const int32_t position = accountID ? IDtoRec(accountID) : 0;
+    ARec row;
+    const int32_t position = IDtoAccount(accountID, &row);
     return position > 0 && FetchAccount(position, &state.CurAccount);
 }
 
