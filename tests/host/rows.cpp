@@ -35,7 +35,7 @@ static std::string Written(const Field &field, const uint8_t *at) {
     default: {
         std::string all = number(0);
         for (int n = 1; n < FieldBytes(field.Type) / 4; ++n)
-            all += " " + number(n);
+            all.append(" ").append(number(n));
         return all;
     }
     }
