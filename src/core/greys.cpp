@@ -113,6 +113,13 @@ void SetGreys(int screen) {
     }
 }
 
+void GreyMenuItem(int id) {
+    for (int i = 0; i < MenuRows; ++i)
+        if (Menu[i].Id == id)
+            state.ItemEnabled[i] = 0;
+    EnableMenuItem(id, 0);
+}
+
 int MenuItemEnabled(int id) {
     for (int i = 0; i < MenuRows; ++i)
         if (Menu[i].Id == id)

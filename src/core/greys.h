@@ -5,5 +5,8 @@
 // hub holds input, or the data are not usable.
 void SetGreys(int screen);
 
+// Greys one item until the next SetGreys.
+void GreyMenuItem(int id);
+
 // 1 when the command or popup is enabled.
 int MenuItemEnabled(int id);

@@ -3,6 +3,7 @@
 #include "core/state.h"
 #include "ledger/account_file.h"
 #include "ledger/balance.h"
+#include "ledger/markers.h"
 #include "ledger/row_copy.h"
 #include "platform/shell.h"
 #include "platform/text.h"
@@ -63,18 +64,9 @@ void FillArchiveMarker(TRec *row, const TRec &boundary, uint32_t accountType, co
     CopyText(row->Name, TextRoom, u"Archived");
     CopyText(row->Memo, TextRoom, memo);
     row->Cleared = row->NoCash = 1;
-    if (IsShare(accountType)) {
-        row->Units = boundary.RunUnits;
-        row->ClearedUnits = boundary.RunClearedUnits;
-        row->Value = boundary.Value;
-        row->ClearedValue = boundary.ClearedValue;
-        row->CashAmount = boundary.RunTotal;
-        row->ClearedCashAmount = boundary.RunCleared;
-    } else {
-        row->Units = row->ClearedUnits = 1;
-        row->Value = boundary.RunTotal;
-        row->ClearedValue = boundary.RunCleared;
-    }
+    SetArchiveTotals(row, accountType,
+                     {boundary.RunTotal, boundary.RunCleared, boundary.RunUnits, boundary.RunClearedUnits,
+                      boundary.Value, boundary.ClearedValue});
 }
 
 int WriteMarker(int handle, const TRec &marker) {

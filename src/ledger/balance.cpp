@@ -5,6 +5,7 @@
 #include "ledger/account_file.h"
 #include "ledger/account_window.h"
 #include "ledger/jeopardy.h"
+#include "ledger/markers.h"
 #include "store/configuration.h"
 #include "store/index.h"
 #include "store/runs.h"
@@ -14,12 +15,9 @@
 namespace {
 
 // One pass over a file: what all rows so far come to.
-struct Pass {
-    FixedAmount Balance, Cleared;
-    int32_t Shares, ClearedShares;
-    FixedAmount Price, ClearedPrice; // last seen; last seen on a reconciled row
-    int32_t Multiplier;              // applied last
-    bool Changed;                    // the present row's bytes
+struct Pass : FileTotals {
+    int32_t Multiplier; // applied last
+    bool Changed;       // the present row's bytes
 };
 
 struct Today {
@@ -224,18 +222,7 @@ int RefreshArchiveMarker(const ARec &account, const Pass &pass) {
             continue;
         found = 1;
         row->Cash = 0;
-        if (IsShare(account.AccType)) {
-            row->Units = pass.Shares;
-            row->ClearedUnits = pass.ClearedShares;
-            row->Value = pass.Price;
-            row->ClearedValue = pass.ClearedPrice;
-            row->CashAmount = pass.Balance;
-            row->ClearedCashAmount = pass.Cleared;
-        } else {
-            row->Units = row->ClearedUnits = 1;
-            row->Value = pass.Balance;
-            row->ClearedValue = pass.Cleared;
-        }
+        SetArchiveTotals(row, account.AccType, pass);
         std::memset(record.Tail, 0, sizeof record.Tail);
         if (!WriteRecord(handle, FileKind::Transactions, position, &record))
             ReportError(In::CalcBalance, Trouble::TwriteFail);

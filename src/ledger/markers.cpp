@@ -31,6 +31,21 @@ void FillDayMarker(TRec *row, const RecDate &date) {
     CopyText(row->Memo, TextRoom, u"Auto generated");
 }
 
+void SetArchiveTotals(TRec *marker, int64_t accountType, const FileTotals &totals) {
+    if (IsShare(accountType)) {
+        marker->Units = totals.Shares;
+        marker->ClearedUnits = totals.ClearedShares;
+        marker->Value = totals.Price;
+        marker->ClearedValue = totals.ClearedPrice;
+        marker->CashAmount = totals.Balance;
+        marker->ClearedCashAmount = totals.Cleared;
+    } else {
+        marker->Units = marker->ClearedUnits = 1;
+        marker->Value = totals.Balance;
+        marker->ClearedValue = totals.Cleared;
+    }
+}
+
 void FillTotalMarker(ARec *row) {
     InitARec(row);
     row->RowKind = HeadingRow;

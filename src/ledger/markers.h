@@ -15,5 +15,13 @@ int InsertTotalMarker();
 void FillDayMarker(TRec *row, const RecDate &date);
 void FillTotalMarker(ARec *row);
 
+// What all rows of a file come to, as an Archive marker carries it.
+struct FileTotals {
+    FixedAmount Balance, Cleared; // of a share account the cash side
+    int32_t Shares, ClearedShares;
+    FixedAmount Price, ClearedPrice; // last seen; last seen on a reconciled row
+};
+void SetArchiveTotals(TRec *marker, int64_t accountType, const FileTotals &totals);
+
 // A Day marker's date and name alone.
 void SetMarkerDay(TRec *row, const RecDate &date);

@@ -356,7 +356,7 @@ void doTransactions(Window window, int mask) {
     PaintScreen(TransactionScreen, window, mask);
     SetGreys(TransactionList);
     if (state.ArchiveView)
-        EnableMenuItem(CommandInsertDay, 0);
+        GreyMenuItem(CommandInsertDay);
 }
 
 // clang-format off

@@ -20,6 +20,7 @@
 #include "store/catalogue.h"
 #include "store/configuration.h"
 #include "store/windows.h"
+#include <span>
 
 namespace {
 
@@ -60,37 +61,35 @@ int Missing(FileKind kind) {
     return !FileExists(path);
 }
 
-// A list that has a sample, and whether its file was missing before a loader made it.
-struct SampleList {
+// A list behind the accounts, and whether its file was missing before a loader made it.
+struct FurtherList {
     FileKind Kind;
     int List;
     int (*Load)(int32_t top);
     int32_t Top;
+    bool HasSample;
     int WasMissing;
 };
 
 // Reads every list. Nothing is written before all of them have shown that they can be read.
-int LoadLists(SampleList *samples, int count) {
-    for (int i = 0; i < count; ++i)
-        samples[i].WasMissing = Missing(samples[i].Kind);
+int LoadLists(std::span<FurtherList> lists) {
+    for (FurtherList &list : lists)
+        list.WasMissing = Missing(list.Kind);
     LoadAccFile(1);
-    for (int i = 0; i < count; ++i)
-        samples[i].Load(samples[i].Top);
-    LoadBinFile(1);
-    LoadCatFile(0);
+    for (const FurtherList &list : lists)
+        list.Load(list.Top);
     LoadPalette();
     return state.DataUsable == 1 && AcceptTranFile(state.SelectedPos[AccountList]);
 }
 
-void FillWithSamples(const SampleList *samples, int count, int firstRun) {
+void FillWithSamples(std::span<const FurtherList> lists, int firstRun) {
     if (firstRun)
         CreateSampleData(FileKind::Accounts);
-    for (int i = 0; i < count; ++i) {
-        const bool empty = state.EntryCount[samples[i].List] == 0;
-        if (!empty || !(firstRun || samples[i].WasMissing))
+    for (const FurtherList &list : lists) {
+        if (!list.HasSample || state.EntryCount[list.List] > 0 || !(firstRun || list.WasMissing))
             continue;
-        CreateSampleData(samples[i].Kind);
-        samples[i].Load(samples[i].Top);
+        CreateSampleData(list.Kind);
+        list.Load(list.Top);
     }
     if (Missing(FileKind::Check))
         CreateSampleData(FileKind::Check);
@@ -103,17 +102,19 @@ void SetPositions() {
 }
 
 void FirstLoad() {
-    SampleList samples[] = {
-        {FileKind::Recurring, RecurringList, LoadDDFile, 1, 0},
-        {FileKind::Templates, TemplateList, LoadFavFile, 0, 0},
-        {FileKind::Conversions, ConversionList, LoadCurFile, 0, 0},
+    FurtherList lists[] = {
+        {FileKind::Recurring, RecurringList, LoadDDFile, 1, true, 0},
+        {FileKind::Templates, TemplateList, LoadFavFile, 0, true, 0},
+        {FileKind::Bin, BinList, LoadBinFile, 1, false, 0},
+        {FileKind::Categories, CategoryList, LoadCatFile, 0, false, 0},
+        {FileKind::Conversions, ConversionList, LoadCurFile, 0, true, 0},
     };
     SetPositions();
-    const int usable = LoadLists(samples, 3);
+    const int usable = LoadLists(lists);
     state.FileAccessReady = 1;
     const int firstRun = usable && state.EntryCount[AccountList] == 0;
     if (usable) {
-        FillWithSamples(samples, 3, firstRun);
+        FillWithSamples(lists, firstRun);
         CheckT1totals(0);
     }
     if (firstRun || !usable)

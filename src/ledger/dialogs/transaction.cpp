@@ -39,7 +39,7 @@ constexpr FormPart ReconcileParts[] = {
     {FlagItem,           {0, 0, 20, 26},         {0, 0, 20, 26},         nullptr},
     {FirstSignItem,      {23, 68, 35, 80},       {24, 69, 36, 81},       nullptr},
 };
-constexpr FormPart BasicParts[] = {
+constexpr FormPart EntryParts[] = {
     {FlagItem,           {0, 0, 20, 26},         {0, 0, 20, 26},         nullptr},
     {SelectedCountItem,  {22, 0, 88, 18},        {20, 0, 91, 18},        nullptr, Align::Right},
     {UpItem,             {90, 0, 110, 18},       {91, 0, 111, 20},       nullptr, Align::Left, 0, IsExisting},
@@ -50,18 +50,7 @@ constexpr FormPart BasicParts[] = {
     {FirstSignItem,      {23, 68, 35, 80},       {24, 69, 36, 81},       nullptr},
     {ClearedItem,        {209, 66, 225, 82},     {210, 67, 240, 83},     nullptr},
     {ViewItem,           {205, 162, 225, 182},   {205, 163, 226, 183},   nullptr},
-};
-constexpr FormPart AdvancedParts[] = {
-    {FlagItem,           {0, 0, 20, 26},         {0, 0, 20, 26},         nullptr},
-    {SelectedCountItem,  {22, 0, 88, 18},        {20, 0, 91, 18},        nullptr, Align::Right},
-    {UpItem,             {90, 0, 110, 18},       {91, 0, 111, 20},       nullptr, Align::Left, 0, IsExisting},
-    {DownItem,           {130, 0, 150, 18},      {131, 0, 151, 20},      nullptr, Align::Left, 0, IsExisting},
-    {TotalItem,          {153, 0, 218, 18},      {151, 0, 220, 18},      nullptr, Align::Left},
-    {DuplicateItem,      {221, 0, 240, 20},      {220, 0, 240, 26},      nullptr, Align::Left, 0, IsExisting},
-    {TitleItem,          {0, 42, 35, 62},        {0, 43, 35, 63},        u"Name", Align::Right, TitleField},
-    {FirstSignItem,      {23, 68, 35, 80},       {24, 69, 36, 81},       nullptr},
-    {ClearedItem,        {209, 66, 225, 82},     {210, 67, 240, 83},     nullptr},
-    {ViewItem,           {205, 162, 225, 182},   {205, 163, 226, 183},   nullptr},
+    // From here on the Advanced view alone.
     {RefItem,            {0, 93, 35, 113},       {0, 94, 35, 114},       u"Ref",  Align::Right, TextField},
     {TimesItem,          {9, 119, 21, 131},      {0, 120, 24, 132},      nullptr},
     {SecondSignItem,     {23, 119, 35, 131},     {24, 120, 36, 132},     nullptr},
@@ -75,6 +64,8 @@ constexpr FieldList Lists[] = {
     {MultiplierField, ListMultipliers}, {CategoryField, ListCategories}, {TransferField, ListTransfers},
 };
 // clang-format on
+constexpr std::span<const FormPart> BasicParts = std::span(EntryParts).first<10>();
+static_assert(BasicParts.back().Item == ViewItem && EntryParts[BasicParts.size()].Item == RefItem);
 
 void TranDialogFill(int initialise);
 int TranDialogSave();
@@ -101,8 +92,8 @@ constexpr Form FormOf(const FormTemplate *controls, std::span<const FormPart> pa
 constexpr Form Forms[] = {
     // ORDER LAYOUT
     FormOf(&BasicTemplate, BasicParts),
-    FormOf(&AdvancedTemplate, AdvancedParts),
-    FormOf(&ExistingTemplate, AdvancedParts),
+    FormOf(&AdvancedTemplate, EntryParts),
+    FormOf(&ExistingTemplate, EntryParts),
     FormOf(&ReconcileTemplate, ReconcileParts),
 };
 
