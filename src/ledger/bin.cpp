@@ -231,7 +231,7 @@ int DeleteRecMem(int32_t position) {
     return deleted;
 }
 
-int AddTranMem() {
+int32_t AddTranMem() {
     const int list = state.CurrentScreen;
     BinRec bin;
     alignas(8) uint8_t record[LargestRecord];
@@ -264,7 +264,7 @@ int AddTranMem() {
         CalcBalance(bin.OwnerID);
     if (added && list == RecurringList)
         DDFileCheck();
-    return added;
+    return added ? position : 0;
 }
 
 int MoveBin(int32_t position) {
@@ -274,13 +274,20 @@ int MoveBin(int32_t position) {
         return 0;
     state.SelectedPos[BinList] = position;
     state.CurrentScreen = static_cast<int32_t>(bin.SourceList);
-    const int restored = AddTranMem();
+    int32_t restored = AddTranMem();
     state.CurrentScreen = BinList;
-    if (restored && DeleteRecFile(0, position))
+    if (restored && DeleteRecFile(0, position)) {
         RepairTop(BinList);
+    } else if (restored) { // rather where it was than in two places
+        state.CurrentScreen = static_cast<int32_t>(bin.SourceList);
+        DeleteRecFile(bin.OwnerID, restored);
+        if (bin.SourceList == TransactionList)
+            CalcBalance(bin.OwnerID);
+        restored = 0;
+    }
     state.SelectedPos[BinList] = std::min(position, state.EntryCount[BinList]);
     state.CurrentScreen = screen;
-    return restored;
+    return restored > 0;
 }
 
 void EraseAccountFiles(uint32_t accountID) {

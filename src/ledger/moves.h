@@ -18,8 +18,8 @@ int ShiftRecord(uint32_t accountID, int32_t from, int32_t to, const void *record
 // Refused (0) for the rows of a filtered view.
 int DeleteRecMem(int32_t position);
 
-// Restores the selected bin row into the list that state.CurrentScreen names. 1 when it was restored.
-int AddTranMem();
+// Restores the selected bin row into the list that state.CurrentScreen names. The position it got there, or 0.
+int32_t AddTranMem();
 
 // The top of a list after one row of it went: it falls by one when the window would show more than two blank rows.
 void RepairTop(int list);

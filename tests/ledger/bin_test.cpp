@@ -217,6 +217,22 @@ TEST_F(Ledger, ARangeGoesWholeOrNotAtAll) {
     EXPECT_EQ(DeleteRecRange(1, 1), 0);
 }
 
+TEST_F(Ledger, ARestoredEntryStandsInOnePlaceWhicheverWriteFails) {
+    const uint32_t bank = NewAccount(BankAccount);
+    for (int n = 1, failed = 1; failed; ++n) {
+        SCOPED_TRACE(n);
+        EmptyBin();
+        Fill(bank, {{-3, "a", 1000}, {-2, "b", 2000}});
+        GoTo(bank);
+        ASSERT_EQ(DeleteRecMem(1), 1);
+        state.CurrentScreen = BinList;
+        int restored = 0;
+        failed = WithFailingDisk({.FailAt = n}, [&] { restored = MoveBin(1); });
+        EXPECT_EQ(Bin().size(), restored ? 0U : 1U);
+        EXPECT_EQ(Rows(bank).size(), restored ? 2U : 1U);
+    }
+}
+
 TEST_F(Ledger, ADeletedMarkerKeepsAShareArchivesTotals) {
     const uint32_t shares = NewAccount(ShareValue);
     Fill(shares, {{-9, "Money in", 1000000, 1, 1, EntryRow, 1}, {-8, "Buy", 2500, 100, 1}, {-7, "Buy", 3000, 10, 1}},
