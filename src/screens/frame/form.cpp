@@ -16,7 +16,6 @@
 namespace {
 
 constexpr int RaiseMode = 0, LowerMode = 2, InputFormMode = 4;
-constexpr int StraightEye = 10;
 
 // The lines at the end of a form, by screen and view.
 constexpr int16_t EndLines[ScreenCount + 1][2][MessageLines] = {
@@ -161,7 +160,7 @@ int Dialog_Init(const Form *form) {
             SipControl(InputFormMode);
             SipControl(RaiseMode);
         }
-        UpdateEyes(ListWindow, -StraightEye, StraightEye);
+        ShowEyes(OpenEye);
     }
     SetGreys(NoList);
     FillLists();
