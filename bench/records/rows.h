@@ -1,11 +1,11 @@
 // An account of many rows on a fresh device, and the references that the other figures are told as ratios of.
 #pragma once
 
-#include "core/state.h"
 #include "host/test_host.h"
 #include "platform/files.h"
+#include "records/records.h"
+#include "state/state.h"
 #include "store/catalogue.h"
-#include "store/records/records.h"
 #include "store/windows.h"
 #include <benchmark/benchmark.h>
 #include <vector>

@@ -1,9 +1,9 @@
 // A full repaint of an account's transactions on the real surface: bench_repaint [ROUNDS]
-#include "core/startup/door.h"
-#include "core/state.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/start.h"
 #include "platform/files.h"
+#include "program/door.h"
+#include "state/state.h"
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QTemporaryDir>

@@ -1,7 +1,7 @@
 #include "ledger/account_file.h"
-#include "care/cipher/hooks.h"
-#include "core/error_log.h"
-#include "core/state.h"
+#include "cipher/hooks.h"
+#include "state/error_log.h"
+#include "state/state.h"
 #include "store/index.h"
 #include "store/runs.h"
 

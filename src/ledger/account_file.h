@@ -2,8 +2,8 @@
 // without regard to what the screen shows.
 #pragma once
 
+#include "records/records.h"
 #include "store/catalogue.h"
-#include "store/records/records.h"
 
 enum class In : uint8_t;
 

@@ -1,7 +1,7 @@
 // The window of an account's transactions, and reloading whatever list is shown.
 #pragma once
 
-#include "store/records/records.h"
+#include "records/records.h"
 
 // Loads the transactions of the account at a position; `top` as for every loader (store/windows.h). Makes the position
 // SelectedPos[AccountList]. In the live view a Day marker inside the window follows the calendar: it moves to today.

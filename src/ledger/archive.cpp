@@ -1,12 +1,12 @@
 #include "ledger/archive.h"
-#include "core/error_log.h"
-#include "core/state.h"
 #include "ledger/account_file.h"
 #include "ledger/balance.h"
 #include "ledger/markers.h"
 #include "ledger/row_copy.h"
 #include "platform/shell.h"
 #include "platform/text.h"
+#include "state/error_log.h"
+#include "state/state.h"
 #include "store/windows.h"
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // Old rows move to an account's archive and back, with every balance kept.
 #pragma once
 
-#include "store/records/records.h"
+#include "records/records.h"
 
 inline constexpr int32_t ShowProgressFrom = 11; // rows; a smaller job is silent
 

@@ -1,7 +1,7 @@
 // Running totals: the one routine that makes the stored totals true, and those as of today.
 #pragma once
 
-#include "store/records/records.h"
+#include "records/records.h"
 
 // Recomputes all running totals of an account's file (live or archive by state.ArchiveView; the filter file while
 // one is shown), the account's totals as of today and, in the live view, its jeopardy flags. In the archive view the

@@ -1,7 +1,7 @@
 // The bin: deleting ranges, restoring, erasing.
 #pragma once
 
-#include "store/records/records.h"
+#include "records/records.h"
 
 // A range of the current list (a graph counts as the transactions) to the bin and out of its file; on the bin itself
 // for good. -1 when `first` exceeds `last` or lies outside the file, 0 when refused (no data, a filtered view) or when

@@ -1,7 +1,7 @@
 // Which field of a bin record comes from which field of the other records.
-#include "core/state.h"
 #include "ledger/bin.h"
 #include "platform/text.h"
+#include "state/state.h"
 #include "store/windows.h"
 #include <algorithm>
 #include <cstring>

@@ -1,7 +1,7 @@
 // A filtered view is a real file beside the real one; every reader simply opens it instead.
 #pragma once
 
-#include "store/records/records.h"
+#include "records/records.h"
 
 enum class FilterBy : uint8_t {
     Name = 1,

@@ -1,9 +1,9 @@
 #include "ledger/jeopardy.h"
-#include "core/messages.h"
-#include "core/state.h"
 #include "ledger/account_window.h"
 #include "ledger/balance.h"
 #include "platform/shell.h"
+#include "state/messages.h"
+#include "state/state.h"
 #include "store/operations.h"
 #include "store/windows.h"
 

@@ -1,7 +1,7 @@
 // Watch limits on an account's balance.
 #pragma once
 
-#include "store/records/records.h"
+#include "records/records.h"
 
 // 1 when a balance lies outside the account's watched limits; one equal to a limit is safe. The limits are whole
 // units, and the balance is cut to whole units first.

@@ -1,7 +1,7 @@
 // Marker rows that an owner makes.
 #pragma once
 
-#include "store/records/records.h"
+#include "records/records.h"
 
 // A Day marker for today in the current account, balances right again and the window reloaded. Nothing while a filter
 // is shown or a form is open. 1 when made.

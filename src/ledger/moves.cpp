@@ -1,8 +1,8 @@
 #include "ledger/moves.h"
-#include "core/error_log.h"
-#include "core/state.h"
 #include "ledger/account_window.h"
 #include "ledger/balance.h"
+#include "state/error_log.h"
+#include "state/state.h"
 #include "store/operations.h"
 
 int ShiftRecord(uint32_t accountID, int32_t from, int32_t to, const void *record) {

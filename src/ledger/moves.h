@@ -1,7 +1,7 @@
 // Moving, deleting and restoring records.
 #pragma once
 
-#include "store/records/records.h"
+#include "records/records.h"
 
 // Moves a record of the current list, with the new content given. `to` is the position it would be inserted at while
 // still standing at `from`, as CpDates gives it: moved toward the end it lands at `to` - 1. A move to its own place

@@ -1,7 +1,7 @@
 #include "ledger/order.h"
-#include "care/cipher/hooks.h"
-#include "core/error_log.h"
-#include "core/state.h"
+#include "cipher/hooks.h"
+#include "state/error_log.h"
+#include "state/state.h"
 #include "store/catalogue.h"
 #include "store/runs.h"
 #include <algorithm>

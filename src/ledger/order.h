@@ -1,7 +1,7 @@
 // Where a row belongs.
 #pragma once
 
-#include "store/records/records.h"
+#include "records/records.h"
 
 // The 1-based position at which a new record of that date and rank belongs in the current screen's file (transactions
 // of the current account, or recurring items). A transaction lands after its equals, a recurring item before them.

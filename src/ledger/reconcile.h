@@ -1,7 +1,7 @@
 // The search for the entries that explain a statement's balance.
 #pragma once
 
-#include "store/records/records.h"
+#include "records/records.h"
 
 // Fills state.Candidates with the oldest unreconciled entries of the current account.
 void LoadReconcileCandidates();

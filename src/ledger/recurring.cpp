@@ -1,6 +1,4 @@
 #include "ledger/recurring.h"
-#include "core/error_log.h"
-#include "core/state.h"
 #include "ledger/account_file.h"
 #include "ledger/account_window.h"
 #include "ledger/balance.h"
@@ -10,6 +8,8 @@
 #include "ledger/shares.h"
 #include "platform/shell.h"
 #include "platform/text.h"
+#include "state/error_log.h"
+#include "state/state.h"
 #include "store/operations.h"
 #include "store/windows.h"
 #include <algorithm>

@@ -1,7 +1,7 @@
 // Recurring items post themselves.
 #pragma once
 
-#include "store/records/records.h"
+#include "records/records.h"
 
 enum ItemStatusBit : uint32_t { GeneratesMany = 1, MissingAccount = 2 };
 

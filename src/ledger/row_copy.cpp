@@ -1,5 +1,5 @@
 #include "ledger/row_copy.h"
-#include "care/cipher/hooks.h"
+#include "cipher/hooks.h"
 #include "ledger/account_file.h"
 #include "store/runs.h"
 #include <algorithm>

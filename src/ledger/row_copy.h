@@ -2,8 +2,8 @@
 // to grow is written beside the real file and takes its place whole, so that a full disk changes nothing.
 #pragma once
 
+#include "records/records.h"
 #include "store/catalogue.h"
-#include "store/records/records.h"
 
 // 1 to copy the row. It may be changed; `position` is where it stands in the source.
 using RowChoice = int (*)(TRec *row, int32_t position, void *context);

@@ -1,7 +1,7 @@
 #include "ledger/shares.h"
-#include "core/error_log.h"
-#include "core/state.h"
 #include "ledger/account_file.h"
+#include "state/error_log.h"
+#include "state/state.h"
 
 void UpdateShareMode(int32_t position, uint32_t accountType) {
     state.AccountKind = static_cast<int32_t>(accountType);

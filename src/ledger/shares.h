@@ -1,7 +1,7 @@
 // Share accounts.
 #pragma once
 
-#include "store/records/records.h"
+#include "records/records.h"
 
 // Makes a measure the one shown, in state.AccountKind and in the account at a position.
 void UpdateShareMode(int32_t position, uint32_t accountType);

@@ -1,4 +1,4 @@
-// What a host tells the program. Every event enters by the one door, HandleEvent in core/startup/door.h.
+// What a host tells the program. Every event enters by the one door, HandleEvent in program/door.h.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
 // The forms' real controls: id, kind, box in DialogWindow, how many units of text they take, and the name that stands
-// beside them. Everything else on a form is painted by hand (screens/frame/form.h). Controls end above y 189, where the
+// beside them. Everything else on a form is painted by hand (frame/form.h). Controls end above y 189, where the
 // message window begins.
 #pragma once
 

@@ -1,9 +1,9 @@
 // Screen 1: the accounts, or their archives.
+#include "frame/header.h"
 #include "ledger/account_window.h"
 #include "ledger/markers.h"
 #include "ledger/moves.h"
 #include "resources/art.h"
-#include "screens/frame/header.h"
 #include "screens/list_screen.h"
 #include "screens/rows.h"
 #include "screens/screens.h"

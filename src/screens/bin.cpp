@@ -1,18 +1,18 @@
 // Screen 6: the bin. Its rows look as they did where they came from.
 #include "ledger/bin.h"
-#include "core/error_log.h"
+#include "frame/header.h"
 #include "ledger/account_window.h"
 #include "ledger/recurring.h"
-#include "ledger/values/amounts.h"
 #include "platform/text.h"
-#include "screens/frame/header.h"
 #include "screens/list_screen.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
+#include "state/error_log.h"
 #include "store/catalogue.h"
 #include "store/configuration.h"
 #include "store/index.h"
 #include "store/windows.h"
+#include "values/amounts.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // Screen 7: the categories, each in its colour.
-#include "screens/frame/header.h"
+#include "frame/header.h"
 #include "screens/list_screen.h"
 #include "screens/rows.h"
 #include "screens/screens.h"

@@ -1,14 +1,14 @@
 // Screen 3: the frame of the graph: header, the row of mode icons, the two titles that choose what is plotted.
-#include "core/greys.h"
+#include "frame/header.h"
+#include "frame/scroll.h"
+#include "frame/tabs.h"
 #include "ledger/account_window.h"
 #include "platform/shell.h"
-#include "screens/frame/header.h"
-#include "screens/frame/scroll.h"
-#include "screens/frame/tabs.h"
 #include "screens/list_screen.h"
 #include "screens/measure.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
+#include "state/greys.h"
 #include "store/configuration.h"
 #include <iterator>
 

@@ -3,9 +3,9 @@
 // strokes and drops, the row's painter, the screen's, and its row of data.
 #pragma once
 
-#include "core/messages.h"
-#include "core/state.h"
 #include "platform/event.h"
+#include "state/messages.h"
+#include "state/state.h"
 #include <cstdint>
 
 // Six lines of help. AlertLine stands for the line that a row adds when something is wrong with it, 0 when nothing is.

@@ -1,9 +1,9 @@
 #include "screens/measure.h"
-#include "core/state.h"
+#include "frame/header.h"
 #include "ledger/shares.h"
 #include "platform/text.h"
-#include "screens/frame/header.h"
 #include "screens/list_screen.h"
+#include "state/state.h"
 
 namespace {
 

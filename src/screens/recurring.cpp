@@ -1,6 +1,6 @@
 // Screen 4: the recurring items of all accounts.
 #include "ledger/recurring.h"
-#include "screens/frame/header.h"
+#include "frame/header.h"
 #include "screens/list_screen.h"
 #include "screens/rows.h"
 #include "screens/screens.h"

@@ -1,9 +1,9 @@
 // A row of the current list being painted: what the row painters of all screens share.
 #pragma once
 
-#include "screens/drawing/cells.h"
-#include "screens/drawing/colours.h"
-#include "screens/drawing/geometry.h"
+#include "drawing/cells.h"
+#include "drawing/colours.h"
+#include "drawing/geometry.h"
 
 struct RowStrip {
     Window Where;

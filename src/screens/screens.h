@@ -3,7 +3,7 @@
 
 #include "platform/event.h"
 
-// Paint the bands of the current screen that the mask names (RepaintMask of screens/frame/header.h). The window of rows
+// Paint the bands of the current screen that the mask names (RepaintMask of frame/header.h). The window of rows
 // must be loaded.
 void doAccounts(Window window, int mask);
 void doTransactions(Window window, int mask);

@@ -1,13 +1,13 @@
 // From screen to screen, and from account to account.
-#include "core/error_log.h"
-#include "core/greys.h"
+#include "frame/header.h"
+#include "frame/scroll.h"
 #include "ledger/account_window.h"
 #include "ledger/balance.h"
 #include "ledger/recurring.h"
-#include "screens/frame/header.h"
-#include "screens/frame/scroll.h"
 #include "screens/list_screen.h"
 #include "screens/screens.h"
+#include "state/error_log.h"
+#include "state/greys.h"
 #include "store/windows.h"
 
 namespace {

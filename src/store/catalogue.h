@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/files.h"
-#include "store/records/records.h"
+#include "records/records.h"
 
 inline constexpr char DataDirectory[] = "\\Program Files\\Zentrik\\E1_Data";
 inline constexpr char OldDataDirectory[] = "\\Program Files\\Zentrik\\Data"; // the error log goes here

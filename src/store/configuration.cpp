@@ -1,6 +1,6 @@
 #include "store/configuration.h"
-#include "core/error_log.h"
-#include "core/state.h"
+#include "state/error_log.h"
+#include "state/state.h"
 #include "store/catalogue.h"
 
 namespace {

@@ -2,7 +2,7 @@
 // changes its own fields and writes it back.
 #pragma once
 
-#include "store/records/records.h"
+#include "records/records.h"
 
 inline constexpr int ScreenWidth = 240;
 inline constexpr int RightEdge = 226; // of the rows; the scroll bar stands behind it

@@ -2,7 +2,7 @@
 // list of accounts. All return 0 (AccountIdToName: "") when the data are not usable.
 #pragma once
 
-#include "store/records/records.h"
+#include "records/records.h"
 
 // The ID of the first account of that name, compared over what a record holds of it; 0 for none. Headings do not count.
 uint32_t AccountNameToId(const char16_t *name);

@@ -1,9 +1,9 @@
 #include "store/operations.h"
-#include "care/cipher/hooks.h"
-#include "core/error_log.h"
-#include "core/state.h"
+#include "cipher/hooks.h"
+#include "records/fields.h"
+#include "state/error_log.h"
+#include "state/state.h"
 #include "store/catalogue.h"
-#include "store/records/fields.h"
 #include "store/runs.h"
 #include "store/windows.h"
 #include <cstring>

@@ -2,7 +2,7 @@
 // for transactions alone. Positions count from 1. All return 0 at once when the data are not usable.
 #pragma once
 
-#include "store/records/records.h"
+#include "records/records.h"
 
 // Copies a record of a list (AccountList to ConversionList) field by field; any other list is reported as caseError.
 void CopyRecFile(int list, const void *source, void *destination);

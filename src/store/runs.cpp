@@ -1,5 +1,5 @@
 #include "store/runs.h"
-#include "core/state.h"
+#include "state/state.h"
 #include "store/catalogue.h"
 
 namespace {

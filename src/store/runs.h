@@ -2,7 +2,7 @@
 // calls one of these loses what another left in the buffer.
 #pragma once
 
-#include "store/records/records.h"
+#include "records/records.h"
 
 // Records that the buffer takes at once.
 int32_t RunLength(FileKind kind);

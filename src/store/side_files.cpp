@@ -1,7 +1,7 @@
 #include "store/side_files.h"
-#include "core/error_log.h"
-#include "core/state.h"
 #include "platform/text.h"
+#include "state/error_log.h"
+#include "state/state.h"
 #include "store/catalogue.h"
 #include "store/configuration.h"
 

@@ -1,7 +1,7 @@
 // Single records that are no list: the check record, the notepad.
 #pragma once
 
-#include "store/records/records.h"
+#include "records/records.h"
 
 inline constexpr char16_t PassCheckText[] = u".v.Q .5.-;.}>k~["; // 16 units
 

@@ -7,7 +7,7 @@
 // an account, and 1 otherwise.
 #pragma once
 
-#include "store/records/records.h"
+#include "records/records.h"
 
 int LoadAccFile(int32_t top);
 int LoadFavFile(int32_t top);

@@ -1,9 +1,9 @@
 // What a row is made of, pixel by pixel where it matters.
-#include "core/state.h"
+#include "drawing/cells.h"
+#include "drawing/geometry.h"
 #include "host/test_host.h"
 #include "platform/clock.h"
-#include "screens/drawing/cells.h"
-#include "screens/drawing/geometry.h"
+#include "state/state.h"
 #include <gtest/gtest.h>
 
 using namespace testhost;

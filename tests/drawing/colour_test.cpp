@@ -1,9 +1,9 @@
 // Colours that an owner mixes and keeps: the model's corners, and the palette in its file.
-#include "core/state.h"
+#include "drawing/colour_model.h"
+#include "drawing/colours.h"
 #include "host/fuzz.h"
 #include "host/test_host.h"
-#include "screens/drawing/colour_model.h"
-#include "screens/drawing/colours.h"
+#include "state/state.h"
 #include <gtest/gtest.h>
 
 using namespace testhost;

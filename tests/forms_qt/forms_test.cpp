@@ -1,14 +1,14 @@
 // An owner fills each form with pointer and keyboard in real controls, ticks, and finds everything again after a
 // restart. A sitting is one run of the program, in a process of its own.
-#include "core/startup/door.h"
-#include "core/state.h"
+#include "frame/form.h"
 #include "host_qt/hands.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/start.h"
 #include "platform/files.h"
 #include "platform/text.h"
+#include "program/door.h"
 #include "resources/menus.h"
-#include "screens/frame/form.h"
+#include "state/state.h"
 #include "store/operations.h"
 #include "store/windows.h"
 #include <QAbstractItemView>

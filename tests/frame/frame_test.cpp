@@ -1,12 +1,12 @@
 // What every screen stands in: the tab strip, header and titles, the list's scroll bar, the command bar and its eyes.
-#include "core/state.h"
+#include "drawing/colours.h"
+#include "frame/command_bar.h"
+#include "frame/header.h"
+#include "frame/scroll.h"
+#include "frame/tabs.h"
 #include "host/test_host.h"
 #include "resources/art.h"
-#include "screens/drawing/colours.h"
-#include "screens/frame/command_bar.h"
-#include "screens/frame/header.h"
-#include "screens/frame/scroll.h"
-#include "screens/frame/tabs.h"
+#include "state/state.h"
 #include <gtest/gtest.h>
 
 using namespace testhost;

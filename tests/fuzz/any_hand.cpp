@@ -1,10 +1,10 @@
 // A child with a stylus: taps, strokes, drags, keys, commands and words anywhere and in any order. Whatever comes, the
 // program goes on, keeps its files in order, and finds them again after a restart.
-#include "core/state.h"
 #include "host/fuzz.h"
 #include "host/hands.h"
 #include "host/rows.h"
 #include "resources/menus.h"
+#include "state/state.h"
 #include <gtest/gtest.h>
 
 using namespace testhost;

@@ -1,8 +1,8 @@
 // Any bytes in any data file: the store answers, reads nothing past its end, and the lists it then shows can be drawn.
-#include "core/state.h"
 #include "host/fuzz.h"
 #include "host/test_host.h"
 #include "platform/text.h"
+#include "state/state.h"
 #include "store/configuration.h"
 #include "store/index.h"
 #include "store/operations.h"

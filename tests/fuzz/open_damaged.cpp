@@ -1,9 +1,9 @@
 // The whole program over damaged data: whatever stands in a file, it starts, shows, answers and leaves. The sanitizers
 // watch; what was refused for its version is not touched.
-#include "core/state.h"
 #include "host/fuzz.h"
 #include "host/hands.h"
 #include "resources/menus.h"
+#include "state/state.h"
 #include <gtest/gtest.h>
 
 using namespace testhost;

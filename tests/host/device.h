@@ -1,12 +1,12 @@
 // A started device, worked by its owner: the fixture for tests of the whole program.
 #pragma once
 
-#include "core/state.h"
+#include "frame/form.h"
 #include "host/hands.h"
 #include "host/rows.h"
 #include "resources/forms.h"
 #include "resources/menus.h"
-#include "screens/frame/form.h"
+#include "state/state.h"
 #include <gtest/gtest.h>
 
 namespace testhost {

@@ -1,6 +1,6 @@
 // The owner's hands.
 #include "hands.h"
-#include "core/startup/door.h"
+#include "program/door.h"
 #include <algorithm>
 #include <cstdlib>
 

@@ -1,6 +1,6 @@
 // The message lines that the program remembers.
-#include "core/messages.h"
-#include "core/state.h"
+#include "state/messages.h"
+#include "state/state.h"
 #include "test_host.h"
 
 namespace testhost {

@@ -1,5 +1,5 @@
 // Where things stand on the device.
-#include "core/state.h"
+#include "state/state.h"
 #include "test_host.h"
 
 namespace testhost {

@@ -1,6 +1,6 @@
 // Fresh roots, and the bytes that stand in them.
-#include "core/state.h"
 #include "platform/files.h"
+#include "state/state.h"
 #include "test_host.h"
 #include <algorithm>
 #include <cstdio>

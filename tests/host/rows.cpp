@@ -1,5 +1,5 @@
 #include "host/rows.h"
-#include "store/records/fields.h"
+#include "records/fields.h"
 #include <cstdio>
 #include <sstream>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/test_host.h"
-#include "store/records/records.h"
+#include "records/records.h"
 #include <cstring>
 
 namespace testhost {

@@ -1,6 +1,6 @@
 #include "host_qt/little_program.h"
-#include "core/startup/door.h"
 #include "hosts/qt/start.h"
+#include "program/door.h"
 #include <QApplication>
 
 namespace little {

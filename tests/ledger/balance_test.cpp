@@ -1,10 +1,10 @@
 // Every stored total is the sum an owner would work out by hand.
-#include "core/startup/sample_data.h"
 #include "host/fuzz.h"
 #include "ledger/jeopardy.h"
 #include "ledger/ledger_test.h"
 #include "ledger/markers.h"
 #include "ledger/shares.h"
+#include "program/sample_data.h"
 
 TEST_F(Ledger, TheFirstRunShowsThreeAccountsWithBalancesAsOfToday) {
     for (const FileKind kind :

@@ -1,6 +1,6 @@
 // What was deleted can be had back; what was erased is gone, and nothing else is.
 #include "ledger/ledger_test.h"
-#include "store/records/fields.h"
+#include "records/fields.h"
 
 namespace {
 

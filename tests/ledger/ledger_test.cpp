@@ -1,6 +1,6 @@
 #include "ledger/ledger_test.h"
-#include "core/messages.h"
 #include "resources/error_names.h"
+#include "state/messages.h"
 #include "store/configuration.h"
 
 TRec RowOf(const Entry &entry) {

@@ -2,7 +2,6 @@
 // read back as their bytes lie, not through the program.
 #pragma once
 
-#include "core/state.h"
 #include "host/rows.h"
 #include "ledger/account_window.h"
 #include "ledger/archive.h"
@@ -13,9 +12,10 @@
 #include "ledger/order.h"
 #include "ledger/recurring.h"
 #include "platform/text.h"
+#include "records/records.h"
+#include "state/state.h"
 #include "store/index.h"
 #include "store/operations.h"
-#include "store/records/records.h"
 #include "store/windows.h"
 #include <cstring>
 #include <gtest/gtest.h>

@@ -27,8 +27,8 @@
 //
 // A story that ends without "quit" ends like a device whose battery was taken out. Exit codes: 0 the story was
 // followed, 1 the program did not start, 2 a line or an argument is wrong.
-#include "core/state.h"
 #include "host/hands.h"
+#include "state/state.h"
 #include <cstdio>
 #include <filesystem>
 #include <iostream>

@@ -1,6 +1,6 @@
 // Strokes, drags and drops: each as a short story on the sample's rows.
 #include "device.h"
-#include "screens/drawing/colours.h"
+#include "drawing/colours.h"
 #include "store/configuration.h"
 
 namespace {

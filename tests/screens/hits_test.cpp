@@ -1,6 +1,6 @@
 // Where a tap lands, and what it says.
 #include "device.h"
-#include "screens/input.h"
+#include "input/input.h"
 #include "screens/list_screen.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // Keys, scrolling, and the commands of the menus.
-#include "core/greys.h"
 #include "device.h"
-#include "screens/drawing/colours.h"
+#include "drawing/colours.h"
+#include "state/greys.h"
 #include <filesystem>
 
 namespace {

@@ -1,7 +1,7 @@
 // What an owner reads in a row.
 #include "device.h"
+#include "drawing/colours.h"
 #include "platform/text.h"
-#include "screens/drawing/colours.h"
 #include "screens/screens.h"
 #include "store/windows.h"
 

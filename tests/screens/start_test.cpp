@@ -1,6 +1,6 @@
 // Coming up and going down.
-#include "core/startup/door.h"
 #include "device.h"
+#include "program/door.h"
 #include <filesystem>
 
 namespace {

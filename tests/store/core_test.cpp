@@ -1,10 +1,10 @@
 // What the owner is told and may choose.
-#include "core/error_log.h"
-#include "core/greys.h"
-#include "core/messages.h"
-#include "core/state.h"
 #include "host/test_host.h"
 #include "platform/files.h"
+#include "state/error_log.h"
+#include "state/greys.h"
+#include "state/messages.h"
+#include "state/state.h"
 #include <gtest/gtest.h>
 
 using namespace testhost;

@@ -1,7 +1,7 @@
 // Money to the thousandth and dates to the day, whatever is typed, imported or damaged.
 #include "host/test_host.h"
-#include "ledger/values/amounts.h"
-#include "ledger/values/dates.h"
+#include "values/amounts.h"
+#include "values/dates.h"
 #include <cstring>
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Damaged files and impossible input: a clear answer, and nothing lost.
-#include "core/state.h"
 #include "day.h"
+#include "state/state.h"
 
 using namespace stories;
 

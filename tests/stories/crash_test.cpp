@@ -1,7 +1,7 @@
 // What a power cut, a failing disk and a full disk leave behind.
-#include "core/state.h"
 #include "day.h"
 #include "platform/text.h"
+#include "state/state.h"
 #include <sys/wait.h>
 #include <unistd.h>
 

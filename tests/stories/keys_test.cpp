@@ -1,7 +1,7 @@
 // A day without a pointer: whatever a tap or a drag does on a list or a form has its key.
-#include "core/state.h"
 #include "day.h"
 #include "resources/forms.h"
+#include "state/state.h"
 
 using namespace stories;
 

@@ -1,6 +1,6 @@
 // The road: a first start, an entry on a real screen, kept for good.
-#include "core/state.h"
 #include "day.h"
+#include "state/state.h"
 
 using namespace stories;
 

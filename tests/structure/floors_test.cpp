@@ -16,29 +16,31 @@ namespace {
 
 // A folder is a floor. It includes headers of its own and of lower floors; two folders on one floor do not know
 // each other. A folder without a row stands on the floor of the folder around it and is a part of it.
+constexpr int Hosts = 14;
 struct Floor {
     const char *Folder;
     int Level;
 };
 // clang-format off
 constexpr Floor Floors[] = {
-    {"hosts/qt", 11},
-    {"platform/posix", 11},
-    {"core/startup", 10},
-    {"screens", 9},
-    {"ledger/dialogs", 8},
+    {"hosts/qt", 14},
+    {"hosts/posix", 14},
+    {"program", 13},
+    {"input", 12},
+    {"screens", 11},
+    {"forms", 10},
+    {"frame", 9},
     {"exchange", 8},
     {"analysis", 8},
     {"care", 8},
-    {"screens/frame", 7},
-    {"ledger", 6},
-    {"screens/drawing", 6},
-    {"store", 5},
-    {"care/cipher", 4},
-    {"core", 3},
-    {"store/records", 2},
-    {"ledger/values", 1},
-    {"resources", 1},
+    {"ledger", 7},
+    {"drawing", 7},
+    {"store", 6},
+    {"cipher", 5},
+    {"state", 4},
+    {"records", 3},
+    {"resources", 2},
+    {"values", 1},
     {"platform", 0},
 };
 // clang-format on
@@ -89,7 +91,7 @@ std::string CodeOf(const std::string &line) {
     return code;
 }
 
-// The file between the quotes or angles of an include, with its opening sign: "\"core/state.h", "<cstdint"; "" for
+// The file between the quotes or angles of an include, with its opening sign: "\"state/state.h", "<cstdint"; "" for
 // any other line.
 std::string IncludedBy(const std::string &line) {
     const size_t open = line.rfind("#include", 0) == 0 ? line.find_first_of("\"<") : std::string::npos;
@@ -163,7 +165,7 @@ TEST(Structure, NothingAboveTheSeamGoesAroundIt) {
         for (const std::string &word : WordsOf(rules[n].Words))
             ruleOf[word] = n;
     for (const fs::path &file : SourceFiles()) {
-        if (FloorOf(file)->Level == 11)
+        if (FloorOf(file)->Level == Hosts)
             continue;
         const std::string top = file.begin()->string();
         const bool countsMoney = top == "ledger" || top == "store" || top == "exchange";

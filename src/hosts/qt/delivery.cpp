@@ -1,6 +1,6 @@
 // The way of an event to the program: at once, after a control's own work, or when no input waits.
-#include "core/startup/door.h"
 #include "hosts/qt/device.h"
+#include "program/door.h"
 #include <QBasicTimer>
 #include <QCoreApplication>
 #include <QList>

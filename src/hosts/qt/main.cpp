@@ -1,9 +1,9 @@
 // The program on a desktop or handheld: arguments, the device root, the loop.
-#include "core/startup/door.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/start.h"
 #include "hosts/qt/tour.h"
 #include "platform/files.h"
+#include "program/door.h"
 #include <QApplication>
 #include <QDir>
 #include <cstdio>

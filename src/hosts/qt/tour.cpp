@@ -2,11 +2,11 @@
 // its own; a sitting is one run of the program, in a process of its own, so that what the next one shows came from the
 // files.
 #include "hosts/qt/tour.h"
-#include "core/startup/door.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/start.h"
 #include "platform/files.h"
-#include "store/records/records.h"
+#include "program/door.h"
+#include "records/records.h"
 #include <QApplication>
 #include <QDir>
 #include <QEventLoop>

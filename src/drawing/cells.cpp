@@ -1,0 +1,120 @@
+#include "drawing/cells.h"
+#include "drawing/geometry.h"
+#include "platform/text.h"
+#include "state/state.h"
+#include "values/amounts.h"
+#include <algorithm>
+
+namespace {
+
+constexpr int ThreeDimensional = 3;
+constexpr int AmountRoom = 32, DateRoom = 32;
+constexpr int DateLeft = 2;
+constexpr int ErasedRight = 230; // the frame of a selection may have stood on a wider row
+
+bool Raised3D() {
+    return state.DrawDepth == ThreeDimensional;
+}
+
+void DrawFrame(Window window, const Rect &box, Colour pen, int width) {
+    const int right = box.Right - width, bottom = box.Bottom - width;
+    const Point corners[] = {
+        {box.Left, box.Top}, {right, box.Top}, {right, bottom}, {box.Left, bottom}, {box.Left, box.Top}};
+    DrawPolyline(window, corners, 5, pen, width);
+}
+
+} // namespace
+
+void DrawCell(Window window, int top, int bottom, int left, int right, const Bevel &bevel, int brush, int style) {
+    const int lastX = right - 1, innerX = left + 1, below = bottom + 1;
+    const bool raised = style == RaisedCell;
+    if (Raised3D()) {
+        const Point raisedLight[] = {{innerX, top + 1}, {lastX, top + 1}, {lastX, bottom}};
+        const Point raisedDark[] = {{left, top + 2}, {left, bottom}, {lastX, bottom}};
+        const Point pressedLight[] = {{left, top}, {left, below}, {lastX, below}};
+        const Point pressedDark[] = {{innerX, top}, {lastX, top}, {lastX, below}};
+        DrawPolyline(window, raised ? raisedLight : pressedLight, 3, bevel.Light);
+        DrawPolyline(window, raised ? raisedDark : pressedDark, 3, bevel.Dark);
+    }
+    if (brush < 1)
+        return;
+    const Rect inside = raised ? Rect{innerX, top + 2, lastX, bottom} : Rect{innerX, top + 1, lastX, below};
+    FillRect(window, inside, BrushColour(brush));
+}
+
+RowPlace StartRow(Window window, int row, int mode, int brush, int list) {
+    const int top = RowTop(row);
+    const Rect box = {0, row == 1 ? 0 : top + 1, RightEdge, top + RowHeight + 1};
+    FillRect(window, box, BrushColour(brush));
+    if (!Raised3D()) {
+        if (mode == ErasedRow)
+            DrawFrame(window, {box.Left, box.Top, ErasedRight, box.Bottom}, White, 2);
+        else if (IsPressed(mode))
+            DrawFrame(window, box, Black, 2);
+        else
+            DrawFrame(window, box, SeparatorColour(list), 1);
+    }
+    return {top, IsPressed(mode)};
+}
+
+void RowCell(Window window, const RowPlace &place, int left, int right, const Bevel &bevel, int brush,
+             int pressedBrush) {
+    const int bottom = place.Top + RowHeight;
+    if (!place.Pressed) {
+        DrawCell(window, place.Top, bottom, left, right, bevel, brush, RaisedCell);
+        return;
+    }
+    const int fill = pressedBrush != NoFill && Raised3D() ? pressedBrush : brush;
+    DrawCell(window, place.Top + 1, bottom - 1, left + 1, right, bevel, fill, PressedCell);
+}
+
+void DrawSeparators(Window window, const int *edges, int count, int list) {
+    if (Raised3D())
+        return;
+    const int bottom = state.RowCount * RowHeight;
+    for (int i = 0; i < count; ++i) {
+        const Point line[] = {{edges[i], 0}, {edges[i], bottom}};
+        DrawPolyline(window, line, 2, SeparatorColour(list));
+    }
+}
+
+void PaintAmountIn(Window window, FixedAmount value, const Rect &box, int decimals, Align align, Colour ink) {
+    char16_t text[AmountRoom];
+    WriteAmount(text, AmountRoom, value, decimals);
+    PaintText(window, text, box, align, Font::Normal, ink, 1);
+}
+
+void PaintAmount(Window window, FixedAmount value, const Rect &box, int decimals, Align align) {
+    PaintAmountIn(window, value, box, decimals, align, value < 0 ? AlertRed : Black);
+}
+
+void PaintDate(Window window, const RecDate &date, int top, int right, Colour ink, Font font) {
+    const int month = std::clamp<int>(date.Month, 1, 12); // a damaged record may hold anything
+    char16_t text[DateRoom] = u"";
+    AppendNumber(text, DateRoom, date.Day, 2);
+    AppendAscii(text, DateRoom, " ");
+    AppendText(text, DateRoom, state.MonthNames[month]);
+    PaintText(window, text, RowTextBox(top, DateLeft, std::min(right, state.YearColumn)), Align::Left, font, ink, 1);
+    if (state.YearColumn >= right)
+        return;
+    text[0] = 0;
+    AppendNumber(text, DateRoom, date.Year % 100, 2);
+    PaintText(window, text, RowTextBox(top, state.YearColumn, right), Align::Left, font, ink);
+}
+
+void PaintFlag(Window window, int64_t flag, int edge, int top) {
+    if (flag < 1 || flag > 3)
+        return;
+    FillRect(window, {edge - 2, top + 2, edge, top + RowHeight}, FlagColour(flag));
+}
+
+void MeasureYearColumn() {
+    int widest = 0;
+    for (int month = 1; month <= 12; ++month) {
+        char16_t text[DateRoom] = u"99 ";
+        AppendText(text, DateRoom, state.MonthNames[month]);
+        AppendAscii(text, DateRoom, "G");
+        widest = std::max(widest, TextWidth(text, Font::Normal));
+    }
+    state.YearColumn = widest;
+}

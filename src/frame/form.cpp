@@ -1,0 +1,263 @@
+// How a form opens, hears events and ends.
+#include "frame/form.h"
+#include "drawing/geometry.h"
+#include "frame/command_bar.h"
+#include "frame/form_parts.h"
+#include "frame/header.h"
+#include "frame/message_window.h"
+#include "frame/scroll.h"
+#include "ledger/account_window.h"
+#include "platform/shell.h"
+#include "state/error_log.h"
+#include "state/greys.h"
+#include "state/messages.h"
+#include "store/windows.h"
+
+namespace {
+
+constexpr int RaiseMode = 0, LowerMode = 2, InputFormMode = 4;
+
+// The lines at the end of a form, by screen and view.
+constexpr int16_t EndLines[ScreenCount + 1][2][MessageLines] = {
+    {{}, {}},
+    {{0, 122, 7, 0, 0, 0}, {0, 122, 82, 0, 0, 0}},
+    {{0, 122, 9, 10, 0, 0}, {122, 9, 84, 0, 0, 0}},
+    {{122, 12, 0, 250, 252, 0}, {122, 12, 0, 251, 252, 0}},
+    {{0, 122, 14, 15, 0, 0}, {0, 122, 14, 15, 0, 0}},
+    {{0, 122, 19, 20, 21, 0}, {0, 122, 19, 20, 21, 0}},
+    {{0, 122, 25, 26, 27, 0}, {0, 122, 25, 26, 27, 0}},
+    {{0, 122, 352, 0, 0, 0}, {0, 122, 352, 0, 0, 0}},
+    {{0, 122, 344, 0, 0, 0}, {0, 122, 344, 0, 0, 0}},
+};
+
+void ShowEndLines() {
+    const int screen = state.CurrentScreen;
+    if (screen < AccountList || screen > ConversionList) {
+        ReportError(In::Dialog_End, Trouble::CaseError);
+        return;
+    }
+    const int16_t *lines = EndLines[screen][state.ArchiveView != 0];
+    ShowHelp(lines[0], lines[1], lines[2], lines[3], lines[4], lines[5]);
+}
+
+// The list as the form left it: where it stood as long as the selected row shows there.
+void ShowListAgain() {
+    const int list = state.CurrentScreen;
+    if (list < AccountList || list > ConversionList)
+        return;
+    const int selected = state.SelectedPos[list];
+    if (list != GraphList) {
+        const bool stays = selected < 1 || RowShows(RowOfPosition(selected));
+        ReloadList(list, stays ? state.TopPos[list] : SetRecPosition(selected, state.EntryCount[list]));
+    }
+    if (state.Paint[list])
+        state.Paint[list](ListWindow, PaintAll);
+}
+
+void FillLists() {
+    for (const FieldList &list : state.OpenedForm->Lists) {
+        ClearControlList(list.Field);
+        list.Fill(list.Field);
+    }
+}
+
+void TickForm() {
+    if (!state.OpenedForm->Tick)
+        return;
+    const int result = state.OpenedForm->Tick();
+    if (result == TickDone)
+        Dialog_End();
+    else if (result == TickUnwritten)
+        TellUnwritten();
+}
+
+void CrossForm() {
+    if (!state.OpenedForm->Tick)
+        return; // a form without a tick ends by itself
+    if (state.OpenedForm->Cross)
+        state.OpenedForm->Cross();
+    Dialog_End();
+}
+
+int HandleCommand(int command) {
+    if (command == CommandTick)
+        TickForm();
+    else if (command == CommandCross)
+        CrossForm();
+    else
+        return 0;
+    return 1;
+}
+
+// The keys that stand for taps on parts; of two parts, the one that the form has.
+struct PartKey {
+    Key Pressed;
+    int Items[2]; // FormItem
+};
+// clang-format off
+constexpr PartKey PartKeys[] = {
+    {Key::RowUp,          {UpItem,         NoItem}},
+    {Key::RowDown,        {DownItem,       NoItem}},
+    {Key::FlagPart,       {FlagItem,       NoItem}},
+    {Key::FirstSignPart,  {FirstSignItem,  NoItem}},
+    {Key::SecondSignPart, {SecondSignItem, NoItem}},
+    {Key::ClearedPart,    {ClearedItem,    NoItem}},
+    {Key::FreePart,       {FreeItem,       NoItem}},
+    {Key::DuplicatePart,  {DuplicateItem,  NoItem}},
+    {Key::ViewPart,       {ViewItem,       NoItem}},
+    {Key::OtherSidePart,  {NextItem,       DirectionItem}},
+};
+// clang-format on
+
+void TapByKey(Key key) {
+    for (const PartKey &row : PartKeys)
+        if (row.Pressed == key && !TapItem(row.Items[0]))
+            TapItem(row.Items[1]);
+}
+
+// No key reaches the list under a form; the eyes alone stay the screens' own.
+int HandleKey(Key key) {
+    if (key == Key::Help)
+        return 0;
+    if (key == Key::Tick || key == Key::Enter)
+        TickForm();
+    else if (key == Key::Escape)
+        CrossForm();
+    else if (state.OpenedForm->KeysStep && (key == Key::Up || key == Key::Down))
+        TapItem(key == Key::Up ? UpItem : DownItem);
+    else
+        TapByKey(key);
+    return 1;
+}
+
+void HandleControl(const Event &event) {
+    const bool told = event.Change == ControlChange::Focus || event.Change == ControlChange::Dropped ||
+                      event.Change == ControlChange::Pressed || event.Change == ControlChange::Calendar;
+    if (told)
+        ShowItemHelp(event.Control);
+    if (state.OpenedForm->Changed)
+        state.OpenedForm->Changed(event);
+}
+
+} // namespace
+
+int Dialog_Init(const Form *form) {
+    if (state.OpenedForm || state.ActiveDialog != NoDialog || !state.DataUsable)
+        return 0;
+    state.ActiveDialog = form->Dialog;
+    state.OpenedForm = form;
+    state.DuplicateOn = 0;
+    OpenForm(form->Controls);
+    if (state.CurrentScreen != GraphList) {
+        state.RowCount = RowsAboveMessages;
+        PlaceListScrollBar();
+    }
+    if (form->WithPanel) {
+        if (state.HubState == 1) {
+            SipControl(LowerMode);
+            SipControl(InputFormMode);
+        } else {
+            SipControl(InputFormMode);
+            SipControl(RaiseMode);
+        }
+        ShowEyes(OpenEye);
+    }
+    SetGreys(NoList);
+    FillLists();
+    if (form->Fill)
+        form->Fill(1);
+    DrawDialogDecor(DecorAll);
+    return 1;
+}
+
+void RebuildForm(const Form *form, int initialise) {
+    state.ActiveDialog = form->Dialog;
+    state.OpenedForm = form;
+    const int focused = FocusedControl();
+    OpenForm(form->Controls);
+    FillLists();
+    form->Fill(initialise);
+    if (FieldPresent(focused))
+        FocusControl(focused);
+    DrawDialogDecor(DecorAll);
+}
+
+void Dialog_End() {
+    const int ended = state.ActiveDialog;
+    state.ActiveDialog = ClosingDialog;
+    SipControl(LowerMode);
+    CloseForm();
+    state.OpenedForm = nullptr;
+    state.ActiveDialog = NoDialog;
+    state.RowCount = state.MessageWindowOn ? RowsAboveMessages : MostRows;
+    if (state.CurrentScreen != GraphList) {
+        PlaceListScrollBar();
+        // The list is painted below; the request that the windows bring has nothing left to do.
+        if (state.HubState == 0 && !state.HelpMode && ended != PassCodeDialog)
+            PassOverRepaint();
+    }
+    if (state.BackToGraph) {
+        state.BackToGraph = 0;
+        state.CurrentScreen = GraphList;
+    }
+    SetGreys(state.CurrentScreen);
+    ShowListAgain();
+    ShowEndLines();
+}
+
+int HandleFormEvent(const Event &event) {
+    if (!state.OpenedForm)
+        return 0;
+    switch (event.Kind) {
+    case EventKind::Control:
+        HandleControl(event);
+        return 1;
+    case EventKind::PointerDown:
+    case EventKind::DoubleTap:
+        if (event.Where != DialogWindow)
+            return 0;
+        if (!TapPart(event.X, event.Y))
+            SipControl(InputFormMode); // a tap on the ground does not dismiss the keyboard
+        return 1;
+    case EventKind::PointerMove:
+    case EventKind::PointerUp:
+        return event.Where == DialogWindow;
+    case EventKind::Command:
+        return HandleCommand(event.Code);
+    case EventKind::Key:
+        return HandleKey(static_cast<Key>(event.Code));
+    case EventKind::Paint:
+        DrawDialogDecor(DecorAll);
+        return 1;
+    default:
+        return 0;
+    }
+}
+
+int SipControl(int mode) {
+    if (mode == RaiseMode) {
+        if (PanelUp())
+            return 0;
+        RaisePanel();
+        return 1;
+    }
+    if (mode == LowerMode) {
+        if (!PanelUp())
+            return 0;
+        LowerPanel();
+        return 1;
+    }
+    PreferPanel(mode);
+    return 0;
+}
+
+void RefuseTick(int line2, int line3) {
+    if (!state.HelpMode)
+        ToggleEyes();
+    Beep();
+    ShowHelpMessage(1, 1, 0, line2, line3, 0, 0, 0);
+}
+
+void TellUnwritten() {
+    RefuseTick(128, 133);
+}

@@ -1,0 +1,385 @@
+// The commands of the bar and its menus.
+#include "forms/forms.h"
+#include "frame/header.h"
+#include "frame/message_window.h"
+#include "input/input.h"
+#include "ledger/account_window.h"
+#include "ledger/archive.h"
+#include "ledger/balance.h"
+#include "ledger/bin.h"
+#include "ledger/filter.h"
+#include "ledger/jeopardy.h"
+#include "ledger/markers.h"
+#include "platform/shell.h"
+#include "resources/menus.h"
+#include "screens/list_screen.h"
+#include "screens/screens.h"
+#include "state/greys.h"
+#include "store/configuration.h"
+#include "store/operations.h"
+#include "store/windows.h"
+#include <cstring>
+
+namespace {
+
+// --- Forms
+
+void NewEntry(int) {
+    const int screen = state.CurrentScreen == GraphList ? TransactionList : state.CurrentScreen;
+    if (screen == TransactionList && state.EntryCount[AccountList] < 1)
+        return;
+    if (state.CurrentScreen == GraphList) {
+        if (state.GraphMode != 1 && state.GraphMode != 2)
+            return;
+        LoadTranFile(state.SelectedPos[AccountList], 0);
+    }
+    state.SelectedPos[screen] = state.EntryCount[screen] + 1;
+    DoButtonDblclk(ListWindow, EntryRow);
+}
+
+void ExplainModify() {
+    Beep();
+    ShowHelp(0, 308);
+}
+
+void ModifyEntry(int) {
+    const int screen = state.CurrentScreen;
+    const int valid = InList(state.SelectedPos[screen]);
+    const int opened = !valid ? 0 : screen == AccountList ? OpenAccountForm(0) : DoButtonDblclk(ListWindow, EntryRow);
+    if (!opened)
+        ExplainModify();
+}
+
+void OpenNotepad(int) {
+    OpenNotepadForm();
+}
+
+void OpenConfiguration(int) {
+    OpenConfigurationForm();
+}
+
+// --- The account
+
+void AlignColumns(int) {
+    const ARec model = state.CurAccount;
+    const bool list = model.AccType == ListAccount;
+    ARec row;
+    state.CurrentScreen = AccountList;
+    for (int32_t position = 1; position <= state.EntryCount[AccountList]; ++position) {
+        if (!FetchAccount(position, &row) || row.RowKind == HeadingRow || (row.AccType == ListAccount) != list)
+            continue;
+        std::memcpy(row.ColumnPos, model.ColumnPos, sizeof row.ColumnPos);
+        ModRecFile(0, position, &row);
+    }
+    state.CurrentScreen = TransactionList;
+    LoadCurrentAccount();
+    ShowHelp(0, list ? 288 : 289, 290);
+}
+
+void Repaint() {
+    ReloadAndPaint(PaintAll);
+}
+
+void Jeopardy(int id) {
+    const int screen = state.CurrentScreen;
+    const int done = id == CommandJeopardyOn ? JeopardyOn() : JeopardyOff();
+    state.CurrentScreen = screen;
+    if (!done)
+        return;
+    LoadCurrentAccount();
+    Repaint();
+}
+
+// --- Filters
+
+struct FilterCommand {
+    int Id, Keep;
+    FilterBy Field;
+};
+// clang-format off
+constexpr FilterCommand Filters[] = {
+    {ShowName,         1, FilterBy::Name},
+    {ShowCategory,     1, FilterBy::Category},
+    {ShowFlag,         1, FilterBy::Flag},
+    {ShowRef,          1, FilterBy::Ref},
+    {ShowDate,         1, FilterBy::Date},
+    {ShowMonth,        1, FilterBy::Month},
+    {ShowYear,         1, FilterBy::Year},
+    {ShowEntry,        1, FilterBy::Entry},
+    {ExcludeName,      0, FilterBy::Name},
+    {ExcludeCategory,  0, FilterBy::Category},
+    {ExcludeFlag,      0, FilterBy::Flag},
+    {ExcludeRef,       0, FilterBy::Ref},
+    {ExcludeDate,      0, FilterBy::Date},
+    {ExcludeMonth,     0, FilterBy::Month},
+    {ExcludeYear,      0, FilterBy::Year},
+    {ExcludeEntry,     0, FilterBy::Entry},
+    {ExcludePreceding, 0, FilterBy::Preceding},
+    {ExcludeFollowing, 0, FilterBy::Following},
+};
+// clang-format on
+
+void Filter(int id) {
+    const int screen = state.CurrentScreen;
+    const int32_t position = state.SelectedPos[TransactionList];
+    TRec row;
+    if (!FetchTran(position, &row)) {
+        Beep();
+        return;
+    }
+    FilterCriteria criteria;
+    CriteriaFromRow(row, position, &criteria);
+    for (const FilterCommand &filter : Filters)
+        if (filter.Id == id &&
+            !ApplyFilter(state.CurAccount.ID, filter.Keep, filter.Field, criteria, row.Date.DayNumber)) {
+            Beep();
+            return;
+        }
+    state.CurrentScreen = TransactionList;
+    state.ReconcileState = ReconcileStep::Idle;
+    LoadTranFile(state.SelectedPos[AccountList],
+                 SetRecPosition(state.SelectedPos[TransactionList], CountTransactions()));
+    state.CurrentScreen = screen;
+    SetGreys(screen);
+    ShowHelp(462, 458, 459, 460, 461, 485);
+    state.Paint[screen](ListWindow, PaintAll);
+}
+
+void FilterOff(int) {
+    const int screen = state.CurrentScreen;
+    ClearFiltersAndRecompute();
+    CheckT1totals(0);
+    state.CurrentScreen = screen;
+    SetGreys(screen);
+    Repaint();
+    ShowHelp(0, 456, 457);
+}
+
+// --- Insert
+
+// Markers belong into the live account as it is.
+int AsItIs() {
+    return !state.ArchiveView && !state.FilterShown && state.EntryCount[AccountList] > 0;
+}
+
+void InsertDay(int) {
+    if (AsItIs() && InsertDayMarker())
+        Repaint();
+}
+
+void InsertReconcile(int) {
+    if (!AsItIs() || state.AccountKind != BankAccount)
+        return;
+    state.SelectedPos[TransactionList] = state.EntryCount[TransactionList] + 1;
+    DoButtonDblclk(ListWindow, ReconcileEntry);
+}
+
+void InsertTotal(int) {
+    InsertTotalMarker();
+    Repaint();
+}
+
+// --- Delete
+
+// The list after a range of rows went: the selection stays on a row, the window on rows.
+void ShowRemaining() {
+    const int screen = state.CurrentScreen;
+    const ListScreen *list = ScreenOf(screen);
+    if (list->Changed)
+        list->Changed();
+    LoadWindow(state.TopPos[screen]);
+    int32_t *selected = &state.SelectedPos[screen];
+    const int32_t count = state.EntryCount[screen];
+    if (*selected > count)
+        *selected = count;
+    LoadWindow(SetRecPosition(*selected, count));
+    list->Paint(ListWindow, PaintAll);
+}
+
+void DeleteOne(int) {
+    if (!AcceptInBin(state.SelectedPos[state.CurrentScreen])) {
+        Beep();
+        return;
+    }
+    BinRow(state.SelectedPos[state.CurrentScreen]);
+}
+
+void DeleteRange(int id) {
+    const int screen = state.CurrentScreen;
+    const int deleted = id == CommandDeleteStart ? SelectRangeStart() : SelectRangeFinish();
+    state.CurrentScreen = screen;
+    if (deleted)
+        ShowRemaining();
+}
+
+void DeletePreceding(int) {
+    const int screen = state.CurrentScreen;
+    if (DeleteRecRange(1, state.SelectedPos[screen]) != 1) {
+        Beep();
+        return;
+    }
+    state.CurrentScreen = screen;
+    state.SelectedPos[screen] = 1;
+    ShowRemaining();
+}
+
+void EmptyTheBin(int) {
+    EmptyBin();
+    Repaint();
+}
+
+// --- Archive
+
+void ShowAfterArchiving(int32_t top, int last) {
+    CalcBalance(state.CurAccount.ID);
+    state.CurrentScreen = TransactionList;
+    LoadTranFile(state.SelectedPos[AccountList], top);
+    state.SelectedPos[TransactionList] = last ? state.EntryCount[TransactionList] : 1;
+    doTransactions(ListWindow, PaintAll);
+}
+
+void ArchivePreceding(int) {
+    const int32_t position = state.SelectedPos[TransactionList];
+    if (state.ArchiveView || state.FilterShown || position < 1 || state.EntryCount[TransactionList] < 1) {
+        Beep();
+        return;
+    }
+    const bool told = position >= ShowProgressFrom;
+    if (told)
+        OpenProgressForm(ArchiveDialog);
+    Archive(state.SelectedPos[AccountList], position, told ? TellProgress : nullptr);
+    if (told)
+        CloseProgressForm();
+    ShowAfterArchiving(1, 0);
+}
+
+void UnarchiveFollowing(int) {
+    const int32_t position = state.SelectedPos[TransactionList];
+    const int32_t returning = state.EntryCount[TransactionList] - position + 1;
+    if (!state.ArchiveView || state.FilterShown || position < 1 || returning < 1) {
+        Beep();
+        return;
+    }
+    const bool told = returning > ShowProgressFrom;
+    if (told)
+        OpenProgressForm(UnarchiveDialog);
+    Unarchive(state.SelectedPos[AccountList], position, told ? TellProgress : nullptr);
+    if (told)
+        CloseProgressForm();
+    ShowAfterArchiving(0, 1);
+}
+
+// --- The bar
+
+void Cross(int) {
+    if (state.HelpMode)
+        LeaveHelpOrHub(CommandHub);
+    else
+        state.Next = NextStep::Leave;
+}
+
+void Quit(int) {
+    state.Next = NextStep::Leave;
+}
+
+void QuitFiltered(int) {
+    state.Next = NextStep::LeaveFiltered;
+}
+
+void Eyes(int) {
+    ToggleEyes();
+}
+
+void Refuse(int) {
+    Beep();
+}
+
+// What a command does while a form is open.
+enum class InForm : uint8_t { Nothing, Beeps, Explains, Works };
+
+constexpr int Everywhere = 0x1FE, Accounts = 1 << AccountList, Entries = 1 << TransactionList,
+              EntriesOrGraph = Entries | 1 << GraphList, AccountViews = Accounts | EntriesOrGraph,
+              NotBin = Everywhere & ~(1 << BinList), Modifiable = NotBin & ~(1 << GraphList),
+              Deletable = Everywhere & ~(1 << GraphList);
+
+struct CommandRow {
+    int Id;
+    int Screens; // bit n: acts on screen n
+    InForm Form;
+    void (*Do)(int id);
+};
+// clang-format off
+constexpr CommandRow Commands[] = {
+    {CommandNew,             NotBin,         InForm::Nothing,  NewEntry},
+    {CommandNotepad,         Everywhere,     InForm::Nothing,  OpenNotepad},
+    {CommandGeneral,         Everywhere,     InForm::Nothing,  OpenConfiguration},
+    {CommandAlign,           Entries,        InForm::Nothing,  AlignColumns},
+    {CommandPasswordOn,      Everywhere,     InForm::Nothing,  Refuse},
+    {CommandPasswordOff,     Everywhere,     InForm::Nothing,  Refuse},
+    {CommandJeopardyOn,      AccountViews,   InForm::Explains, Jeopardy},
+    {CommandJeopardyOff,     AccountViews,   InForm::Nothing,  Jeopardy},
+    {ShowName,               EntriesOrGraph, InForm::Nothing,  Filter},
+    {ShowCategory,           EntriesOrGraph, InForm::Nothing,  Filter},
+    {ShowFlag,               EntriesOrGraph, InForm::Nothing,  Filter},
+    {ShowRef,                EntriesOrGraph, InForm::Nothing,  Filter},
+    {ShowDate,               EntriesOrGraph, InForm::Nothing,  Filter},
+    {ShowMonth,              EntriesOrGraph, InForm::Nothing,  Filter},
+    {ShowYear,               EntriesOrGraph, InForm::Nothing,  Filter},
+    {ShowEntry,              EntriesOrGraph, InForm::Nothing,  Filter},
+    {ExcludeName,            EntriesOrGraph, InForm::Nothing,  Filter},
+    {ExcludeCategory,        EntriesOrGraph, InForm::Nothing,  Filter},
+    {ExcludeFlag,            EntriesOrGraph, InForm::Nothing,  Filter},
+    {ExcludeRef,             EntriesOrGraph, InForm::Nothing,  Filter},
+    {ExcludeDate,            EntriesOrGraph, InForm::Nothing,  Filter},
+    {ExcludeMonth,           EntriesOrGraph, InForm::Nothing,  Filter},
+    {ExcludeYear,            EntriesOrGraph, InForm::Nothing,  Filter},
+    {ExcludeEntry,           EntriesOrGraph, InForm::Nothing,  Filter},
+    {ExcludePreceding,       EntriesOrGraph, InForm::Nothing,  Filter},
+    {ExcludeFollowing,       EntriesOrGraph, InForm::Nothing,  Filter},
+    {CommandFilterOff,       Everywhere,     InForm::Nothing,  FilterOff},
+    {CommandInsertDay,       Entries,        InForm::Nothing,  InsertDay},
+    {CommandInsertReconcile, Entries,        InForm::Nothing,  InsertReconcile},
+    {CommandInsertTotal,     Accounts,       InForm::Nothing,  InsertTotal},
+    {CommandModify,          Modifiable,     InForm::Explains, ModifyEntry},
+    {CommandDeleteOne,       Deletable,      InForm::Nothing,  DeleteOne},
+    {CommandDeleteStart,     Deletable,      InForm::Nothing,  DeleteRange},
+    {CommandDeleteFinish,    Deletable,      InForm::Nothing,  DeleteRange},
+    {CommandDeletePreceding, Deletable,      InForm::Nothing,  DeletePreceding},
+    {CommandEmptyBin,        Everywhere,     InForm::Nothing,  EmptyTheBin},
+    {CommandAbout,           Everywhere,     InForm::Nothing,  Refuse},
+    {CommandExport,          Entries,        InForm::Beeps,    Refuse},
+    {CommandImport,          Entries,        InForm::Beeps,    Refuse},
+    {CommandBackup,          Everywhere,     InForm::Nothing,  Refuse},
+    {CommandRestore,         Everywhere,     InForm::Nothing,  Refuse},
+    {CommandArchive,         Entries,        InForm::Beeps,    ArchivePreceding},
+    {CommandUnarchive,       Entries,        InForm::Beeps,    UnarchiveFollowing},
+    {CommandExit,            Everywhere,     InForm::Nothing,  Quit},
+    {CommandCross,           Everywhere,     InForm::Nothing,  Cross},
+    {CommandLeftEye,         Everywhere,     InForm::Works,    Eyes},
+    {CommandRightEye,        Everywhere,     InForm::Works,    Eyes},
+    {CommandHub,             Everywhere,     InForm::Works,    Refuse},
+    {CommandClose,           Everywhere,     InForm::Works,    Quit},
+    {CommandOk,              Everywhere,     InForm::Works,    QuitFiltered},
+    {CommandBeep,            Everywhere,     InForm::Works,    Refuse},
+};
+// clang-format on
+
+} // namespace
+
+void DoCommand(int command) {
+    for (const CommandRow &row : Commands) {
+        if (row.Id != command)
+            continue;
+        if (state.ActiveDialog != NoDialog && row.Form != InForm::Works) {
+            if (row.Form == InForm::Explains)
+                ExplainModify();
+            else if (row.Form == InForm::Beeps)
+                Beep();
+        } else if (row.Screens >> state.CurrentScreen & 1) {
+            row.Do(command);
+        } else {
+            Beep();
+        }
+        return;
+    }
+}

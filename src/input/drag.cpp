@@ -1,0 +1,256 @@
+// What a press started and a move or a release ends: strokes, rows dragged to a new place or to a tab, column edges.
+#include "drawing/geometry.h"
+#include "frame/header.h"
+#include "frame/tabs.h"
+#include "input/input.h"
+#include "ledger/account_window.h"
+#include "ledger/moves.h"
+#include "platform/shell.h"
+#include "screens/list_screen.h"
+#include "screens/screens.h"
+#include "store/configuration.h"
+#include "store/operations.h"
+#include "store/windows.h"
+#include <cstring>
+
+namespace {
+
+constexpr int StrokeTravel = 25; // pixels; a stroke travels further
+
+// --- Column edges
+
+constexpr int LeastColumn = 30;
+
+void DragEdge(int x) {
+    const ListScreen *screen = ScreenOf(state.CurrentScreen);
+    int32_t *edge = state.ColumnEdge[state.CurrentScreen];
+    const int grabbed = state.ColumnGrab;
+    const int low = edge[grabbed - 1] + screen->GrabFloor, high = edge[grabbed + 1] - LeastColumn;
+    edge[grabbed] = x < low ? low : x > high ? high : x;
+    // Pushing on against a limit repaints nothing.
+    if (state.ColumnRepaintGate)
+        screen->Paint(ListWindow, PaintColumns | PaintRows);
+    state.ColumnRepaintGate = edge[grabbed] != low && edge[grabbed] != high;
+}
+
+// Writes the dragged edges into the account. An edge whose stored form already gives its pixel is left as it stands, so
+// that columns do not creep.
+void KeepAccountEdges() {
+    int32_t edge[5];
+    std::memcpy(edge, state.ColumnEdge[TransactionList], sizeof edge);
+    if (!LoadCurrentAccount())
+        return;
+    ARec account = state.CurAccount;
+    for (int i = 0; i < 5; ++i) {
+        const bool hidden = i == 1 && account.AccType == ListAccount;
+        if (!hidden && denormalise(account.ColumnPos[i]) != edge[i])
+            account.ColumnPos[i] = normalise(edge[i]);
+    }
+    state.CurrentScreen = AccountList;
+    ModRecFile(0, state.SelectedPos[AccountList], &account);
+    state.CurrentScreen = TransactionList;
+    LoadCurrentAccount();
+}
+
+void ReleaseEdge() {
+    const int screen = state.ColumnDragScreen;
+    state.ColumnDragScreen = 0;
+    state.ColumnGrab = 0;
+    state.ColumnRepaintGate = 1;
+    if (screen == TransactionList && state.CurrentScreen == TransactionList)
+        KeepAccountEdges();
+    ScreenOf(state.CurrentScreen)->Paint(ListWindow, PaintColumns | PaintRows | PaintTabs);
+}
+
+// --- The insertion line
+
+int BesideSource(int row) {
+    const int position = state.TopPos[state.CurrentScreen] + row - 1;
+    return position == state.DragSource || position == state.DragSource + 1;
+}
+
+void DrawLine(int oldRow, int newRow) {
+    if (!InList(state.DragSource) || oldRow == newRow)
+        return;
+    if (state.DropLineShown) {
+        // The line lies on both sides of the edge.
+        PaintRowAsItIs(state.TopPos[state.CurrentScreen] + oldRow - 2);
+        PaintRowAsItIs(state.TopPos[state.CurrentScreen] + oldRow - 1);
+        state.DropLineShown = 0;
+    }
+    if (newRow >= 1 && !BesideSource(newRow)) {
+        const int y = newRow == 1 ? 0 : (newRow - 1) * RowHeight - 1;
+        const Point line[] = {{0, y}, {RightEdge - 1, y}};
+        DrawPolyline(ListWindow, line, 2, DropLineRed, 2);
+        state.DropLineShown = 1;
+    }
+}
+
+void MoveLine(int place) {
+    const int row = place > 0 ? place : 0;
+    const bool away = state.TopPos[state.CurrentScreen] + row - 1 != state.DragSource;
+    if (!state.DropLineShown && !away)
+        return;
+    DrawLine(state.DropLineRow, row);
+    state.DropLineRow = row;
+}
+
+// --- Tabs
+
+const TabDrop *DropFor(const ListScreen &screen, int tab, int position) {
+    for (int i = 0; i < screen.DropCount; ++i)
+        if (screen.Drops[i].Tab == tab && screen.Drops[i].Accepts(position))
+            return &screen.Drops[i];
+    return nullptr;
+}
+
+void DropOnTab(const ListScreen &screen, int tab, int position) {
+    if (const TabDrop *drop = DropFor(screen, tab, position))
+        drop->Drop(position);
+}
+
+void CoolTab() {
+    if (state.DragOverTab == 0)
+        return;
+    state.DragOverTab = 0;
+    DrawTabs();
+}
+
+void HeatTab(const ListScreen &screen, int tab) {
+    const int hot = tab > 0 && DropFor(screen, tab, state.DragSource) ? tab : 0;
+    if (hot == state.DragOverTab)
+        return;
+    CoolTab();
+    if (hot == 0)
+        return;
+    state.DragOverTab = hot;
+    DrawTabs();
+}
+
+// --- Rows
+
+union AnyRow {
+    ARec Account;
+    TRec Transaction;
+    FRec Template;
+    CatRec Category;
+    CurRec Conversion;
+};
+
+int FetchRow(int list, int position, AnyRow *row) {
+    switch (list) {
+    case AccountList:
+        return FetchAccount(position, &row->Account);
+    case TransactionList:
+        return FetchTran(position, &row->Transaction);
+    case TemplateList:
+        return FetchFav(position, &row->Template);
+    case CategoryList:
+        return FetchCat(position, &row->Category);
+    case ConversionList:
+        return FetchCur(position, &row->Conversion);
+    default:
+        return 0;
+    }
+}
+
+// Puts a row before the one at `to`.
+void Reorder(const ListScreen &screen, int from, int to) {
+    const int list = screen.List;
+    const uint32_t account = list == TransactionList ? state.CurAccount.ID : 0;
+    AnyRow row;
+    if (FilterGivesWay() || !FetchRow(list, from, &row))
+        return;
+    if (to > state.EntryCount[list] + 1)
+        to = state.EntryCount[list] + 1;
+    const bool down = to > from;
+    if (!ShiftRecord(account, from, to, &row))
+        return;
+    state.CurrentScreen = list;
+    state.SelectedPos[list] = down ? to - 1 : to;
+    if (screen.Changed)
+        screen.Changed();
+    ReloadAndPaint(PaintCounts | PaintColumns | PaintRows);
+}
+
+void ReleaseOnRow(const ListScreen &screen, int row, int x) {
+    const int source = state.DragSource;
+    const int travel = x > state.PressX ? x - state.PressX : state.PressX - x;
+    state.DropTarget = state.TopPos[screen.List] + row - 1;
+    if (state.DropTarget != source)
+        MoveRow(source, state.DropTarget);
+    else if (travel > StrokeTravel && screen.Stroke)
+        screen.Stroke(source);
+}
+
+void ReleaseRow(const ListScreen &screen, int place, int x) {
+    if (place > 0)
+        ReleaseOnRow(screen, place, x);
+    else if (place < 0)
+        DropOnTab(screen, -place, state.DragSource);
+}
+
+} // namespace
+
+int AcceptInBin(int position) {
+    return InList(position);
+}
+
+void BinRow(int position) {
+    const int screen = state.CurrentScreen;
+    if (FilterGivesWay())
+        return;
+    if (!DeleteRecMem(position)) {
+        Beep();
+        return;
+    }
+    state.CurrentScreen = screen;
+    const ListScreen *list = ScreenOf(screen);
+    if (list->Changed)
+        list->Changed();
+    ReloadAndPaint(PaintCounts | PaintRows | PaintTabs);
+    ShowHelp(0, 0, 233);
+}
+
+void MoveRow(int from, int to) {
+    const ListScreen *screen = ScreenOf(state.CurrentScreen);
+    if (InList(from) && to >= 1 && to != from && to != from + 1 && screen->CanReorder && screen->CanReorder())
+        Reorder(*screen, from, to);
+}
+
+void DropRow(int tab) {
+    if (const ListScreen *screen = ScreenOf(state.CurrentScreen))
+        DropOnTab(*screen, tab, state.SelectedPos[screen->List]);
+}
+
+void DoMouseMove(Window window, int x, int y) {
+    const ListScreen *screen = ScreenOf(state.CurrentScreen);
+    if (!screen || state.ActiveDialog != NoDialog)
+        return;
+    if (state.ColumnDragScreen == screen->List && state.ColumnGrab > 0) {
+        if (window == TopWindow)
+            DragEdge(x);
+        return;
+    }
+    if (state.DragSource < 1)
+        return;
+    const int place = LinePos(window, x, y);
+    if (screen->CanReorder && screen->CanReorder())
+        MoveLine(place);
+    HeatTab(*screen, place < 0 ? -place : 0);
+}
+
+void DoButtonUp(Window window, int x, int y) {
+    const ListScreen *screen = ScreenOf(state.CurrentScreen);
+    if (!screen || state.ActiveDialog != NoDialog)
+        return;
+    CoolTab();
+    if (state.ColumnDragScreen != 0)
+        ReleaseEdge();
+    if (state.DropLineShown)
+        DrawLine(state.DropLineRow, 0);
+    state.DropLineRow = 0;
+    if (state.DragSource > 0)
+        ReleaseRow(*screen, LinePos(window, x, y), x);
+    state.DragSource = 0;
+}

@@ -1,0 +1,187 @@
+// The hardware keys, and the keys that stand for taps and commands.
+#include "drawing/geometry.h"
+#include "frame/header.h"
+#include "input/input.h"
+#include "platform/shell.h"
+#include "resources/menus.h"
+#include "screens/list_screen.h"
+#include "screens/screens.h"
+#include "state/messages.h"
+#include "store/windows.h"
+
+namespace {
+
+// --- Up and Down on a list
+
+void ShowListHelp() {
+    ShowHelp(75, 58, 59, 0, 57, 61);
+}
+
+int SelectionShows() {
+    return RowShows(RowOfPosition(state.SelectedPos[state.CurrentScreen]));
+}
+
+void ShowWindowFrom(int32_t top) {
+    LoadWindow(top);
+    state.Paint[state.CurrentScreen](ListWindow, PaintCounts | PaintRows);
+}
+
+void CentreOnSelection() {
+    const int screen = state.CurrentScreen;
+    ShowWindowFrom(SetRecPosition(state.SelectedPos[screen], state.EntryCount[screen]));
+}
+
+void MoveUp() {
+    const int screen = state.CurrentScreen;
+    const int32_t selected = state.SelectedPos[screen];
+    ShowListHelp();
+    if (selected < 2)
+        return;
+    if (!SelectionShows()) {
+        CentreOnSelection();
+        return;
+    }
+    if (RowOfPosition(selected) > 1) {
+        SelectRow(selected - 1);
+        return;
+    }
+    SelectRow(selected - 1);
+    CentreOnSelection();
+}
+
+void MoveDown() {
+    const int screen = state.CurrentScreen;
+    const int32_t count = state.EntryCount[screen];
+    const int32_t limit = count + 2 > state.RowCount ? count + 2 : state.RowCount;
+    int32_t *selected = &state.SelectedPos[screen];
+    ShowListHelp();
+    if (*selected >= limit)
+        return;
+    if (*selected == 0) {
+        const bool first = screen != AccountList && screen != TransactionList && screen != CategoryList;
+        *selected = first || count < 1 ? 1 : count;
+        ShowWindowFrom(first ? 1 : 0);
+        return;
+    }
+    if (!SelectionShows()) {
+        CentreOnSelection();
+        return;
+    }
+    const bool lastRow = RowOfPosition(*selected) == state.RowCount;
+    SelectRow(*selected + 1);
+    if (lastRow)
+        ShowWindowFrom(state.TopPos[screen] + 1);
+}
+
+void MoveSelection(Key key) {
+    if (state.CurrentScreen == GraphList)
+        return;
+    if (key == Key::Up)
+        MoveUp();
+    else
+        MoveDown();
+}
+
+// --- The other keys
+
+void StepByKey(Key key) {
+    static constexpr HelpChoice Steps = {{{125, 72, 73, 0, 126, 76}}, {{125, 72, 74, 0, 126, 76}}, InArchiveView};
+    if (key == Key::Right)
+        DoRightArrow();
+    else
+        DoLeftArrow();
+    if (state.CurrentScreen <= GraphList)
+        ShowChoice(Steps);
+}
+
+void OpenSelected(Key) {
+    if (state.CurrentScreen == AccountList && InList(state.SelectedPos[AccountList]))
+        ShowEnteredAccount();
+    else if (state.CurrentScreen != GraphList)
+        DoButtonDblclk(ListWindow, EntryRow);
+}
+
+void ShowTab(Key key) {
+    const int tab = static_cast<int>(key) - static_cast<int>(Key::Tab1) + 1;
+    ShowTabPageOf(tab);
+    TapTab(tab);
+}
+
+// As if the stylus went across the selected row.
+void StrokeSelected(Key) {
+    const ListScreen *screen = ScreenOf(state.CurrentScreen);
+    const int32_t selected = state.SelectedPos[state.CurrentScreen];
+    if (!screen || !screen->Stroke || selected < 1)
+        return;
+    if (!SelectionShows())
+        CentreOnSelection();
+    screen->Stroke(selected);
+}
+
+// As if the stylus dragged the selected row to a tab, or over the row before or behind it.
+void DropSelected(Key key) {
+    DropRow(static_cast<int>(key) - static_cast<int>(Key::Drop1) + 1);
+}
+
+void MoveSelected(Key key) {
+    const int32_t selected = state.SelectedPos[state.CurrentScreen];
+    MoveRow(selected, key == Key::RowUp ? selected - 1 : selected + 2);
+}
+
+// As if the stylus tapped the middle of a column's title. A column without a width is not there.
+void TapTitle(Key key) {
+    constexpr int TitleY = (HeaderBottom + TitlesBottom) / 2;
+    const int column = static_cast<int>(key) - static_cast<int>(Key::Title1) + 1;
+    const int32_t *edge = state.ColumnEdge[state.CurrentScreen];
+    if (state.CurrentScreen != GraphList && edge[column] > edge[column - 1])
+        DoButtonDown(TopWindow, (edge[column - 1] + edge[column]) / 2, TitleY);
+}
+
+void TapHeader(Key) {
+    DoButtonDown(TopWindow, (TitleBox.Left + TitleBox.Right) / 2, HeaderBottom / 2);
+}
+
+// The cross quits when there is nothing left to close; the key never does. (A form hears the key itself.)
+void Leave(Key) {
+    if (state.HubState != 0 || state.HelpMode)
+        WndProc({.Kind = EventKind::Command, .Code = CommandCross});
+}
+
+struct KeyRow {
+    Key First, Last;
+    void (*Do)(Key key);
+    int Command; // when there is no action of its own
+};
+// clang-format off
+constexpr KeyRow Keys[] = {
+    {Key::Up,     Key::Down,   MoveSelection,  0},
+    {Key::Left,   Key::Right,  StepByKey,      0},
+    {Key::Enter,  Key::Enter,  OpenSelected,   0},
+    {Key::Tab1,   Key::Tab8,   ShowTab,        0},
+    {Key::Stroke, Key::Stroke, StrokeSelected, 0},
+    {Key::Drop1,  Key::Drop8,  DropSelected,   0},
+    {Key::RowUp,  Key::RowDown, MoveSelected,  0},
+    {Key::Title1, Key::Title4, TapTitle,       0},
+    {Key::Header, Key::Header, TapHeader,      0},
+    {Key::Escape, Key::Escape, Leave,          0},
+    {Key::Help,   Key::Help,   nullptr,        CommandLeftEye},
+    {Key::Delete, Key::Delete, nullptr,        CommandDeleteOne},
+    {Key::New,    Key::New,    nullptr,        CommandNew},
+    {Key::Modify, Key::Modify, nullptr,        CommandModify},
+    {Key::Tick,   Key::Tick,   nullptr,        CommandTick},
+};
+// clang-format on
+
+} // namespace
+
+void DoKeyDown(Key key) {
+    for (const KeyRow &row : Keys) {
+        if (key < row.First || key > row.Last)
+            continue;
+        if (row.Do)
+            row.Do(key);
+        else
+            WndProc({.Kind = EventKind::Command, .Code = row.Command});
+        return;
+    }
+}

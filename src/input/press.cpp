@@ -1,0 +1,223 @@
+// What a press of the stylus means: the header, the titles, the rows, the tabs.
+#include "drawing/geometry.h"
+#include "frame/command_bar.h"
+#include "frame/header.h"
+#include "frame/tabs.h"
+#include "input/input.h"
+#include "ledger/account_window.h"
+#include "screens/list_screen.h"
+#include "screens/screens.h"
+#include "state/error_log.h"
+#include "state/greys.h"
+
+namespace {
+
+// --- The tab strip
+
+constexpr int StripReach = 19; // pixels of the strip that answer a tap
+constexpr int SlotLeft = 3;
+constexpr int PageButtonPlace = -13;
+
+void TurnTabPage() {
+    state.TabPage = !state.TabPage;
+    ShowHelp(0, 0, state.TabPage ? 391 : 390, 0, 392);
+    DrawTabs();
+}
+
+// --- The header
+
+void ExplainSelectedNumber() {
+    ShowHelp(0, 207);
+}
+
+void ExplainEntryCount() {
+    ShowHelp(0, 208);
+}
+
+void StepByArrow(int forward) {
+    static constexpr HelpChoice Arrows = {{{71, 72, 73, 0, 75, 76}}, {{71, 72, 74, 0, 75, 76}}, InArchiveView};
+    if (state.CurrentScreen == AccountList) {
+        StepAccount(forward);
+        doAccounts(ListWindow, PaintCounts | PaintArrows | PaintTitle | PaintRows);
+    } else if (forward) {
+        DoRightArrow();
+    } else {
+        DoLeftArrow();
+    }
+    ShowChoice(Arrows);
+}
+
+void StepBack() {
+    StepByArrow(0);
+}
+
+void StepForward() {
+    StepByArrow(1);
+}
+
+void SwitchArchiveView() {
+    static constexpr HelpLines Archive = {{77, 78, 79, 89, 0, 80}}, Account = {{0, 0, 81, 80, 0, 0}};
+    state.ArchiveView = !state.ArchiveView;
+    ShowLines(state.ArchiveView ? Archive : Account);
+    const int screen = state.CurrentScreen;
+    state.ReconcileState = ReconcileStep::Idle;
+    LoadCurrentAccount();
+    if (state.CurAccount.RowKind != HeadingRow && state.CurAccount.ID > 0) {
+        LoadTranFile(state.SelectedPos[AccountList], 0);
+        state.SelectedPos[TransactionList] = state.EntryCount[TransactionList];
+    } else {
+        state.TranFileShown = 0; // the rows in memory are of the other view
+    }
+    state.CurrentScreen = screen;
+    SetGreys(screen);
+    state.Paint[screen](ListWindow, PaintCounts | PaintArrows | PaintTitle | PaintRows);
+}
+
+struct HeaderSpot {
+    int Left, Right; // x, both included
+    bool EveryList;  // also on the screens that belong to no account
+    void (*Tap)();
+};
+// clang-format off
+constexpr HeaderSpot HeaderSpots[] = {
+    {  0,  29, true,  ExplainSelectedNumber},
+    { 30,  59, false, StepBack},
+    { 60, 178, false, SwitchArchiveView},
+    {179, 210, false, StepForward},
+    {211, 239, true,  ExplainEntryCount},
+};
+// clang-format on
+
+int BelongsToAccount(int screen) {
+    return screen >= AccountList && screen <= GraphList;
+}
+
+void TapHeader(int x) {
+    for (const HeaderSpot &spot : HeaderSpots) {
+        if (x < spot.Left || x > spot.Right || !(spot.EveryList || BelongsToAccount(state.CurrentScreen)))
+            continue;
+        spot.Tap();
+        return;
+    }
+}
+
+// --- The column titles
+
+constexpr int GrabReach = 4; // pixels on each side of an edge that grab it
+
+// The edge under x, 0 for none. An edge at 0 belongs to a column that is not there.
+int EdgeAt(const ListScreen &screen, int x) {
+    for (int edge = 1; edge <= screen.Grabs; ++edge) {
+        const int at = state.ColumnEdge[screen.List][edge];
+        if (at > 0 && x >= at - GrabReach && x <= at + GrabReach)
+            return edge;
+    }
+    return 0;
+}
+
+void GrabEdge(int screen, int edge) {
+    state.ColumnGrab = edge;
+    state.ColumnDragScreen = screen;
+    state.ColumnRepaintGate = 1;
+    ShowHelp(0, 0, 90, 91);
+}
+
+void TapTitles(const ListScreen &screen, int x, int y) {
+    const int32_t *edge = state.ColumnEdge[screen.List];
+    for (int i = 0; i < screen.SpotCount; ++i) {
+        const TitleSpot &spot = screen.Spots[i];
+        if (x >= edge[spot.FromEdge] + spot.From && x <= edge[spot.ToEdge] + spot.To && y >= spot.Top) {
+            spot.Tap(x);
+            return;
+        }
+    }
+    if (const int grabbed = EdgeAt(screen, x))
+        GrabEdge(screen.List, grabbed);
+    else if (screen.ColumnsExplained)
+        ShowHelp(0, 0, 90, 91);
+}
+
+void PressTop(const ListScreen &screen, int x, int y) {
+    state.DragSource = 0;
+    state.DropLineRow = 0;
+    if (y < HeaderBottom + 1)
+        TapHeader(x);
+    else if (y < TitlesBottom)
+        TapTitles(screen, x, y);
+}
+
+// --- The rows
+
+void PressRow(const ListScreen &screen, int row) {
+    const int position = state.TopPos[screen.List] + row - 1;
+    SelectRow(position);
+    state.DragSource = position;
+    if (InList(position))
+        screen.ExplainRow(position);
+    else
+        ShowChoice(screen.BlankHelp);
+}
+
+void TurnEyes(Window window, int x, int y) {
+    if (state.MessageWindowOn)
+        UpdateEyes(window, x, y);
+    else
+        ShowEyes(ShutEye);
+}
+
+} // namespace
+
+int LinePos(Window window, int x, int y) {
+    if (window != ListWindow || x < 0 || x >= ScreenWidth || y < 0)
+        return 0;
+    const int strip = state.RowCount * RowHeight;
+    if (y < strip)
+        return state.CurrentScreen == GraphList ? 0 : y / RowHeight + 1;
+    if (y <= strip || y >= strip + StripReach)
+        return 0;
+    const int slot = (x - SlotLeft) / TabPitch + 1;
+    return slot <= SlotCount ? -TabInSlot(slot) : PageButtonPlace;
+}
+
+void ShowTabPageOf(int tab) {
+    if (SlotOfTab(tab) != 0)
+        return;
+    state.TabPage = !state.TabPage;
+    DrawTabs();
+}
+
+void TapTab(int tab) {
+    const ListScreen *screen = ScreenOf(tab);
+    if (!screen)
+        return;
+    ShowChoice(screen->TabHelp);
+    EnterScreen(tab);
+}
+
+void DoButtonDown(Window window, int x, int y) {
+    state.PressX = x;
+    state.PressY = y;
+    const ListScreen *screen = ScreenOf(state.CurrentScreen);
+    if (!screen) {
+        ReportError(In::DoButtonDown, Trouble::CaseError);
+        return;
+    }
+    if (state.ActiveDialog != NoDialog)
+        return;
+    TurnEyes(window, x, y);
+    state.DragSource = 0;
+    if (window == TopWindow) {
+        if (state.FrontPageDone)
+            PressTop(*screen, x, y);
+        return;
+    }
+    const int place = LinePos(window, x, y);
+    if (place > 0)
+        PressRow(*screen, place);
+    else if (place == PageButtonPlace)
+        TurnTabPage();
+    else if (place < 0)
+        TapTab(-place);
+    else if (screen->PressPlot && window == ListWindow)
+        screen->PressPlot(x, y);
+}

@@ -1,0 +1,69 @@
+// Every event finds its handler here.
+#include "frame/form.h"
+#include "frame/header.h"
+#include "input/input.h"
+#include "platform/surface.h"
+#include "resources/menus.h"
+#include "screens/list_screen.h"
+#include "screens/screens.h"
+#include "state/messages.h"
+
+namespace {
+
+void ShowLinesAgain() {
+    const int16_t *line = state.MessageLine;
+    ShowHelpMessage(state.MessageAlign, 1, line[0], line[1], line[2], line[3], line[4], line[5]);
+}
+
+// A paint request: some handlers paint themselves what a request would follow upon, and ask to have it passed over.
+void DoPaint() {
+    if (state.RepaintSkip > 0) {
+        --state.RepaintSkip;
+        return;
+    }
+    const int screen = state.CurrentScreen;
+    if (state.ActiveDialog == NoDialog && state.Paint[screen]) {
+        state.Paint[screen](ListWindow, PaintAll);
+        if (screen == AccountList || screen == RecurringList)
+            RecHLon(state.SelectedPos[screen], 1);
+    }
+    ShowLinesAgain();
+}
+
+} // namespace
+
+void WndProc(const Event &event) {
+    if (state.OpenedForm && HandleFormEvent(event))
+        return;
+    switch (event.Kind) {
+    case EventKind::PointerDown:
+        DoButtonDown(event.Where, event.X, event.Y);
+        return;
+    case EventKind::PointerMove:
+        DoMouseMove(event.Where, event.X, event.Y);
+        return;
+    case EventKind::PointerUp:
+        DoButtonUp(event.Where, event.X, event.Y);
+        return;
+    case EventKind::DoubleTap:
+        DoDoubleTap(event.Where, event.X, event.Y);
+        return;
+    case EventKind::Key:
+        DoKeyDown(static_cast<Key>(event.Code));
+        return;
+    case EventKind::Command:
+        DoCommand(event.Code);
+        return;
+    case EventKind::Control:
+        return;
+    case EventKind::Scroll:
+        DoScroll(static_cast<ScrollCode>(event.Code), event.Position);
+        return;
+    case EventKind::Paint:
+        DoPaint();
+        return;
+    case EventKind::Close:
+        DoCommand(CommandClose);
+        return;
+    }
+}

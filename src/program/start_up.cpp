@@ -1,0 +1,188 @@
+#include "program/start_up.h"
+#include "drawing/cells.h"
+#include "drawing/colour_model.h"
+#include "frame/command_bar.h"
+#include "frame/header.h"
+#include "frame/message_window.h"
+#include "frame/scroll.h"
+#include "ledger/account_window.h"
+#include "ledger/balance.h"
+#include "ledger/filter.h"
+#include "ledger/recurring.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/shell.h"
+#include "program/sample_data.h"
+#include "screens/screens.h"
+#include "state/greys.h"
+#include "state/messages.h"
+#include "state/state.h"
+#include "store/catalogue.h"
+#include "store/configuration.h"
+#include "store/windows.h"
+#include <span>
+
+namespace {
+
+// --- Before the windows
+
+void MakeDirectories() {
+    static constexpr const char *Paths[] = {"\\Program Files", "\\Program Files\\Zentrik", DataDirectory};
+    for (const char *path : Paths)
+        if (!DirectoryThere(path) && !MakeDirectory(path))
+            return; // whatever needs it reports for itself
+}
+
+void AskForNames() {
+    for (int day = 0; day < 7; ++day)
+        state.DayNames[day] = WeekdayName(day);
+    for (int month = 1; month <= 12; ++month)
+        state.MonthNames[month] = MonthName(month);
+    LoadTodaysDate(&state.SharedToday);
+}
+
+// --- The data
+
+void OpenMessageWindow() {
+    state.MessageWindowOn = state.HelpMode = 1;
+    state.RowCount = RowsAboveMessages;
+    state.LeftEye = state.RightEye = OpenEye;
+}
+
+// Enciphered data can't be read before a pass code is asked for, and they may not be touched.
+void RefuseEncipheredData() {
+    state.DataUsable = 0;
+    OpenMessageWindow();
+}
+
+int Missing(FileKind kind) {
+    char path[PathRoom];
+    DataPath(path, kind);
+    return !FileExists(path);
+}
+
+// A list behind the accounts, and whether its file was missing before a loader made it.
+struct FurtherList {
+    FileKind Kind;
+    int List;
+    int (*Load)(int32_t top);
+    int32_t Top;
+    bool HasSample;
+    int WasMissing;
+};
+
+// Reads every list. Nothing is written before all of them have shown that they can be read.
+int LoadLists(std::span<FurtherList> lists) {
+    for (FurtherList &list : lists)
+        list.WasMissing = Missing(list.Kind);
+    LoadAccFile(1);
+    for (const FurtherList &list : lists)
+        list.Load(list.Top);
+    LoadPalette();
+    return state.DataUsable == 1 && AcceptTranFile(state.SelectedPos[AccountList]);
+}
+
+void FillWithSamples(std::span<const FurtherList> lists, int firstRun) {
+    if (firstRun)
+        CreateSampleData(FileKind::Accounts);
+    for (const FurtherList &list : lists) {
+        if (!list.HasSample || state.EntryCount[list.List] > 0 || !(firstRun || list.WasMissing))
+            continue;
+        CreateSampleData(list.Kind);
+        list.Load(list.Top);
+    }
+    if (Missing(FileKind::Check))
+        CreateSampleData(FileKind::Check);
+}
+
+void SetPositions() {
+    state.SelectedPos[AccountList] = state.SelectedPos[RecurringList] = state.SelectedPos[BinList] = 1;
+    state.SelectedPos[TransactionList] = state.SelectedPos[TemplateList] = 0;
+    state.SelectedPos[CategoryList] = state.SelectedPos[ConversionList] = 0;
+}
+
+void FirstLoad() {
+    FurtherList lists[] = {
+        {FileKind::Recurring, RecurringList, LoadDDFile, 1, true, 0},
+        {FileKind::Templates, TemplateList, LoadFavFile, 0, true, 0},
+        {FileKind::Bin, BinList, LoadBinFile, 1, false, 0},
+        {FileKind::Categories, CategoryList, LoadCatFile, 0, false, 0},
+        {FileKind::Conversions, ConversionList, LoadCurFile, 0, true, 0},
+    };
+    SetPositions();
+    const int usable = LoadLists(lists);
+    state.FileAccessReady = 1;
+    const int firstRun = usable && state.EntryCount[AccountList] == 0;
+    if (usable) {
+        FillWithSamples(lists, firstRun);
+        CheckT1totals(0);
+    }
+    if (firstRun || !usable)
+        OpenMessageWindow();
+    SetPositions();
+    state.CurrentScreen = AccountList;
+    LoadAccFile(1);
+    LoadCurrentAccount();
+    if (state.CurAccount.RowKind != HeadingRow)
+        LoadTranFile(state.SelectedPos[AccountList], 0);
+    LoadAccFile(1);
+    state.SelectedPos[TransactionList] = 0;
+    MeasureYearColumn();
+}
+
+// --- The first screen
+
+void ShowFirstScreen() {
+    state.FrontPageDone = 1;
+    // A disk that refuses says so before anything is entered.
+    const bool writable = !state.DataUsable || StampLastChecked();
+    if (!writable)
+        OpenMessageWindow();
+    SetMenuBar();
+    if (state.DataUsable) {
+        CheckDDs();
+        DDFileCheck();
+    }
+    state.CurrentScreen = AccountList;
+    LoadAccFile(1);
+    SetGreys(AccountList);
+    PlaceListScrollBar();
+    doAccounts(ListWindow, PaintAll);
+    if (writable)
+        ShowHelpMessage(1, 1, 0, 2, 3, 0, 0, 0);
+    else
+        ShowHelpMessage(1, 1, 128, 0, 133, 0, 0, 0);
+}
+
+} // namespace
+
+// Nothing below may be reordered: later steps read what earlier ones set.
+int StartUp() {
+    if (!TakeInstanceLock())
+        return -1;
+    ResetState();
+    SetPaintProcedures();
+    MakeDirectories();
+    DefaultPalette();
+    AskForNames();
+    if (!CreateWindows())
+        return 0;
+    LoadHelp();
+    LoadConfFile();
+    UpdateBmap();
+    if (state.PasswordOn == 1)
+        RefuseEncipheredData();
+    FirstLoad();
+    ShowFirstScreen();
+    return 1;
+}
+
+void ShutDown(int keepFilters) {
+    if (state.DataUsable) {
+        if (!keepFilters)
+            ClearFilters();
+        StoreConfFile();
+    }
+    SyncFiles();
+    LeaveLoop();
+}

@@ -1,0 +1,57 @@
+#include "state/messages.h"
+#include "state/state.h"
+#include <cstring>
+#include <iterator>
+
+namespace {
+
+constexpr bool InOrder() {
+    for (size_t i = 1; i < std::size(Messages); ++i)
+        if (Messages[i].Id <= Messages[i - 1].Id)
+            return false;
+    return Messages[0].Id > 0 && std::end(Messages)[-1].Id == LastMessage;
+}
+static_assert(InOrder());
+
+// What is said in place of everything else while the data can't be used.
+constexpr int16_t WrongVersion[MessageLines] = {128, 0, 129, 133, 0, 4};
+constexpr int16_t Enciphered[MessageLines] = {128, 0, 486, 487, 488, 0};
+
+char16_t Slots[LastMessage + 1][MessageRoom];
+
+void WriteSlot(char16_t *slot, const char16_t *text) {
+    int length = 0;
+    for (; *text && length < MessageRoom - 1; ++text) {
+        slot[length++] = *text;
+        if (text[0] == '%' && text[1] == '%')
+            ++text;
+    }
+    slot[length] = 0;
+}
+
+} // namespace
+
+void LoadHelp() {
+    for (const Message &message : Messages)
+        WriteSlot(Slots[message.Id], message.Text);
+}
+
+const char16_t *MessageText(int id) {
+    return id > 0 && id <= LastMessage ? Slots[id] : u"";
+}
+
+void ShowHelpMessage(int align, int force, int line1, int line2, int line3, int line4, int line5, int line6) {
+    int16_t lines[MessageLines] = {static_cast<int16_t>(line1), static_cast<int16_t>(line2),
+                                   static_cast<int16_t>(line3), static_cast<int16_t>(line4),
+                                   static_cast<int16_t>(line5), static_cast<int16_t>(line6)};
+    if (!state.DataUsable) {
+        std::memcpy(lines, state.PasswordOn == 1 ? Enciphered : WrongVersion, sizeof lines);
+        align = 1;
+    }
+    const bool same = std::memcmp(lines, state.MessageLine, sizeof lines) == 0 && align == state.MessageAlign;
+    std::memcpy(state.MessageLine, lines, sizeof lines);
+    state.MessageAlign = static_cast<int16_t>(align);
+    // The ledger can speak before any screen exists.
+    if (state.HelpMode && state.Paint[0] && (force || !same))
+        state.Paint[0](NoWindow, 0);
+}

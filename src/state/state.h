@@ -1,0 +1,208 @@
+// The central state: the only mutable global of the program. One structure that lives for the whole run, grouped by
+// the subsystem that owns each word. Positions in files and lists count from 1, and 0 means none.
+//
+// Always true between two events: no data file is open; the windows of rows are what the files hold; CurrentScreen
+// is the list that the store operations work on, and code that writes into another list sets it and sets it back.
+#pragma once
+
+#include "platform/event.h"
+#include "platform/surface.h"
+#include "records/records.h"
+#include "resources/menus.h"
+#include "resources/messages.h"
+#include <cstdint>
+
+inline constexpr int MostRows = 12;         // rows of a list window without the message window
+inline constexpr int RowsAboveMessages = 7; // rows with it
+inline constexpr int MessageLines = 6;
+inline constexpr int ScreenCount = 8;
+inline constexpr int RunBytes = 256 * 1064; // one run of records, of the widest kind
+inline constexpr int MostCandidates = 20;   // of the reconcile search: 2^20 subsets are still instant
+inline constexpr int32_t NoKey = 2000000;   // CurrentKey when nothing is enciphered
+
+// What owns input: a form, an overlay, or nothing. The numbers stand in the tables of forms and greys.
+enum Dialog : int {
+    ClosingDialog = -1,
+    NoDialog = 0,
+    NewAccountDialog = 1,
+    TransactionDialog = 2,
+    RecurringDialog = 4,
+    TemplateDialog = 5,
+    ConversionDialog = 8,
+    NotepadDialog = 10,
+    ConfigurationDialog = 12,
+    AccountDialog = 13,
+    ImportDialog = 14,
+    ExportDialog = 15,
+    BackupDialog = 16,
+    RestoreDialog = 17,
+    CategoryDialog = 19,
+    PaletteDialog = 20,
+    PassCodeDialog = 22,
+    ArchiveDialog = 23,
+    UnarchiveDialog = 24,
+};
+
+// What must come after the present event; the start-up floor reads it.
+enum class NextStep : uint8_t {
+    None,
+    LoadData,
+    Leave,
+    LeaveFiltered, // the filters stay
+    Left,          // nothing is heard any more
+};
+
+enum class ReconcileStep : int32_t { Idle, Impossible, Solved, Computing };
+
+struct Candidate {    // of the reconcile search
+    int32_t Position; // row
+    FixedAmount Sum;  // what the row would add to the cleared balance
+    uint32_t WasCleared, Selected;
+};
+
+union WorkingRow { // by the form that is open
+    ARec Account;
+    TRec Tran;
+    DDRec Recurring;
+    FRec Template;
+    CatRec Category;
+    CurRec Conversion;
+};
+inline constexpr int ShownFields = 32, ShownRoom = 40;
+
+inline constexpr int EveryBand = 1023; // the mask that means everything to a paint procedure
+using PaintProcedure = void (*)(Window window, int mask);
+
+struct State {
+    // Core
+    int32_t CurrentScreen;  // a List: the screen shown, and the list that the store works on
+    int32_t PreviousScreen; // the screen before the present one
+    int32_t ActiveDialog;   // a Dialog
+    NextStep Next;
+    uint32_t DataUsable;                   // 0 after WrongVersion: nothing is read or written any more
+    uint32_t FileAccessReady;              // 1 once FirstLoad has run
+    uint32_t FrontPageDone;                // 1 once the first screen may be used
+    uint32_t LastWriteResult;              // of the last write of a record
+    RecDate SharedToday;                   // start-up date, refreshed by CheckDDs; the jeopardy test compares with it
+    const char16_t *DayNames[7];           // [0] Sunday
+    const char16_t *MonthNames[13];        // [1] January, short
+    PaintProcedure Paint[ScreenCount + 1]; // by screen; [0] the message window
+    int32_t RepaintSkip;                   // paint requests still to swallow
+
+    // Configuration record
+    uint32_t ShowFrontPage;
+    uint32_t NewUserFields; // 1: new entries open in the Advanced view
+    int32_t CheckAheadDays;
+    int32_t MovieSpeed, PercentLink;
+    uint32_t ConfSpare;
+    uint32_t PasswordOn;
+    int32_t CurrentKey; // NoKey: nothing is enciphered
+    // Pixel positions of the column dividers; [0] is 0 and the last is 226.
+    int32_t ColumnEdge[ScreenCount + 1][5];
+    // The stored dividers as read, and the pixels they gave: an edge nobody dragged is written back as it was read.
+    uint32_t StoredColumn[ScreenCount + 1][5];
+    int32_t LoadedEdge[ScreenCount + 1][5];
+
+    // Windows of rows; row arrays count from 1
+    int32_t EntryCount[ScreenCount + 1];
+    int32_t TopPos[ScreenCount + 1];
+    int32_t SelectedPos[ScreenCount + 1];
+    int32_t RowCount; // 12, or 7 with the message window open
+    ARec AccRows[MostRows + 1];
+    TranRow TranRows[MostRows + 1];
+    DDRec DDRows[MostRows + 1];
+    FRec FavRows[MostRows + 1];
+    BinRec BinRows[MostRows + 1];
+    CatRec CatRows[MostRows + 1];
+    CurRec CurRows[MostRows + 1];
+    ARec CurAccount;
+    int32_t AccountKind;    // AccType of the current account
+    uint32_t TranFileShown; // ID of the account whose rows TranRows holds, 0 none
+
+    // Store
+    uint32_t ArchiveView;  // 1: kind 2 means the archive files
+    uint32_t IgnoreFilter; // 1: kind 2 means the plain file, opened only if it exists
+    uint32_t FilterView;   // 1 while a filter file is shown
+    uint32_t FilterShown;  // last result of LoadTranFile
+    alignas(8) uint8_t RunBuffer[RunBytes];
+
+    // Ledger
+    uint32_t RecurringInOrder; // last result of DDFileCheck
+    uint32_t FoundDayNumber;   // of the row that CpDates stopped at
+    int32_t LastMultiplier;    // that CalcBalance applied last
+    ReconcileStep ReconcileState;
+    int32_t CandidateCount, SelectedCount;
+    FixedAmount CurrentCleared, TargetBalance, Discrepancy;
+    Candidate Candidates[MostCandidates];
+    int32_t RangeStart, RangeFinish;             // of a deletion in two steps, 0 not chosen
+    int32_t RangeStartScreen, RangeFinishScreen; // List, or 10 + account position for transactions
+    int32_t ArchiveProgress;                     // 0 to 100
+    uint32_t Restructuring;                      // 1 once the merge of an archive has begun to move rows
+
+    // Screens
+    uint32_t MessageWindowOn, HelpMode;
+    uint32_t ReconciledView; // balances shown are the cleared ones
+    uint32_t RefColumn;      // the title column shows the second text
+    int32_t DrawDepth;       // 3: three-dimensional; nothing changes it
+    int32_t TabPage;         // 0 main set, 1 secondary set
+    int32_t YearColumn;      // x of the year in a date cell, measured at start-up
+    int32_t HighlightPos;    // position drawn as selected, 0 none
+    int32_t ScrollBarShown;
+    int32_t LeftEye, RightEye;         // images of the command bar's eyes, 1 to 10
+    int16_t MessageLine[MessageLines]; // the current message: ids, 0 blank, below 0 a line of the import report
+    int16_t MessageAlign;              // 1 centred, 0 left
+    uint8_t ItemEnabled[MenuRows];     // by row of the menu table
+
+    // Gestures
+    int32_t PressX, PressY; // last press, in the window that got it
+    int32_t DragSource;     // position held, 0 none
+    int32_t DropTarget;     // position under the release
+    int32_t DragOverTab;    // tab drawn hot, 0 none
+    int32_t DropLineRow;    // row whose top edge carries the insertion line, 0 none
+    uint32_t DropLineShown;
+    int32_t ColumnDragScreen; // screen whose column edge is held, 0 none
+    int32_t ColumnGrab;       // index of the held edge
+    uint32_t ColumnRepaintGate;
+
+    // Graph
+    int32_t GraphMode; // 0 none yet, 1 graph, 2 regression, 3 extrapolation, 4 bars, 5 pies
+    int32_t GraphScale;
+    uint32_t BalanceView;    // 1: the Balance column is plotted, 0: the value column
+    uint32_t BackToGraph;    // a form opened from the graph leads back to it
+    uint32_t GraphDecrement; // extrapolation: a tap on the box counts down
+
+    // Hub
+    int32_t HubState; // 0 closed, 1 hub, 2 calculator
+
+    // Palette: entries count from 1; entry i + 60 is i moved in hue
+    Colour Palette[125];
+    Colour CategoryColour; // of CategoryBrush, set for each category row
+
+    // Report of the last import, shown by the message ids -1 to -6. ORDER REPORTLINE: well formed, badly formed,
+    // skipped as requested, unreadable, file too big, and the number of entries that the file held
+    int32_t ImportCount[MessageLines];
+    uint32_t ImportSucceeded;
+
+    // Forms: shared by all
+    const struct Form *OpenedForm;  // of frame/form.h, null for none
+    int32_t FormFlag;               // 0 to 3
+    uint32_t FirstSign, SecondSign; // 1 plus
+    uint32_t FormCleared, FormNoCash;
+    uint32_t DuplicateOn;    // the entry shown will be saved as a new one
+    uint32_t ViewIsAdvanced; // of the transaction form
+    uint32_t Reversed;       // of the conversion form: the rate shown is that of the other direction
+    WorkingRow FormRow;      // the working copy of the row that the form is for
+    RecDate DuplicateDate;   // to return to when the duplicate is dropped
+    // ID of the partner account. Filling a new entry clears it, a template or a switch of view sets it; filling an
+    // existing entry leaves it alone, so that it may hold what the last form left: this is deliberate.
+    uint32_t FormTransfer;
+    int32_t BlockIndex;                         // of a recurring item: 0 first, 1 subsequent
+    int32_t ListedCategories;                   // rows of the category list that stand for their positions
+    char16_t ShownText[ShownFields][ShownRoom]; // by control id: what a field held when it was filled
+    RecDate ShownDate;                          // the same of the date field
+};
+
+extern State state;
+
+// Zeroes the block and sets the defaults of a fresh start.
+void ResetState();
