@@ -13,6 +13,7 @@
 #include "platform/shell.h"
 #include "resources/menus.h"
 #include "screens/list_screen.h"
+#include "screens/opening.h"
 #include "screens/screens.h"
 #include "state/greys.h"
 #include "store/configuration.h"

@@ -9,12 +9,8 @@ void WndProc(const Event &event);
 void DoButtonDown(Window window, int x, int y);
 void DoMouseMove(Window window, int x, int y);
 void DoButtonUp(Window window, int x, int y);
-// Opens what is selected; `entryKind` is the RowKind of a new row. 1 when something opened.
-int DoButtonDblclk(Window window, int entryKind);
 // The host's double tap: a row opens, anything else takes it as a press.
 void DoDoubleTap(Window window, int x, int y);
-// From the account list to the selected account's transactions, with the lines that say so.
-void ShowEnteredAccount();
 void DoKeyDown(Key key);
 void DoCommand(int command);
 void DoScroll(ScrollCode code, int position);

@@ -5,6 +5,7 @@
 #include "platform/shell.h"
 #include "resources/menus.h"
 #include "screens/list_screen.h"
+#include "screens/opening.h"
 #include "screens/screens.h"
 #include "state/messages.h"
 #include "store/windows.h"

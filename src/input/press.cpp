@@ -6,6 +6,7 @@
 #include "input/input.h"
 #include "ledger/account_window.h"
 #include "screens/list_screen.h"
+#include "screens/opening.h"
 #include "screens/screens.h"
 #include "state/error_log.h"
 #include "state/greys.h"
@@ -220,4 +221,21 @@ void DoButtonDown(Window window, int x, int y) {
         TapTab(-place);
     else if (screen->PressPlot && window == ListWindow)
         screen->PressPlot(x, y);
+}
+
+void DoDoubleTap(Window window, int x, int y) {
+    if (!state.DataUsable || !state.FrontPageDone || state.ActiveDialog != NoDialog)
+        return;
+    const int place = window == TopWindow ? 0 : LinePos(ListWindow, state.PressX, state.PressY);
+    // Only a row knows a double tap; anywhere else it is a second press.
+    if (place < 1 || state.CurrentScreen == GraphList) {
+        DoButtonDown(window, x, y);
+        return;
+    }
+    state.DragSource = 0;
+    if (state.CurrentScreen == AccountList && InList(state.SelectedPos[AccountList])) {
+        ShowEnteredAccount();
+        return;
+    }
+    DoButtonDblclk(window, EntryRow);
 }

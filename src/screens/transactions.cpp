@@ -1,7 +1,6 @@
 // Screen 2: the transactions of the current account, live or archived.
 #include "drawing/colour_model.h"
 #include "frame/header.h"
-#include "input/input.h"
 #include "ledger/account_window.h"
 #include "ledger/balance.h"
 #include "ledger/filter.h"
@@ -13,6 +12,7 @@
 #include "platform/text.h"
 #include "screens/list_screen.h"
 #include "screens/measure.h"
+#include "screens/opening.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
 #include "state/error_log.h"

@@ -1,6 +1,5 @@
-// A double tap opens what lies under the stylus; New, Modify, Enter and some strokes come here too.
+#include "screens/opening.h"
 #include "forms/forms.h"
-#include "input/input.h"
 #include "ledger/account_window.h"
 #include "screens/list_screen.h"
 #include "screens/screens.h"
@@ -67,23 +66,6 @@ int DoButtonDblclk(Window window, int entryKind) {
         state.CurrentScreen = GraphList;
     state.BackToGraph = 0;
     return 0;
-}
-
-void DoDoubleTap(Window window, int x, int y) {
-    if (!state.DataUsable || !state.FrontPageDone || state.ActiveDialog != NoDialog)
-        return;
-    const int place = window == TopWindow ? 0 : LinePos(ListWindow, state.PressX, state.PressY);
-    // Only a row knows a double tap; anywhere else it is a second press.
-    if (place < 1 || state.CurrentScreen == GraphList) {
-        DoButtonDown(window, x, y);
-        return;
-    }
-    state.DragSource = 0;
-    if (state.CurrentScreen == AccountList && InList(state.SelectedPos[AccountList])) {
-        ShowEnteredAccount();
-        return;
-    }
-    DoButtonDblclk(window, EntryRow);
 }
 
 void ShowEnteredAccount() {
