@@ -7,6 +7,7 @@
 
 #include "platform/event.h"
 #include "platform/surface.h"
+#include "records/place.h"
 #include "records/records.h"
 #include "resources/menus.h"
 #include "resources/messages.h"
@@ -60,6 +61,19 @@ struct Candidate {    // of the reconcile search
     uint32_t WasCleared, Selected;
 };
 
+struct NewEntry { // that waits to be placed by its date
+    uint32_t Account;
+    uint32_t Order; // in which it came
+    TRec Row;
+};
+inline constexpr int MostNewEntries = 5000; // the most that an import takes
+
+struct KnownAccount {
+    uint32_t ID, AccType;
+    int32_t Position;
+};
+inline constexpr int MostKnownAccounts = 4096;
+
 union WorkingRow { // by the form that is open
     ARec Account;
     TRec Tran;
@@ -80,9 +94,7 @@ struct State {
     int32_t ActiveDialog;   // a Dialog
     NextStep Next;
     uint32_t DataUsable;                   // 0 after WrongVersion: nothing is read or written any more
-    uint32_t FileAccessReady;              // 1 once FirstLoad has run
     uint32_t FrontPageDone;                // 1 once the first screen may be used
-    uint32_t LastWriteResult;              // of the last write of a record
     RecDate SharedToday;                   // start-up date, refreshed by CheckDDs; the jeopardy test compares with it
     const char16_t *DayNames[7];           // [0] Sunday
     const char16_t *MonthNames[13];        // [1] January, short
@@ -115,29 +127,34 @@ struct State {
     BinRec BinRows[MostRows + 1];
     CatRec CatRows[MostRows + 1];
     CurRec CurRows[MostRows + 1];
+    // The accounts' names beside the rows of the bin and of the recurring items
+    char16_t BinOwnerNames[MostRows + 1][TextRoom], DDAccountNames[MostRows + 1][TextRoom];
+    uint8_t AccFiltered[MostRows + 1]; // 1 beside an account of which a filter hides rows
     ARec CurAccount;
     int32_t AccountKind;    // AccType of the current account
     uint32_t TranFileShown; // ID of the account whose rows TranRows holds, 0 none
 
     // Store
-    uint32_t ArchiveView;  // 1: kind 2 means the archive files
-    uint32_t IgnoreFilter; // 1: kind 2 means the plain file, opened only if it exists
-    uint32_t FilterView;   // 1 while a filter file is shown
-    uint32_t FilterShown;  // last result of LoadTranFile
+    uint32_t ArchiveView; // 1: kind 2 means the archive files
+    uint32_t FilterView;  // 1 while a filter file is shown
+    uint32_t FilterShown; // last result of LoadTranFile
     alignas(8) uint8_t RunBuffer[RunBytes];
 
+    KnownAccount KnownAccounts[MostKnownAccounts]; // of one pass over many entries, by ID; see store/index.h
+    int32_t KnownAccountCount;
+
     // Ledger
+    NewEntry NewEntries[MostNewEntries];
+    int32_t NewEntryCount;
     uint32_t RecurringInOrder; // last result of DDFileCheck
-    uint32_t FoundDayNumber;   // of the row that CpDates stopped at
-    int32_t LastMultiplier;    // that CalcBalance applied last
     ReconcileStep ReconcileState;
     int32_t CandidateCount, SelectedCount;
     FixedAmount CurrentCleared, TargetBalance, Discrepancy;
     Candidate Candidates[MostCandidates];
-    int32_t RangeStart, RangeFinish;             // of a deletion in two steps, 0 not chosen
-    int32_t RangeStartScreen, RangeFinishScreen; // List, or 10 + account position for transactions
-    int32_t ArchiveProgress;                     // 0 to 100
-    uint32_t Restructuring;                      // 1 once the merge of an archive has begun to move rows
+    int32_t RangeStart, RangeFinish;         // of a deletion in two steps, 0 not chosen
+    Place RangeStartPlace, RangeFinishPlace; // NoList: not chosen
+    int32_t ArchiveProgress;                 // 0 to 100
+    uint32_t Restructuring;                  // 1 once the merge of an archive has begun to move rows
 
     // Screens
     uint32_t MessageWindowOn, HelpMode;
