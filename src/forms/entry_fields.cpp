@@ -137,7 +137,7 @@ In FormFunction() {
     }
 }
 
-int CashOffered() {
+bool CashOffered() {
     return state.ActiveDialog != TransactionDialog || IsShare(state.AccountKind);
 }
 
@@ -181,7 +181,7 @@ void FillUnits(int32_t units, uint32_t cash) {
     SetFieldText(MultiplierField, text);
 }
 
-int MultiplierIsCash() {
+bool MultiplierIsCash() {
     char16_t text[ShownRoom];
     GetControlText(MultiplierField, text, ShownRoom);
     return SameText(text, CashText);

@@ -21,7 +21,7 @@ constexpr Form FormOf(int dialog) {
             .WithPanel = 0,
             .Controls = &ProgressTemplate,
             .Parts = {},
-            .Help = {},
+            .FieldHelps = {},
             .Lists = {},
             .Fill = nullptr,
             .Tick = nullptr,

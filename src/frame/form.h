@@ -3,6 +3,7 @@
 #pragma once
 
 #include "resources/forms.h"
+#include "resources/help_lines.h"
 #include "state/state.h"
 #include <span>
 
@@ -54,19 +55,19 @@ enum DecorMask : int {
     DecorAll = 16383,
 };
 
-struct HelpRow {      // the help lines of a field or of a part
-    int16_t Id;       // FormField or FormItem; a row for an item goes before the lines common to all forms
-    int16_t Lines[6]; // ids of resources/messages.h
+struct FieldHelp { // the help lines of a field or of a part
+    int16_t Id;    // FormField or FormItem; a row for an item goes before the lines common to all forms
+    Help Lines;
 };
 
 struct FormPart {
-    int Item;                   // FormItem
-    Rect Box;                   // where it is painted; empty: it is not
-    Rect Hit;                   // where a tap finds it; empty: nowhere
-    const char16_t *Text;       // of a label
-    Align Side = Align::Right;  // of the label's text in its box
-    int Field = 0;              // field whose help lines a tap shows; 0: the item's own
-    int (*Present)() = nullptr; // null: always there
+    int Item;                    // FormItem
+    Rect Box;                    // where it is painted; empty: it is not
+    Rect Hit;                    // where a tap finds it; empty: nowhere
+    const char16_t *Text;        // of a label
+    Align Side = Align::Right;   // of the label's text in its box
+    int Field = 0;               // field whose help lines a tap shows; 0: the item's own
+    bool (*Present)() = nullptr; // null: always there
 };
 
 struct FieldList {
@@ -82,7 +83,7 @@ struct Form {
     int WithPanel; // 1: the input panel rises with the form
     const FormTemplate *Controls;
     std::span<const FormPart> Parts;
-    std::span<const HelpRow> Help;
+    std::span<const FieldHelp> FieldHelps;
     std::span<const FieldList> Lists;
     void (*Fill)(int initialise);        // 1: loads the working copy first; 0: shows it as it is
     int (*Tick)();                       // a TickResult; null: the form ends by itself
@@ -115,20 +116,20 @@ int DialogItemAtPos(int x, int y);
 int SipControl(int mode);
 
 // Forces help mode on and shows the lines: how a form refuses a tick.
-void RefuseTick(int line2, int line3 = 0);
+void RefuseTick(Help help);
 
 // Says that the data can't be written; what was entered stays in the form.
 void TellUnwritten();
 
-// 1 when the open form has the control.
-int FieldPresent(int field);
+// True when the open form has the control.
+bool FieldPresent(int field);
 // Sets a field's text, and remembers what the field then holds. A text longer than the field's limit is cut there.
 void SetFieldText(int field, const char16_t *text);
 // The same for a field with a list.
 void SelectFieldItem(int field, int index);
-// 1 when the owner has changed the field's text since: a value that nobody touched is kept whole, whatever of it fitted
+// True when the owner has changed the field's text since: a value that nobody touched is kept whole, whatever of it fitted
 // into the field.
-int FieldTouched(int field);
+bool FieldTouched(int field);
 void SetFieldDate(int field, const RecDate &date);
 // Into `date`, held within the valid dates; left alone when nobody touched it.
 void GetFieldDate(int field, RecDate *date);

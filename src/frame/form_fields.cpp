@@ -38,7 +38,7 @@ uint32_t WithinValid(uint32_t dayNumber) {
 
 } // namespace
 
-int FieldPresent(int field) {
+bool FieldPresent(int field) {
     return ControlOf(field) != nullptr;
 }
 
@@ -59,7 +59,7 @@ void SelectFieldItem(int field, int index) {
     GetControlText(field, ShownOf(field), ShownRoom);
 }
 
-int FieldTouched(int field) {
+bool FieldTouched(int field) {
     char16_t now[ShownRoom];
     GetControlText(field, now, ShownRoom);
     return !SameText(now, ShownOf(field));

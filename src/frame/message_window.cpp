@@ -116,9 +116,9 @@ void OpenMessages(int reload, int keepDialog) {
     if (state.ActiveDialog == NoDialog)
         PassOverRepaint();
     if (state.ActiveDialog == NewAccountDialog)
-        ShowHelpMessage(1, 1, 1, 115, 117, 4, 0, 0);
+        ForceHelp(Help::HelpModeInNewAccount);
     else
-        ShowHelpMessage(1, 1, 1, 2, 3, 0, 4, 0);
+        ForceHelp(Help::HelpMode);
     if (!state.HelpMode)
         PaintMessages(ListWindow, PaintAll); // opened for a report: nobody else paints the window
     ShowEyes(OpenEye);
@@ -165,8 +165,7 @@ void LeaveHelpOrHub(int button) {
         state.HubState = 0;
         if (!state.HelpMode)
             PaintScreen(PaintAll);
-        const int16_t *line = state.MessageLine;
-        ShowHelpMessage(state.MessageAlign, 1, line[0], line[1], line[2], line[3], line[4], line[5]);
+        RepeatHelp();
     } else if (state.HelpMode) {
         state.HelpMode = 0;
         state.MessageWindowOn = 1;

@@ -29,7 +29,7 @@ int ShapeLeft(int slot) {
     return slot * TabPitch - 35;
 }
 
-int NeedsAttention(int tab) {
+bool NeedsAttention(int tab) {
     if (tab == RecurringList)
         return !state.RecurringInOrder;
     const int entries = state.EntryCount[BinList];

@@ -64,7 +64,7 @@ void ReleaseEdge() {
 
 // --- The insertion line
 
-int BesideSource(int row) {
+bool BesideSource(int row) {
     const int position = state.TopPos[state.CurrentScreen] + row - 1;
     return position == state.DragSource || position == state.DragSource + 1;
 }
@@ -192,7 +192,7 @@ void ReleaseRow(const ListScreen &screen, int place, int x) {
 
 } // namespace
 
-int AcceptInBin(int position) {
+bool AcceptInBin(int position) {
     return InList(position);
 }
 
@@ -209,7 +209,7 @@ void BinRow(int position) {
     if (list->Changed)
         list->Changed();
     ReloadAndPaint(PaintCounts | PaintRows | PaintTabs);
-    ShowHelp(0, 0, 233);
+    ShowHelp(Help::Deleted);
 }
 
 void MoveRow(int from, int to) {

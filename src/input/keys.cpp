@@ -15,10 +15,10 @@ namespace {
 // --- Up and Down on a list
 
 void ShowListHelp() {
-    ShowHelp(75, 58, 59, 0, 57, 61);
+    ShowHelp(Help::UpAndDownKeys);
 }
 
-int SelectionShows() {
+bool SelectionShows() {
     return RowShows(RowOfPosition(state.SelectedPos[state.CurrentScreen]));
 }
 
@@ -86,7 +86,7 @@ void MoveSelection(Key key) {
 // --- The other keys
 
 void StepByKey(Key key) {
-    static constexpr HelpChoice Steps = {{{125, 72, 73, 0, 126, 76}}, {{125, 72, 74, 0, 126, 76}}, InArchiveView};
+    static constexpr HelpChoice Steps = {Help::AccountKeys, Help::ArchiveKeys, InArchiveView};
     if (key == Key::Right)
         DoRightArrow();
     else

@@ -41,7 +41,7 @@ void DoScroll(ScrollCode code, int position) {
     const int screen = state.CurrentScreen;
     if (state.ActiveDialog != NoDialog || screen == GraphList)
         return;
-    ShowHelp(57, 58, 59, 0, 75, 61);
+    ShowHelp(Help::ScrollBar);
     ShowEyes(OpenEye);
     int32_t top = TopAfter(code, position);
     if (top < 1)

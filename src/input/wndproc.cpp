@@ -10,11 +10,6 @@
 
 namespace {
 
-void ShowLinesAgain() {
-    const int16_t *line = state.MessageLine;
-    ShowHelpMessage(state.MessageAlign, 1, line[0], line[1], line[2], line[3], line[4], line[5]);
-}
-
 // A paint request: some handlers paint themselves what a request would follow upon, and ask to have it passed over.
 void DoPaint() {
     if (state.RepaintSkip > 0) {
@@ -27,7 +22,7 @@ void DoPaint() {
         if (screen == AccountList || screen == RecurringList)
             RecHLon(state.SelectedPos[screen], 1);
     }
-    ShowLinesAgain();
+    RepeatHelp();
 }
 
 } // namespace

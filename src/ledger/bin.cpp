@@ -102,11 +102,11 @@ void SelectionRefused() {
     state.RangeStart = state.RangeFinish = 0;
     state.RangeStartScreen = state.RangeFinishScreen = 0;
     Beep();
-    ShowHelp(0, 231, 0, 232);
+    ShowHelp(Help::SelectAgain);
 }
 
 // One of the two steps: stores the selected row, and deletes once both stand.
-int SelectRangeEnd(int32_t *position, int32_t *tag, const int32_t &otherTag, int askForOther) {
+int SelectRangeEnd(int32_t *position, int32_t *tag, const int32_t &otherTag, Help askForOther) {
     const int list = ListOfScreen();
     const int32_t selection = state.SelectedPos[list];
     if (selection < 1 || selection > state.EntryCount[list]) {
@@ -121,7 +121,7 @@ int SelectRangeEnd(int32_t *position, int32_t *tag, const int32_t &otherTag, int
     *position = selection;
     *tag = here;
     if (otherTag == 0) {
-        ShowHelp(0, askForOther, 0, 231, 0, state.ArchiveView ? 234 : 0);
+        ShowHelp(askForOther, state.ArchiveView ? AddedLine::BalanceMayChange : AddedLine::None);
         return 0;
     }
     if (state.RangeStart > state.RangeFinish) {
@@ -157,7 +157,7 @@ int DeleteRecRange(int32_t first, int32_t last) {
         CloseFile(handle);
         return 0;
     }
-    ShowHelp(0, 0, 233);
+    ShowHelp(Help::Deleted);
     if (list == TransactionList && first == 1) {
         CloseFile(handle);
         DeleteN(state.CurAccount.ID, last);
@@ -331,9 +331,9 @@ void EmptyBin() {
 }
 
 int SelectRangeStart() {
-    return SelectRangeEnd(&state.RangeStart, &state.RangeStartScreen, state.RangeFinishScreen, 230);
+    return SelectRangeEnd(&state.RangeStart, &state.RangeStartScreen, state.RangeFinishScreen, Help::SelectFinish);
 }
 
 int SelectRangeFinish() {
-    return SelectRangeEnd(&state.RangeFinish, &state.RangeFinishScreen, state.RangeStartScreen, 229);
+    return SelectRangeEnd(&state.RangeFinish, &state.RangeFinishScreen, state.RangeStartScreen, Help::SelectStart);
 }

@@ -21,7 +21,7 @@ int SelectedAccount(ARec *account) {
     if (state.ActiveDialog == NoDialog && FetchAccount(state.SelectedPos[AccountList], account))
         return 1;
     Beep();
-    ShowHelp(0, 308);
+    ShowHelp(Help::SelectEntryFirst);
     return 0;
 }
 
@@ -44,10 +44,10 @@ int JeopardyOn() {
         return 0;
     if (account.LowWatch) {
         account.HighWatch = 1;
-        ShowHelp(0, 294, 10, 0, 297, 298);
+        ShowHelp(Help::AllWatched);
     } else {
         account.LowWatch = 1;
-        ShowHelp(293, 10, 0, 295, 296, 10);
+        ShowHelp(Help::MinWatched);
     }
     StoreWatches(account);
     return 1;
@@ -58,7 +58,7 @@ int JeopardyOff() {
     if (!SelectedAccount(&account))
         return 0;
     account.LowWatch = account.HighWatch = 0;
-    ShowHelp(0, 292, 10);
+    ShowHelp(Help::NoneWatched);
     StoreWatches(account);
     return 1;
 }

@@ -88,7 +88,7 @@ int InsertTotalMarker() {
         position = state.EntryCount[AccountList] + 1;
     const int made = AddRecFile(0, position, &row, 0);
     if (made)
-        ShowHelp(240, 241, 0, 242, 0, 243);
+        ShowHelp(Help::TotalMarkerMade);
     LoadAccFile(state.TopPos[AccountList]);
     LoadCurrentAccount();
     return made;

@@ -55,7 +55,7 @@ void RefuseEncipheredData() {
     OpenMessageWindow();
 }
 
-int Missing(FileKind kind) {
+bool Missing(FileKind kind) {
     char path[PathRoom];
     DataPath(path, kind);
     return !FileExists(path);
@@ -149,9 +149,9 @@ void ShowFirstScreen() {
     PlaceListScrollBar();
     doAccounts(ListWindow, PaintAll);
     if (writable)
-        ShowHelpMessage(1, 1, 0, 2, 3, 0, 0, 0);
+        ForceHelp(Help::TapAnItem);
     else
-        ShowHelpMessage(1, 1, 128, 0, 133, 0, 0, 0);
+        ForceHelp(Help::NotWritable);
 }
 
 } // namespace

@@ -22,24 +22,24 @@ const BinRec &RowAt(int position) {
     return state.BinRows[RowOfPosition(position)];
 }
 
-int Expired(const BinRec &row) {
+bool Expired(const BinRec &row) {
     return row.SourceList == RecurringList && row.Remaining < 1;
 }
 
-int Marked(int position) {
+bool Marked(int position) {
     return RowShows(RowOfPosition(position)) && Expired(RowAt(position));
 }
 
-int InSecondBlock(const BinRec &row) {
+bool InSecondBlock(const BinRec &row) {
     return row.SourceList == RecurringList && row.FirstDone != 0;
 }
 
-int BelongsToAccount(const BinRec &row) {
+bool BelongsToAccount(const BinRec &row) {
     return row.SourceList == TransactionList || row.SourceList == RecurringList;
 }
 
 // The first units of the overflow text tell a lost account from any name.
-int AccountIsLost(const char16_t *name) {
+bool AccountIsLost(const char16_t *name) {
     return SameText(name, OverflowText, 6);
 }
 
@@ -109,10 +109,11 @@ void Explain(int position) {
     const BinRec &row = RowAt(position);
     // A lost account shows the overflow text, so that is what the second line is about.
     if (BelongsToAccount(row) && AccountIsLost(AccountIdToName(row.OwnerID))) {
-        ShowHelp(31, 112, 119, 118, 0, 226);
+        ShowHelp(Help::BinEntryOfLostAccount);
         return;
     }
-    ShowHelp(31, WholeMagnitude(ShownValue(row)) > LargestShown ? 112 : 86, 119, 118, 123, 124);
+    ShowHelp(Help::BinEntry,
+             WholeMagnitude(ShownValue(row)) > LargestShown ? AddedLine::ValueTooBig : AddedLine::CannotBeModified);
 }
 
 // --- Titles
@@ -129,7 +130,7 @@ void DrawColumns() {
 
 // --- Drops
 
-template <int List> int CameFrom(int position) {
+template <int List> bool CameFrom(int position) {
     return InList(position) && RowShows(RowOfPosition(position)) && RowAt(position).SourceList == List;
 }
 
@@ -143,7 +144,7 @@ void Restore(int position) {
     doBin(ListWindow, PaintCounts | PaintRows | PaintTabs);
 }
 
-int SoonTrimmed() {
+bool SoonTrimmed() {
     return state.EntryCount[BinList] > BinKeep;
 }
 
@@ -195,7 +196,7 @@ void doBin(Window window, int mask) {
 const ListScreen BinScreen = {
     .List = BinList,
     .Paint = doBin,
-    .TabHelp = {{{0, 24, 25, 26, 27, 0}}, {{24, 25, 26, 27, 0, 206}}, SoonTrimmed},
+    .TabHelp = {Help::BinTab, Help::FullBinTab, SoonTrimmed},
     .Arrives = Arrival::ShowEnd,
     .Selection = RowChosen::Last,
     .NeedsAccount = true,
@@ -203,7 +204,7 @@ const ListScreen BinScreen = {
     .ChecksTotals = false,
     .PaintRow = UpdateBinRec,
     .Marked = Marked,
-    .BlankHelp = {{{34, 0, 86, 0, 0, 0}}, {}, nullptr},
+    .BlankHelp = {Help::BlankBinEntry},
     .ExplainRow = Explain,
     .DrawTitle = DrawTitle,
     .DrawColumns = DrawColumns,

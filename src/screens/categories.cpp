@@ -11,12 +11,12 @@ constexpr int NameLeft = 50; // however narrow the colour column is
 
 // --- Rows
 
-int NeverMarked(int) {
-    return 0;
+bool NeverMarked(int) {
+    return false;
 }
 
 void Explain(int) {
-    ShowHelp(356, 0, 40, 41, 0, 357);
+    ShowHelp(Help::Category);
 }
 
 // --- Titles
@@ -35,11 +35,11 @@ void DrawColumns() {
 // Deliberately says "Deletion complete" although nothing is deleted.
 void Stroke(int position) {
     if (InList(position))
-        ShowHelp(0, 0, 233);
+        ShowHelp(Help::Deleted);
 }
 
-int CanReorder() {
-    return 1;
+bool CanReorder() {
+    return true;
 }
 
 constexpr TitleSpot Spots[] = {{1, 6, 0, ScreenWidth - 1, 16, ToggleRefColumn}};
@@ -69,7 +69,7 @@ void doCats(Window window, int mask) {
 const ListScreen CategoryScreen = {
     .List = CategoryList,
     .Paint = doCats,
-    .TabHelp = {{{351, 352, 0, 353, 354, 355}}, {}, nullptr},
+    .TabHelp = {Help::CategoryTab},
     .Arrives = Arrival::ShowEnd,
     .Selection = RowChosen::LastWhenNone,
     .NeedsAccount = false,
@@ -77,7 +77,7 @@ const ListScreen CategoryScreen = {
     .ChecksTotals = false,
     .PaintRow = UpdateCatRec,
     .Marked = NeverMarked,
-    .BlankHelp = {{{34, 0, 35, 47, 37, 0}}, {}, nullptr},
+    .BlankHelp = {Help::BlankEntry},
     .ExplainRow = Explain,
     .DrawTitle = DrawTitle,
     .DrawColumns = DrawColumns,

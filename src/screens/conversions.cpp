@@ -11,12 +11,12 @@ namespace {
 
 // --- Rows
 
-int NeverMarked(int) {
-    return 0;
+bool NeverMarked(int) {
+    return false;
 }
 
 void Explain(int) {
-    ShowHelp(341, 0, 40, 41, 42, 342);
+    ShowHelp(Help::Conversion);
 }
 
 // --- Titles
@@ -43,8 +43,8 @@ void Stroke(int position) {
     Explain(position);
 }
 
-int CanReorder() {
-    return 1;
+bool CanReorder() {
+    return true;
 }
 
 constexpr TitleSpot Spots[] = {{2, 6, 0, ScreenWidth - 1, 16, ToggleRefColumn}};
@@ -78,7 +78,7 @@ void doCons(Window window, int mask) {
 const ListScreen ConversionScreen = {
     .List = ConversionList,
     .Paint = doCons,
-    .TabHelp = {{{343, 344, 0, 345, 346, 347}}, {}, nullptr},
+    .TabHelp = {Help::ConversionTab},
     .Arrives = Arrival::ShowEnd,
     .Selection = RowChosen::LastWhenNone,
     .NeedsAccount = false,
@@ -86,7 +86,7 @@ const ListScreen ConversionScreen = {
     .ChecksTotals = false,
     .PaintRow = UpdateConRec,
     .Marked = NeverMarked,
-    .BlankHelp = {{{34, 0, 35, 47, 37, 0}}, {}, nullptr},
+    .BlankHelp = {Help::BlankEntry},
     .ExplainRow = Explain,
     .DrawTitle = DrawTitle,
     .DrawColumns = DrawColumns,

@@ -54,18 +54,11 @@ void SetPaintProcedures() {
             state.Paint[screen->List] = screen->Paint;
 }
 
-void ShowLines(const HelpLines &lines, int alert) {
-    int ids[MessageLines];
-    for (int i = 0; i < MessageLines; ++i)
-        ids[i] = lines.Line[i] == AlertLine ? alert : lines.Line[i];
-    ShowHelp(ids[0], ids[1], ids[2], ids[3], ids[4], ids[5]);
-}
-
 void ShowChoice(const HelpChoice &choice) {
-    ShowLines(choice.OtherHolds && choice.OtherHolds() ? choice.Other : choice.Usual);
+    ShowHelp(choice.OtherHolds && choice.OtherHolds() ? choice.Other : choice.Usual);
 }
 
-int InArchiveView() {
+bool InArchiveView() {
     return state.ArchiveView == 1;
 }
 
@@ -95,7 +88,7 @@ void RecHLon(int position, int refreshCounts) {
     state.HighlightPos = position;
     const ListScreen *screen = ScreenOf(state.CurrentScreen);
     if (screen && screen->PaintRow) {
-        const int marked = InList(position) && screen->Marked(position);
+        const bool marked = InList(position) && screen->Marked(position);
         screen->PaintRow(ListWindow, position, marked ? SelectedMarkedRow : SelectedRow);
         PaintSeparators(ListWindow);
     }
@@ -164,7 +157,8 @@ void PaintTitles(const ColumnTitle *titles, int count, int brush, int lastBrush)
 
 void ToggleRefColumn(int) {
     state.RefColumn = !state.RefColumn;
-    const int filter = state.CurrentScreen == TransactionList && state.FilterShown ? 462 : 0;
-    ShowHelp(0, state.RefColumn ? 464 : 465, 0, 80, 0, filter);
+    const bool filtered = state.CurrentScreen == TransactionList && state.FilterShown;
+    ShowHelp(state.RefColumn ? Help::ReferencesShown : Help::TitlesShown,
+             filtered ? AddedLine::Filtered : AddedLine::None);
     state.Paint[state.CurrentScreen](ListWindow, PaintColumns | PaintRows);
 }

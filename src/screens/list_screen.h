@@ -8,21 +8,14 @@
 #include "state/state.h"
 #include <cstdint>
 
-// Six lines of help. AlertLine stands for the line that a row adds when something is wrong with it, 0 when nothing is.
-inline constexpr int16_t AlertLine = -100;
-struct HelpLines {
-    int16_t Line[MessageLines];
-};
-void ShowLines(const HelpLines &lines, int alert = 0);
-
-// Which lines of two: the other ones while `OtherHolds` says 1; null: always the usual ones.
+// Which help lines of two: the other ones while `OtherHolds`; null: always the usual ones.
 struct HelpChoice {
-    HelpLines Usual, Other;
-    int (*OtherHolds)();
+    Help Usual = Help::None, Other = Help::None;
+    bool (*OtherHolds)() = nullptr;
 };
 void ShowChoice(const HelpChoice &choice);
 // Conditions that choices ask for.
-int InArchiveView();
+bool InArchiveView();
 
 // A column title: its text, and the one shown with state.RefColumn.
 struct ColumnTitle {
@@ -43,7 +36,7 @@ struct TitleSpot {
 // A tab that takes a row dragged to it.
 struct TabDrop {
     int Tab;
-    int (*Accepts)(int position);
+    bool (*Accepts)(int position);
     void (*Drop)(int position);
 };
 
@@ -65,7 +58,7 @@ struct ListScreen {
 
     // Rows
     void (*PaintRow)(Window window, int position, int mode);
-    int (*Marked)(int position); // asked for positions within the list
+    bool (*Marked)(int position); // asked for positions within the list
     HelpChoice BlankHelp;
     void (*ExplainRow)(int position);
 
@@ -81,7 +74,7 @@ struct ListScreen {
     // Gestures
     void (*PressPlot)(int x, int y); // where another screen has rows; null: nothing
     void (*Stroke)(int position);    // null: none; also asked for a position past the end
-    int (*CanReorder)();             // null: never
+    bool (*CanReorder)();            // null: never
     void (*Changed)();               // what is stale once a row has gone or moved; null: nothing
     const TabDrop *Drops;
     int DropCount;
@@ -93,7 +86,7 @@ const ListScreen *ScreenOf(int screen);
 extern const ListScreen AccountScreen, TransactionScreen, GraphScreen, RecurringScreen, TemplateScreen, BinScreen,
     CategoryScreen, ConversionScreen;
 
-inline int InList(int position) {
+inline bool InList(int position) {
     return position >= 1 && position <= state.EntryCount[state.CurrentScreen];
 }
 
@@ -124,7 +117,7 @@ void MoveRow(int from, int to);
 // Takes the selected row to a tab, where that tab accepts it.
 void DropRow(int tab);
 // Every row within a list may go to the bin.
-int AcceptInBin(int position);
+bool AcceptInBin(int position);
 // Switches filters off because a gesture would change what they show. 1 when one was shown in this list: the gesture
 // then ends.
 int FilterGivesWay();

@@ -69,7 +69,7 @@ int DoButtonDblclk(Window window, int entryKind) {
 }
 
 void ShowEnteredAccount() {
-    static constexpr HelpChoice Entered = {{{0, 122, 9, 10, 0, 0}}, {{0, 122, 9, 84, 0, 0}}, InArchiveView};
+    static constexpr HelpChoice Entered = {Help::BackToTransactions, Help::EnteredArchive, InArchiveView};
     DoRightArrow();
     SetGreys(state.CurrentScreen);
     ShowChoice(Entered);

@@ -12,7 +12,7 @@
 
 namespace {
 
-int CurrentIsHeading() {
+bool CurrentIsHeading() {
     return state.CurAccount.RowKind == HeadingRow;
 }
 

@@ -19,13 +19,13 @@ FixedAmount ShownValue(const FRec &row) {
     return row.Cash == 1 ? row.Value : TimesUnits(row.Units, row.Value);
 }
 
-int Marked(int position) {
+bool Marked(int position) {
     return RowShows(RowOfPosition(position)) && RowAt(position).Cleared == 1;
 }
 
 void ExplainTemplate(const FRec &row) {
-    const int alert = WholeMagnitude(ShownValue(row)) > LargestShown ? 112 : 0;
-    ShowHelp(113, alert, 40, 41, 42, row.Cleared == 1 ? 44 : 43);
+    ShowHelp(row.Cleared == 1 ? Help::ReconciledTemplate : Help::Template,
+             WholeMagnitude(ShownValue(row)) > LargestShown ? AddedLine::ValueTooBig : AddedLine::None);
 }
 
 void Explain(int position) {
@@ -57,8 +57,8 @@ void Stroke(int position) {
     ExplainTemplate(row);
 }
 
-int CanReorder() {
-    return 1;
+bool CanReorder() {
+    return true;
 }
 
 constexpr TitleSpot Spots[] = {{0, 1, 1, -6, 16, ToggleRefColumn}};
@@ -89,7 +89,7 @@ void doFavs(Window window, int mask) {
 const ListScreen TemplateScreen = {
     .List = TemplateList,
     .Paint = doFavs,
-    .TabHelp = {{{18, 19, 20, 21, 22, 23}}, {}, nullptr},
+    .TabHelp = {Help::TemplateTab},
     .Arrives = Arrival::ShowEnd,
     .Selection = RowChosen::LastWhenNone,
     .NeedsAccount = true,
@@ -97,7 +97,7 @@ const ListScreen TemplateScreen = {
     .ChecksTotals = false,
     .PaintRow = UpdateFRec,
     .Marked = Marked,
-    .BlankHelp = {{{34, 0, 35, 47, 37, 0}}, {}, nullptr},
+    .BlankHelp = {Help::BlankEntry},
     .ExplainRow = Explain,
     .DrawTitle = DrawTitle,
     .DrawColumns = DrawColumns,

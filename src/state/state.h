@@ -14,7 +14,6 @@
 
 inline constexpr int MostRows = 12;         // rows of a list window without the message window
 inline constexpr int RowsAboveMessages = 7; // rows with it
-inline constexpr int MessageLines = 6;
 inline constexpr int ScreenCount = 8;
 inline constexpr int RunBytes = 256 * 1064; // one run of records, of the widest kind
 inline constexpr int MostCandidates = 20;   // of the reconcile search: 2^20 subsets are still instant
