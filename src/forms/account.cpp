@@ -13,7 +13,6 @@
 
 namespace {
 
-constexpr int NumberRoom = 24;
 constexpr int32_t ProposedMin = 0, ProposedMax = 50000;
 
 // The rows of the type list, and what each stores. A share account begins with the value as its measure.

@@ -1,6 +1,7 @@
 // The form of a category. It shows the category between its neighbours, each in its colour.
 #include "drawing/colour_model.h"
 #include "drawing/colours.h"
+#include "drawing/palette.h"
 #include "forms/forms.h"
 #include "frame/form.h"
 #include "platform/clock.h"

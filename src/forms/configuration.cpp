@@ -9,7 +9,6 @@
 namespace {
 
 constexpr int32_t UsualLookAhead = 7, LongestListed = 31;
-constexpr int NumberRoom = 24;
 
 // clang-format off
 constexpr FormPart Parts[] = {

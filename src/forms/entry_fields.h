@@ -59,7 +59,7 @@ FixedAmount ReadAmount(FixedAmount shown);
 int32_t ReadUnits(int32_t shown);
 // What the category list's row stands for. `keepDeleted` 1 keeps an ID that no longer resolves, otherwise it gives 0.
 int64_t ReadCategory(int64_t shown, int keepDeleted);
-uint32_t ReadAccount(int field, uint32_t shown, int noneFirst);
+uint32_t ReadAccountField(int field, uint32_t shown, int noneFirst);
 // True when the multiplier field says "Cash".
 bool MultiplierIsCash();
 

@@ -14,7 +14,6 @@
 
 namespace {
 
-constexpr int NumberRoom = 24;
 constexpr char16_t ForEverText[] = u"For ever";
 constexpr const char16_t *UnitNames[] = {u"Day(s)", u"Week(s)", u"Month(s)", u"Year(s)"};
 constexpr int UnitCount = 4, MonthRow = 2;

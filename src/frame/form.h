@@ -2,6 +2,8 @@
 // form shows besides its real controls is painted by hand from a table of parts, and answers taps by the same table.
 #pragma once
 
+#include "frame/form_fields.h"
+#include "frame/form_parts.h"
 #include "resources/forms.h"
 #include "resources/help_lines.h"
 #include "state/state.h"
@@ -34,25 +36,6 @@ enum FormItem : int {
     ThirdChoiceItem = 56,
     TypeItem = 57, // of the account form, where it says "Jeopardy"
     ProgressItem = 58,
-};
-
-// Bits of the mask of DrawDialogDecor.
-enum DecorMask : int {
-    DecorGround = 1,
-    DecorFlag = 2,
-    DecorCounters = 4, // with the arrows
-    DecorDuplicate = 8,
-    DecorFirstSign = 16,
-    DecorSecondSign = 32,
-    DecorLabels = 64,
-    DecorCleared = 128,
-    DecorFree = 256,
-    DecorSelector = 512,
-    DecorEquals = 1024,
-    DecorPreview = 2048,
-    DecorPalette = 4096,
-    DecorView = 8192,
-    DecorAll = 16383,
 };
 
 struct FieldHelp { // the help lines of a field or of a part
@@ -107,11 +90,6 @@ void RebuildForm(const Form *form, int initialise);
 // the form's.
 int HandleFormEvent(const Event &event);
 
-// Paints the parts of the open form that the mask names. With DecorGround everything that lies under them first, down
-// to the message window.
-void DrawDialogDecor(int mask);
-// The FormItem under a point of DialogWindow, NoItem for none.
-int DialogItemAtPos(int x, int y);
 // Panel: mode 0 raises it, 2 lowers it: 1 when it changed; any other value is the preference for the next control: 0.
 int SipControl(int mode);
 
@@ -120,16 +98,3 @@ void RefuseTick(Help help);
 
 // Says that the data can't be written; what was entered stays in the form.
 void TellUnwritten();
-
-// True when the open form has the control.
-bool FieldPresent(int field);
-// Sets a field's text, and remembers what the field then holds. A text longer than the field's limit is cut there.
-void SetFieldText(int field, const char16_t *text);
-// The same for a field with a list.
-void SelectFieldItem(int field, int index);
-// True when the owner has changed the field's text since: a value that nobody touched is kept whole, whatever of it fitted
-// into the field.
-bool FieldTouched(int field);
-void SetFieldDate(int field, const RecDate &date);
-// Into `date`, held within the valid dates; left alone when nobody touched it.
-void GetFieldDate(int field, RecDate *date);

@@ -1,4 +1,4 @@
-// What the fields of the open form hold, and whether the owner changed it.
+#include "frame/form_fields.h"
 #include "frame/form.h"
 #include "platform/text.h"
 

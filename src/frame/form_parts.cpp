@@ -1,4 +1,3 @@
-// The parts of forms that are painted by hand: where they are, how they look, what a tap on them does.
 #include "frame/form_parts.h"
 #include "drawing/colours.h"
 #include "drawing/geometry.h"

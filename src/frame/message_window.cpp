@@ -89,7 +89,7 @@ void PaintLine(Window window, int id, int top) {
               state.MessageAlign ? Align::Centre : Align::Left, Font::Bold, HasExclamation(text) ? AlertRed : Black, 1);
 }
 
-void PaintScreen(int mask) {
+void PaintCurrentScreen(int mask) {
     const int screen = state.CurrentScreen;
     if (screen >= AccountList && screen <= ConversionList && state.Paint[screen])
         state.Paint[screen](ListWindow, mask);
@@ -100,7 +100,7 @@ void RelayList(int reload, int mask) {
     const int screen = state.CurrentScreen;
     if (reload && screen != GraphList && state.EntryCount[screen] > 0)
         ReloadList(screen, SetRecPosition(state.SelectedPos[screen], state.EntryCount[screen]));
-    PaintScreen(screen == GraphList ? PaintAll : mask);
+    PaintCurrentScreen(screen == GraphList ? PaintAll : mask);
 }
 
 void OpenMessages(int reload, int keepDialog) {
@@ -146,7 +146,7 @@ void PaintMessages(Window, int) {
         return;
     const Window window = MessageTarget();
     const int top = window == ListWindow ? MessageTop : MessageTopInForm;
-    FillRect(window, {0, top, ScreenWidth, WindowHeight}, White);
+    FillRect(window, {0, top, ScreenWidth, WindowBoxes[TopWindow].Bottom}, White);
     int lineTop = window == ListWindow ? top + ListLead : top;
     for (int i = 0; i < MessageLines; ++i, lineTop += MessageLineHeight)
         PaintLine(window, state.MessageLine[i], lineTop);
@@ -164,7 +164,7 @@ void LeaveHelpOrHub(int button) {
         ShowWindow(state.HubState == LargeHub ? HostWindow : HubWindow, 0);
         state.HubState = 0;
         if (!state.HelpMode)
-            PaintScreen(PaintAll);
+            PaintCurrentScreen(PaintAll);
         RepeatHelp();
     } else if (state.HelpMode) {
         state.HelpMode = 0;

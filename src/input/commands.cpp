@@ -1,8 +1,8 @@
-// The commands of the bar and its menus.
+#include "input/commands.h"
 #include "forms/forms.h"
+#include "forms/progress.h"
 #include "frame/header.h"
 #include "frame/message_window.h"
-#include "input/input.h"
 #include "ledger/account_window.h"
 #include "ledger/archive.h"
 #include "ledger/balance.h"
@@ -13,10 +13,10 @@
 #include "platform/shell.h"
 #include "resources/menus.h"
 #include "screens/list_screen.h"
+#include "screens/moving.h"
 #include "screens/opening.h"
 #include "screens/screens.h"
 #include "state/greys.h"
-#include "store/configuration.h"
 #include "store/operations.h"
 #include "store/windows.h"
 #include <cstring>
@@ -188,12 +188,12 @@ void ShowRemaining() {
     const ListScreen *list = ScreenOf(screen);
     if (list->Changed)
         list->Changed();
-    LoadWindow(state.TopPos[screen]);
+    LoadShownRows(state.TopPos[screen]);
     int32_t *selected = &state.SelectedPos[screen];
     const int32_t count = state.EntryCount[screen];
     if (*selected > count)
         *selected = count;
-    LoadWindow(SetRecPosition(*selected, count));
+    LoadShownRows(SetRecPosition(*selected, count));
     list->Paint(ListWindow, PaintAll);
 }
 

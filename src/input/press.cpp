@@ -1,13 +1,13 @@
-// What a press of the stylus means: the header, the titles, the rows, the tabs.
+#include "input/press.h"
 #include "drawing/geometry.h"
 #include "frame/command_bar.h"
 #include "frame/header.h"
 #include "frame/tabs.h"
-#include "input/input.h"
 #include "ledger/account_window.h"
 #include "screens/list_screen.h"
 #include "screens/opening.h"
 #include "screens/screens.h"
+#include "screens/switching.h"
 #include "state/error_log.h"
 #include "state/greys.h"
 
@@ -88,13 +88,13 @@ constexpr HeaderSpot HeaderSpots[] = {
 };
 // clang-format on
 
-bool BelongsToAccount(int screen) {
+bool ScreenBelongsToAccount(int screen) {
     return screen >= AccountList && screen <= GraphList;
 }
 
 void TapHeader(int x) {
     for (const HeaderSpot &spot : HeaderSpots) {
-        if (x < spot.Left || x > spot.Right || !(spot.EveryList || BelongsToAccount(state.CurrentScreen)))
+        if (x < spot.Left || x > spot.Right || !(spot.EveryList || ScreenBelongsToAccount(state.CurrentScreen)))
             continue;
         spot.Tap();
         return;

@@ -1,9 +1,7 @@
-// The scroll bar, the wheel, and the keys that scroll.
+#include "input/scrolling.h"
 #include "frame/command_bar.h"
 #include "frame/header.h"
-#include "input/input.h"
 #include "screens/list_screen.h"
-#include "screens/screens.h"
 #include "state/messages.h"
 
 namespace {
@@ -48,6 +46,6 @@ void DoScroll(ScrollCode code, int position) {
         top = 1;
     if (top == state.TopPos[screen])
         return;
-    LoadWindow(top);
+    LoadShownRows(top);
     state.Paint[screen](ListWindow, PaintRows);
 }

@@ -1,11 +1,14 @@
-// Every event finds its handler here.
+#include "input/wndproc.h"
 #include "frame/form.h"
 #include "frame/header.h"
-#include "input/input.h"
+#include "input/commands.h"
+#include "input/drag.h"
+#include "input/keys.h"
+#include "input/press.h"
+#include "input/scrolling.h"
 #include "platform/surface.h"
 #include "resources/menus.h"
 #include "screens/list_screen.h"
-#include "screens/screens.h"
 #include "state/messages.h"
 
 namespace {

@@ -4,10 +4,11 @@
 #include "ledger/markers.h"
 #include "ledger/moves.h"
 #include "resources/art.h"
+#include "resources/geometry.h"
 #include "screens/list_screen.h"
+#include "screens/moving.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
-#include "store/configuration.h"
 
 namespace {
 
@@ -81,10 +82,6 @@ void Stroke(int position) {
     LoadCurrentAccount();
 }
 
-bool CanReorder() {
-    return true;
-}
-
 void Changed() {
     LoadCurrentAccount();
 }
@@ -119,7 +116,7 @@ void UpdateARec(Window window, int position, int mode) {
 }
 
 void doAccounts(Window window, int mask) {
-    PaintScreen(AccountScreen, window, mask);
+    PaintListScreen(AccountScreen, window, mask);
 }
 
 // clang-format off
@@ -145,7 +142,7 @@ const ListScreen AccountScreen = {
     .ColumnsExplained = false,
     .PressPlot = nullptr,
     .Stroke = Stroke,
-    .CanReorder = CanReorder,
+    .CanReorder = AlwaysReorders,
     .Changed = Changed,
     .Drops = Drops,
     .DropCount = 1,

@@ -4,12 +4,13 @@
 #include "ledger/account_window.h"
 #include "ledger/recurring.h"
 #include "platform/text.h"
+#include "resources/geometry.h"
 #include "screens/list_screen.h"
+#include "screens/moving.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
 #include "state/error_log.h"
 #include "store/catalogue.h"
-#include "store/configuration.h"
 #include "store/index.h"
 #include "store/windows.h"
 #include "values/amounts.h"
@@ -140,7 +141,7 @@ void Restore(int position) {
     LoadCurrentAccount();
     DDFileCheck();
     state.CurrentScreen = BinList;
-    LoadWindow(state.TopPos[BinList]);
+    LoadShownRows(state.TopPos[BinList]);
     doBin(ListWindow, PaintCounts | PaintRows | PaintTabs);
 }
 
@@ -189,7 +190,7 @@ void UpdateBinRec(Window window, int position, int mode) {
 }
 
 void doBin(Window window, int mask) {
-    PaintScreen(BinScreen, window, mask | PaintCounts);
+    PaintListScreen(BinScreen, window, mask | PaintCounts);
 }
 
 // clang-format off

@@ -1,19 +1,16 @@
 // Screen 7: the categories, each in its colour.
 #include "frame/header.h"
+#include "resources/geometry.h"
 #include "screens/list_screen.h"
+#include "screens/moving.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
-#include "store/configuration.h"
 
 namespace {
 
 constexpr int NameLeft = 50; // however narrow the colour column is
 
 // --- Rows
-
-bool NeverMarked(int) {
-    return false;
-}
 
 void Explain(int) {
     ShowHelp(Help::Category);
@@ -38,10 +35,6 @@ void Stroke(int position) {
         ShowHelp(Help::Deleted);
 }
 
-bool CanReorder() {
-    return true;
-}
-
 constexpr TitleSpot Spots[] = {{1, 6, 0, ScreenWidth - 1, 16, ToggleRefColumn}};
 constexpr TabDrop Drops[] = {{BinList, AcceptInBin, BinRow}};
 
@@ -62,7 +55,7 @@ void UpdateCatRec(Window window, int position, int mode) {
 }
 
 void doCats(Window window, int mask) {
-    PaintScreen(CategoryScreen, window, mask);
+    PaintListScreen(CategoryScreen, window, mask);
 }
 
 // clang-format off
@@ -88,7 +81,7 @@ const ListScreen CategoryScreen = {
     .ColumnsExplained = true,
     .PressPlot = nullptr,
     .Stroke = Stroke,
-    .CanReorder = CanReorder,
+    .CanReorder = AlwaysReorders,
     .Changed = nullptr,
     .Drops = Drops,
     .DropCount = 1,

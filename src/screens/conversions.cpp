@@ -1,19 +1,16 @@
 // Screen 8: the conversions, each shown forward or reversed.
 #include "frame/header.h"
+#include "resources/geometry.h"
 #include "screens/list_screen.h"
+#include "screens/moving.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
-#include "store/configuration.h"
 #include "store/operations.h"
 #include "store/windows.h"
 
 namespace {
 
 // --- Rows
-
-bool NeverMarked(int) {
-    return false;
-}
 
 void Explain(int) {
     ShowHelp(Help::Conversion);
@@ -43,10 +40,6 @@ void Stroke(int position) {
     Explain(position);
 }
 
-bool CanReorder() {
-    return true;
-}
-
 constexpr TitleSpot Spots[] = {{2, 6, 0, ScreenWidth - 1, 16, ToggleRefColumn}};
 constexpr TabDrop Drops[] = {{BinList, AcceptInBin, BinRow}};
 
@@ -71,7 +64,7 @@ void UpdateConRec(Window window, int position, int mode) {
 }
 
 void doCons(Window window, int mask) {
-    PaintScreen(ConversionScreen, window, mask);
+    PaintListScreen(ConversionScreen, window, mask);
 }
 
 // clang-format off
@@ -97,7 +90,7 @@ const ListScreen ConversionScreen = {
     .ColumnsExplained = true,
     .PressPlot = nullptr,
     .Stroke = Stroke,
-    .CanReorder = CanReorder,
+    .CanReorder = AlwaysReorders,
     .Changed = nullptr,
     .Drops = Drops,
     .DropCount = 1,

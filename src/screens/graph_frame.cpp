@@ -4,12 +4,12 @@
 #include "frame/tabs.h"
 #include "ledger/account_window.h"
 #include "platform/shell.h"
+#include "resources/geometry.h"
 #include "screens/list_screen.h"
 #include "screens/measure.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
 #include "state/greys.h"
-#include "store/configuration.h"
 #include <iterator>
 
 namespace {
@@ -17,7 +17,7 @@ namespace {
 // ORDER GRAPHMODE, counted from 1; state.GraphMode 0 is none yet
 enum GraphModes : int { PlainGraph = 1, Regression, Extrapolation, BarChart, PieChart };
 
-constexpr int IconLeft = 3, IconPitch = 20, IconSize = 19, ModeIcons = 5, CountIcon = 6;
+constexpr int IconLeft = 3, IconPitch = 20, ModeIconSize = 19, ModeIcons = 5, CountIcon = 6;
 constexpr int ValueLeft = 124, BalanceLeft = 173;
 
 bool ChartShown() {
@@ -83,7 +83,7 @@ void DrawIcons() {
     for (int icon = 1; icon <= CountIcon; ++icon) {
         const int left = IconLeft + (icon - 1) * IconPitch;
         const bool active = icon == state.GraphMode || (icon == CountIcon && state.GraphMode == Extrapolation);
-        DrawCell(TopWindow, HeaderBottom, TitlesBottom - 2, left, left + IconSize, Pens,
+        DrawCell(TopWindow, HeaderBottom, TitlesBottom - 2, left, left + ModeIconSize, Pens,
                  active ? PressedGold : TitleBrush, icon == state.GraphMode ? PressedCell : RaisedCell);
         DrawGlyph(icon, left + 3, HeaderBottom + 4);
     }

@@ -5,9 +5,8 @@
 #include "frame/scroll.h"
 #include "frame/tabs.h"
 #include "ledger/account_window.h"
+#include "resources/geometry.h"
 #include "screens/rows.h"
-#include "screens/screens.h"
-#include "store/configuration.h"
 #include "store/windows.h"
 
 namespace {
@@ -62,7 +61,7 @@ bool InArchiveView() {
     return state.ArchiveView == 1;
 }
 
-void PaintScreen(const ListScreen &screen, Window window, int mask) {
+void PaintListScreen(const ListScreen &screen, Window window, int mask) {
     ShowListScrollBar(1);
     if (mask & PaintTitle)
         screen.DrawTitle();
@@ -119,14 +118,14 @@ void PaintRowAsItIs(int position) {
                      selected ? (marked ? SelectedMarkedRow : SelectedRow) : (marked ? MarkedRow : PlainRow));
 }
 
-void LoadWindow(int32_t top) {
+void LoadShownRows(int32_t top) {
     const int screen = state.CurrentScreen;
     ReloadList(screen, top);
     state.CurrentScreen = screen;
 }
 
 void ReloadAndPaint(int mask) {
-    LoadWindow(state.TopPos[state.CurrentScreen]);
+    LoadShownRows(state.TopPos[state.CurrentScreen]);
     if (state.Paint[state.CurrentScreen])
         state.Paint[state.CurrentScreen](ListWindow, mask);
 }

@@ -90,13 +90,27 @@ inline bool InList(int position) {
     return position >= 1 && position <= state.EntryCount[state.CurrentScreen];
 }
 
+// For a list that knows no marks, and for one whose rows can always be moved.
+inline bool NeverMarked(int) {
+    return false;
+}
+inline bool AlwaysReorders() {
+    return true;
+}
+
+// Fills state.Paint.
+void SetPaintProcedures();
+
 // The common order of a paint procedure: scroll bar, masked bands of the header, rows, selection, separators, tabs,
 // thumb.
-void PaintScreen(const ListScreen &screen, Window window, int mask);
+void PaintListScreen(const ListScreen &screen, Window window, int mask);
 // Loads the window of the current screen from `top` and keeps the screen.
-void LoadWindow(int32_t top);
+void LoadShownRows(int32_t top);
 // Loads the window again from its top, counts refreshed, then paints the bands.
 void ReloadAndPaint(int mask);
+// Moves the selection mark to a position, or away.
+void RecHLon(int position, int refreshCounts);
+void RecHLoff();
 // Paints the row of a position as it is: selected or not, marked or not.
 void PaintRowAsItIs(int position);
 // Changes the row under a tap or a key: selection, and on the account list the current account.
@@ -107,19 +121,3 @@ void SelectRow(int position);
 void PaintTitles(const ColumnTitle *titles, int count, int brush, int lastBrush);
 // A title spot that most screens share.
 void ToggleRefColumn(int x);
-
-// Removes a row of the current list to the bin (from the bin: for good) with what the list needs afterwards, and says
-// so. What the white tab and the menu's "this entry only" do.
-void BinRow(int position);
-// Puts a row of the current list before the one at `to`, where the list can be reordered. A place that changes nothing
-// does nothing.
-void MoveRow(int from, int to);
-// Takes the selected row to a tab, where that tab accepts it.
-void DropRow(int tab);
-// Every row within a list may go to the bin.
-bool AcceptInBin(int position);
-// Switches filters off because a gesture would change what they show. 1 when one was shown in this list: the gesture
-// then ends.
-int FilterGivesWay();
-// Makes the current account's balances right, in the archive view those of the live file first.
-void RecomputeBalances();

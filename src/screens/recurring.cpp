@@ -1,10 +1,11 @@
 // Screen 4: the recurring items of all accounts.
 #include "ledger/recurring.h"
 #include "frame/header.h"
+#include "resources/geometry.h"
 #include "screens/list_screen.h"
+#include "screens/moving.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
-#include "store/configuration.h"
 #include "store/index.h"
 
 namespace {
@@ -59,7 +60,7 @@ void Changed() {
     state.CurrentScreen = RecurringList;
 }
 
-bool NeedAttention() {
+bool NotInOrder() {
     return !state.RecurringInOrder;
 }
 
@@ -93,14 +94,14 @@ void UpdateDDRec(Window window, int position, int mode) {
 }
 
 void doDDs(Window window, int mask) {
-    PaintScreen(RecurringScreen, window, mask);
+    PaintListScreen(RecurringScreen, window, mask);
 }
 
 // clang-format off
 const ListScreen RecurringScreen = {
     .List = RecurringList,
     .Paint = doDDs,
-    .TabHelp = {Help::RecurringTab, Help::UntidyRecurringTab, NeedAttention},
+    .TabHelp = {Help::RecurringTab, Help::UntidyRecurringTab, NotInOrder},
     .Arrives = Arrival::KeepTop,
     .Selection = RowChosen::FirstWhenNone,
     .NeedsAccount = true,

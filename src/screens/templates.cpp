@@ -1,9 +1,9 @@
 // Screen 5: the templates.
 #include "frame/header.h"
 #include "screens/list_screen.h"
+#include "screens/moving.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
-#include "store/configuration.h"
 #include "store/operations.h"
 #include "store/windows.h"
 
@@ -57,10 +57,6 @@ void Stroke(int position) {
     ExplainTemplate(row);
 }
 
-bool CanReorder() {
-    return true;
-}
-
 constexpr TitleSpot Spots[] = {{0, 1, 1, -6, 16, ToggleRefColumn}};
 constexpr TabDrop Drops[] = {{BinList, AcceptInBin, BinRow}};
 
@@ -82,7 +78,7 @@ void UpdateFRec(Window window, int position, int mode) {
 }
 
 void doFavs(Window window, int mask) {
-    PaintScreen(TemplateScreen, window, mask);
+    PaintListScreen(TemplateScreen, window, mask);
 }
 
 // clang-format off
@@ -108,7 +104,7 @@ const ListScreen TemplateScreen = {
     .ColumnsExplained = true,
     .PressPlot = nullptr,
     .Stroke = Stroke,
-    .CanReorder = CanReorder,
+    .CanReorder = AlwaysReorders,
     .Changed = nullptr,
     .Drops = Drops,
     .DropCount = 1,

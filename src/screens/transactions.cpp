@@ -1,5 +1,6 @@
 // Screen 2: the transactions of the current account, live or archived.
-#include "drawing/colour_model.h"
+#include "screens/transactions.h"
+#include "drawing/palette.h"
 #include "frame/header.h"
 #include "ledger/account_window.h"
 #include "ledger/balance.h"
@@ -10,21 +11,22 @@
 #include "platform/clock.h"
 #include "platform/shell.h"
 #include "platform/text.h"
+#include "resources/geometry.h"
 #include "screens/list_screen.h"
 #include "screens/measure.h"
+#include "screens/moving.h"
 #include "screens/opening.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
 #include "state/error_log.h"
 #include "state/greys.h"
-#include "store/configuration.h"
 #include "store/index.h"
 #include "store/operations.h"
 #include "store/windows.h"
 
 namespace {
 
-const int32_t *Edge() {
+const int32_t *Dividers() {
     return state.ColumnEdge[TransactionList];
 }
 
@@ -100,7 +102,7 @@ RowBrushes BrushesOf(const TRec &row, int position, int mode, bool jeopardy) {
 }
 
 void PaintCells(const RowStrip &strip, const RowBrushes &brush) {
-    const int32_t *e = Edge();
+    const int32_t *e = Dividers();
     if (KindIsList()) {
         KeepingCell(strip, 1, e[2] - 2, brush.Title);
         TurningCell(strip, e[2] + 2, e[3] - 1, SilverBrush, PressedSilver);
@@ -161,7 +163,7 @@ void DrawColumns() {
     static constexpr ColumnTitle Titles[] = {{u"Date", u"Date"}, {u"", u""}, {u"", u""}, {u"Balance", u"Balance"}};
     PaintTitles(Titles, 4, state.FilterShown ? RedBrush : TitleBrush,
                 state.ReconciledView ? ReconciledBrush : TitleBrush);
-    const int32_t *e = Edge();
+    const int32_t *e = Dividers();
     PaintText(TopWindow, NameTitle(), {e[1] + 2, HeaderBottom + 1, e[2] - 2, TitlesBottom - 1}, Align::Centre,
               Font::Bold, Black);
     DrawMeasureTitle(e[2], e[3], Black);
@@ -200,7 +202,7 @@ void StrokeReconcileEntry(int position, const TRec &row) {
     }
     // The search comes last: whatever changes a list ends the state it leaves.
     RecomputeBalances();
-    LoadWindow(state.TopPos[TransactionList]);
+    LoadShownRows(state.TopPos[TransactionList]);
     RunReconcile(row.Value);
     doTransactions(ListWindow, PaintCounts | PaintRows);
 }
@@ -328,7 +330,7 @@ void UpdateTRec(Window window, int position, int mode) {
     RowStrip strip;
     if (!BeginRow(&strip, window, position, mode, SilverBrush))
         return;
-    const int32_t *e = Edge();
+    const int32_t *e = Dividers();
     if (strip.Past) {
         PaintCells(strip, {SilverBrush, NoFill, SilverBrush});
         return;
@@ -351,7 +353,7 @@ void UpdateTRec(Window window, int position, int mode) {
 }
 
 void doTransactions(Window window, int mask) {
-    PaintScreen(TransactionScreen, window, mask);
+    PaintListScreen(TransactionScreen, window, mask);
     SetGreys(TransactionList);
     if (state.ArchiveView)
         GreyMenuItem(CommandInsertDay);

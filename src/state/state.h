@@ -74,16 +74,14 @@ using PaintProcedure = void (*)(Window window, int mask);
 
 struct State {
     // Core
-    int32_t CurrentScreen;  // a List: the screen shown, and the list that the store works on
-    int32_t PreviousScreen; // the screen before the present one
-    int32_t ActiveDialog;   // a Dialog
+    int32_t CurrentScreen; // a List: the screen shown, and the list that the store works on
+    int32_t ActiveDialog;  // a Dialog
     NextStep Next;
     uint32_t DataUsable;                   // 0 after WrongVersion: nothing is read or written any more
     uint32_t FileAccessReady;              // 1 once FirstLoad has run
     uint32_t FrontPageDone;                // 1 once the first screen may be used
     uint32_t LastWriteResult;              // of the last write of a record
     RecDate SharedToday;                   // start-up date, refreshed by CheckDDs; the jeopardy test compares with it
-    const char16_t *DayNames[7];           // [0] Sunday
     const char16_t *MonthNames[13];        // [1] January, short
     PaintProcedure Paint[ScreenCount + 1]; // by screen; [0] the message window
     int32_t RepaintSkip;                   // paint requests still to swallow

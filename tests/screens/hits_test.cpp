@@ -1,6 +1,6 @@
 // Where a tap lands, and what it says.
 #include "device.h"
-#include "input/input.h"
+#include "input/press.h"
 #include "screens/list_screen.h"
 
 namespace {
