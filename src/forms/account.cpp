@@ -13,9 +13,7 @@
 
 namespace {
 
-constexpr int NumberRoom = 24;
 constexpr int32_t ProposedMin = 0, ProposedMax = 50000;
-constexpr int LimitMessage = 299;
 
 // The rows of the type list, and what each stores. A share account begins with the value as its measure.
 constexpr const char16_t *TypeNames[] = {u"Bank", u"Share", u"List"};
@@ -45,24 +43,24 @@ constexpr FormPart Parts[] = {
     {SecondSignItem,     {128, 107, 140, 119},   {126, 106, 142, 121},   nullptr},
     {LabelItem,          {5, 142, 90, 162},      {0, 142, 90, 162},      u"Account type", Align::Left,  TypeField},
 };
-constexpr HelpRow Help[] = {
-    {TextField,      {0, 115, 0, 117, 0, 0}},
-    {MinField,       {0, 306, 0, 145, 0, 0}},
-    {MaxField,       {0, 306, 0, 145, 0, 0}},
-    {TypeField,      {92, 0, 93, 96, 318, 0}},
-    {TypeItem,       {0, 394, 296, 10, 0, 0}},
-    {FirstSignItem,  {0, 145, 0, LimitMessage, 0, 0}},
-    {SecondSignItem, {0, 145, 0, LimitMessage, 0, 0}},
+constexpr FieldHelp FieldHelps[] = {
+    {TextField,      Help::NewAccount},
+    {MinField,       Help::LimitField},
+    {MaxField,       Help::LimitField},
+    {TypeField,      Help::AccountTypeField},
+    {TypeItem,       Help::Jeopardy},
+    {FirstSignItem,  Help::LimitSign},
+    {SecondSignItem, Help::LimitSign},
 };
 // A Total marker has no type.
-constexpr HelpRow HeadingHelp[] = {
-    {TextField,      {0, 115, 0, 117, 0, 0}},
-    {MinField,       {0, 306, 0, 145, 0, 0}},
-    {MaxField,       {0, 306, 0, 145, 0, 0}},
-    {TypeField,      {0, 92, 97, 0, 0, 0}},
-    {TypeItem,       {0, 394, 296, 10, 0, 0}},
-    {FirstSignItem,  {0, 145, 0, LimitMessage, 0, 0}},
-    {SecondSignItem, {0, 145, 0, LimitMessage, 0, 0}},
+constexpr FieldHelp HeadingHelps[] = {
+    {TextField,      Help::NewAccount},
+    {MinField,       Help::LimitField},
+    {MaxField,       Help::LimitField},
+    {TypeField,      Help::NoAccountType},
+    {TypeItem,       Help::Jeopardy},
+    {FirstSignItem,  Help::LimitSign},
+    {SecondSignItem, Help::LimitSign},
 };
 // clang-format on
 
@@ -75,12 +73,12 @@ void ListTypes(int field) {
 }
 constexpr FieldList Lists[] = {{TypeField, ListTypes}};
 
-constexpr Form FormOf(int dialog, std::span<const HelpRow> help) {
+constexpr Form FormOf(int dialog, std::span<const FieldHelp> helps) {
     return {.Dialog = dialog,
             .WithPanel = 1,
             .Controls = &AccountTemplate,
             .Parts = Parts,
-            .Help = help,
+            .FieldHelps = helps,
             .Lists = Lists,
             .Fill = Fill,
             .Tick = DiaProcRename,
@@ -89,8 +87,8 @@ constexpr Form FormOf(int dialog, std::span<const HelpRow> help) {
             .Tapped = nullptr,
             .Decor = PaintID};
 }
-constexpr Form NewForm = FormOf(NewAccountDialog, Help), ChangeForm = FormOf(AccountDialog, Help),
-               HeadingForm = FormOf(AccountDialog, HeadingHelp);
+constexpr Form NewForm = FormOf(NewAccountDialog, FieldHelps), ChangeForm = FormOf(AccountDialog, FieldHelps),
+               HeadingForm = FormOf(AccountDialog, HeadingHelps);
 
 // A new account has no ID until it is saved.
 void PaintID(int mask) {
@@ -146,9 +144,9 @@ void TellCheck(const Event &event) {
     if (event.Change != ControlChange::Pressed && event.Change != ControlChange::Focus)
         return;
     if (event.Control == MinCheck)
-        ControlChecked(MinCheck) ? ShowHelp(0, 300, 0, 301) : ShowHelp(0, 302);
+        ControlChecked(MinCheck) ? ShowHelp(Help::MinEnabled) : ShowHelp(Help::MinDisabled);
     if (event.Control == MaxCheck)
-        ControlChecked(MaxCheck) ? ShowHelp(0, 303, 0, 304) : ShowHelp(0, 305);
+        ControlChecked(MaxCheck) ? ShowHelp(Help::MaxEnabled) : ShowHelp(Help::MaxDisabled);
 }
 
 // A new account's file: today's Day marker, and above it an opening balance of nothing.
@@ -210,7 +208,7 @@ int DiaProcRename() {
     if (!IsHeading() && type >= 0 && type < 3)
         row.AccType = TypeStored[type];
     if (row.MinLimit > row.MaxLimit) {
-        RefuseTick(LimitMessage);
+        RefuseTick(Help::MinAboveMax);
         return TickRefused;
     }
     return state.ActiveDialog == NewAccountDialog ? AddAccount(&row) : ChangeAccount(row);
@@ -230,8 +228,8 @@ int OpenAccountForm(int create) {
     if (!Dialog_Init(create ? &NewForm : row.RowKind == HeadingRow ? &HeadingForm : &ChangeForm))
         return 0;
     if (create)
-        ShowHelp(0, 115, 0, 117);
+        ShowHelp(Help::NewAccount);
     else
-        ShowHelp(0, 2, 3, 0, 117);
+        ShowHelp(Help::ChangeAccount);
     return 1;
 }

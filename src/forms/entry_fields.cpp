@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr int NumberRoom = 24;
-
 void AddNumbers(int field, int last, int digits) {
     for (int number = 0; number <= last; ++number) {
         char16_t text[NumberRoom] = {};
@@ -24,7 +22,7 @@ union AnyRecord {
     CatRecFile Category;
 };
 
-int OpenList(FileKind kind) {
+int OpenWalkedFile(FileKind kind) {
     const int handle = OpenDataFile(kind, OpenOrCreate, 0, nullptr);
     if (handle < 0)
         ReportError(FormFunction(), kind == FileKind::Accounts ? Trouble::AcreateFail : Trouble::FcreateFail);
@@ -50,7 +48,7 @@ struct AccountWalk {
     ARecFile Row;
 };
 void BeginAccounts(AccountWalk *walk) {
-    walk->Handle = OpenList(FileKind::Accounts);
+    walk->Handle = OpenWalkedFile(FileKind::Accounts);
     walk->Position = 0;
     walk->Count = walk->Handle < 0 ? 0 : CountRecords(walk->Handle, FileKind::Accounts);
 }
@@ -63,7 +61,7 @@ int NextAccount(AccountWalk *walk) {
     return 0;
 }
 
-void AddAccounts(int field) {
+void AddAccountNames(int field) {
     AccountWalk walk;
     for (BeginAccounts(&walk); NextAccount(&walk);)
         AddName(field, walk.Row.Rec.Name);
@@ -90,7 +88,7 @@ void ListMultipliers(int field) {
 }
 
 void ListTemplates(int field) {
-    const int handle = OpenList(FileKind::Templates);
+    const int handle = OpenWalkedFile(FileKind::Templates);
     if (handle < 0)
         return;
     AnyRecord record;
@@ -104,7 +102,7 @@ void ListTemplates(int field) {
 void ListCategories(int field) {
     AddControlItem(field, NoneText);
     state.ListedCategories = 0;
-    const int handle = OpenList(FileKind::Categories);
+    const int handle = OpenWalkedFile(FileKind::Categories);
     if (handle < 0)
         return;
     AnyRecord record;
@@ -119,11 +117,11 @@ void ListCategories(int field) {
 
 void ListTransfers(int field) {
     AddControlItem(field, NoneText);
-    AddAccounts(field);
+    AddAccountNames(field);
 }
 
 void ListAccounts(int field) {
-    AddAccounts(field);
+    AddAccountNames(field);
 }
 
 In FormFunction() {
@@ -137,7 +135,7 @@ In FormFunction() {
     }
 }
 
-int CashOffered() {
+bool CashOffered() {
     return state.ActiveDialog != TransactionDialog || IsShare(state.AccountKind);
 }
 
@@ -181,7 +179,7 @@ void FillUnits(int32_t units, uint32_t cash) {
     SetFieldText(MultiplierField, text);
 }
 
-int MultiplierIsCash() {
+bool MultiplierIsCash() {
     char16_t text[ShownRoom];
     GetControlText(MultiplierField, text, ShownRoom);
     return SameText(text, CashText);
@@ -253,7 +251,7 @@ void FillAccount(int field, uint32_t accountID, int noneFirst) {
         SetFieldText(field, OverflowText);
 }
 
-uint32_t ReadAccount(int field, uint32_t shown, int noneFirst) {
+uint32_t ReadAccountField(int field, uint32_t shown, int noneFirst) {
     const int index = SelectedControlItem(field);
     if (index < 0 && !FieldTouched(field))
         return shown;
@@ -297,9 +295,9 @@ void ReadEntryFields(DDBlock *block, int keepDeletedCategory) {
     if (FieldPresent(CategoryField))
         block->CatID = ReadCategory(block->CatID, keepDeletedCategory);
     if (FieldPresent(AccountField))
-        block->Account = ReadAccount(AccountField, block->Account, 0);
+        block->Account = ReadAccountField(AccountField, block->Account, 0);
     if (FieldPresent(TransferField))
-        block->Transfer = ReadAccount(TransferField, block->Transfer, 1);
+        block->Transfer = ReadAccountField(TransferField, block->Transfer, 1);
 }
 
 int PickedTemplate(int index, FRec *row) {

@@ -14,7 +14,6 @@
 
 namespace {
 
-constexpr int NumberRoom = 24;
 constexpr char16_t ForEverText[] = u"For ever";
 constexpr const char16_t *UnitNames[] = {u"Day(s)", u"Week(s)", u"Month(s)", u"Year(s)"};
 constexpr int UnitCount = 4, MonthRow = 2;
@@ -80,7 +79,7 @@ constexpr Form RecurringForm = {.Dialog = RecurringDialog,
                                 .WithPanel = 1,
                                 .Controls = &RecurringTemplate,
                                 .Parts = Parts,
-                                .Help = EntryHelp,
+                                .FieldHelps = EntryHelps,
                                 .Lists = Lists,
                                 .Fill = Fill,
                                 .Tick = DiaProcDD,
@@ -151,9 +150,9 @@ void FlipBlock() {
         state.FirstSign = sign; // nothing has none of its own
     DrawDialogDecor(DecorAll);
     if (state.BlockIndex == 0)
-        ShowHelp(0, 153);
+        ShowHelp(Help::NextBlock);
     else
-        ShowHelp(0, 154, 155);
+        ShowHelp(Help::FurtherBlock);
 }
 
 void Tapped(int item) {
@@ -166,7 +165,7 @@ void TellChange(const Event &event) {
         return;
     FRec picked;
     if (event.Control == MultiplierField && MultiplierIsCash()) {
-        ShowHelp(0, 222, 223);
+        ShowHelp(Help::CashMultiplier);
     } else if (event.Control == TitleField && PickedTemplate(SelectedControlItem(TitleField), &picked)) {
         const int index = SelectedControlItem(TitleField);
         ReadEntryFields(&Block(), 0);
@@ -216,7 +215,7 @@ int DiaProcDD() {
         GetControlText(TitleField, item.Name, TextRoom);
     TieAccounts(&item);
     ReadPeriod(&item);
-    const int isNew = IsNew();
+    const bool isNew = IsNew();
     const int32_t position = CpDates(item.NextDate, item.Rank);
     const int written =
         isNew ? AddRecFile(0, position, &item, 0) : MoveRecFile(0, state.SelectedPos[RecurringList], position, &item);
@@ -253,6 +252,6 @@ int OpenRecurringForm() {
         state.FirstSign = 0;
         DrawDialogDecor(DecorFirstSign);
     }
-    ShowHelp(isNew ? 132 : 136, 152, 2, 3, 117);
+    ShowHelp(isNew ? Help::NewRecurring : Help::ChangeRecurring);
     return 1;
 }

@@ -46,7 +46,7 @@ constexpr Form TemplateForm = {.Dialog = TemplateDialog,
                                .WithPanel = 1,
                                .Controls = &TemplateTemplate,
                                .Parts = Parts,
-                               .Help = EntryHelp,
+                               .FieldHelps = EntryHelps,
                                .Lists = Lists,
                                .Fill = Fill,
                                .Tick = DiaProcFav,
@@ -71,7 +71,7 @@ void TellChange(const Event &event) {
         return;
     FRec picked;
     if (event.Control == MultiplierField && MultiplierIsCash()) {
-        ShowHelp(0, 222, 223);
+        ShowHelp(Help::CashMultiplier);
     } else if (event.Control == TitleField && PickedTemplate(SelectedControlItem(TitleField), &picked)) {
         const int index = SelectedControlItem(TitleField);
         Working() = picked;
@@ -109,6 +109,6 @@ int OpenTemplateForm() {
     }
     if (!Dialog_Init(&TemplateForm))
         return 0;
-    ShowHelp(isNew ? 132 : 136, 131, 2, 3, 117);
+    ShowHelp(isNew ? Help::NewTemplate : Help::ChangeTemplate);
     return 1;
 }

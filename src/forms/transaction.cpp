@@ -23,13 +23,13 @@ constexpr char16_t ReconcileName[] = u"Reconcile";
 TRec &Working() {
     return state.FormRow.Tran;
 }
-int IsNew() {
+bool IsNew() {
     return state.SelectedPos[TransactionList] > state.EntryCount[TransactionList];
 }
-int IsExisting() {
+bool IsExisting() {
     return !IsNew();
 }
-int IsShareAccount() {
+bool IsShareAccount() {
     return IsShare(state.AccountKind);
 }
 
@@ -80,7 +80,7 @@ constexpr Form FormOf(const FormTemplate *controls, std::span<const FormPart> pa
             .WithPanel = 1,
             .Controls = controls,
             .Parts = parts,
-            .Help = EntryHelp,
+            .FieldHelps = EntryHelps,
             .Lists = Lists,
             .Fill = TranDialogFill,
             .Tick = TranDialogSave,
@@ -218,7 +218,7 @@ void DiaProcTran(const Event &event) {
     if (event.Control == TitleField)
         LoadTemplate(SelectedControlItem(TitleField));
     else if (event.Control == MultiplierField && MultiplierIsCash())
-        ShowHelp(0, 222, 223);
+        ShowHelp(Help::CashMultiplier);
 }
 
 // The next row, forward or back, that is an entry; wraps at the ends. 0 when there is none.
@@ -357,7 +357,7 @@ int AddCounterEntry(const TRec &row, uint32_t partnerID) {
 
 // Writes the row and, for a transfer, its counter-entry. 0 when the entry could not be written; a new one whose
 // counter-entry could not be written is taken back, so that no money appears or goes.
-int SaveEntry(TRec *row, int isNew) {
+int SaveEntry(TRec *row, bool isNew) {
     const int32_t selected = state.SelectedPos[TransactionList];
     const uint32_t partner = row->TransferID;
     if (!(isNew ? AddEntry(row) : ChangeEntry(row)))
@@ -375,7 +375,7 @@ int TranDialogSave() {
         ClearFilters();
         return 1;
     }
-    const int isNew = IsNew() || state.DuplicateOn;
+    const bool isNew = IsNew() || state.DuplicateOn;
     // The account picked is this entry's alone; only a template or a switch of views leaves it for the next form.
     const uint32_t left = state.FormTransfer;
     ReadFields();
@@ -418,8 +418,8 @@ int OpenTransactionForm(int rowKind) {
     if (!Dialog_Init(CurrentLayout()))
         return 0;
     if (row.RowKind == ReconcileEntry)
-        ShowHelp(431, 442, 0, 447, 448, 0);
+        ShowHelp(Help::ReconcileTarget);
     else
-        ShowHelp(132, 130, 2, 3, 117, 0);
+        ShowHelp(Help::EnterTransaction);
     return 1;
 }

@@ -18,17 +18,20 @@ namespace {
 constexpr int RaiseMode = 0, LowerMode = 2, InputFormMode = 4;
 
 // The lines at the end of a form, by screen and view.
-constexpr int16_t EndLines[ScreenCount + 1][2][MessageLines] = {
-    {{}, {}},
-    {{0, 122, 7, 0, 0, 0}, {0, 122, 82, 0, 0, 0}},
-    {{0, 122, 9, 10, 0, 0}, {122, 9, 84, 0, 0, 0}},
-    {{122, 12, 0, 250, 252, 0}, {122, 12, 0, 251, 252, 0}},
-    {{0, 122, 14, 15, 0, 0}, {0, 122, 14, 15, 0, 0}},
-    {{0, 122, 19, 20, 21, 0}, {0, 122, 19, 20, 21, 0}},
-    {{0, 122, 25, 26, 27, 0}, {0, 122, 25, 26, 27, 0}},
-    {{0, 122, 352, 0, 0, 0}, {0, 122, 352, 0, 0, 0}},
-    {{0, 122, 344, 0, 0, 0}, {0, 122, 344, 0, 0, 0}},
+// ORDER LIST
+// clang-format off
+constexpr Help EndLines[ScreenCount + 1][2] = {
+    {Help::None,               Help::None},
+    {Help::BackToAccounts,     Help::BackToArchivedAccounts},
+    {Help::BackToTransactions, Help::BackToArchivedTransactions},
+    {Help::BackToGraph,        Help::BackToArchivedGraph},
+    {Help::BackToRecurring,    Help::BackToRecurring},
+    {Help::BackToTemplates,    Help::BackToTemplates},
+    {Help::BackToBin,          Help::BackToBin},
+    {Help::BackToCategories,   Help::BackToCategories},
+    {Help::BackToConversions,  Help::BackToConversions},
 };
+// clang-format on
 
 void ShowEndLines() {
     const int screen = state.CurrentScreen;
@@ -36,8 +39,7 @@ void ShowEndLines() {
         ReportError(In::Dialog_End, Trouble::CaseError);
         return;
     }
-    const int16_t *lines = EndLines[screen][state.ArchiveView != 0];
-    ShowHelp(lines[0], lines[1], lines[2], lines[3], lines[4], lines[5]);
+    ShowHelp(EndLines[screen][state.ArchiveView != 0]);
 }
 
 // The list as the form left it: where it stood as long as the selected row shows there.
@@ -251,13 +253,13 @@ int SipControl(int mode) {
     return 0;
 }
 
-void RefuseTick(int line2, int line3) {
+void RefuseTick(Help help) {
     if (!state.HelpMode)
         ToggleEyes();
     Beep();
-    ShowHelpMessage(1, 1, 0, line2, line3, 0, 0, 0);
+    ForceHelp(help);
 }
 
 void TellUnwritten() {
-    RefuseTick(128, 133);
+    RefuseTick(Help::NotWritten);
 }

@@ -1,4 +1,4 @@
-// What the fields of the open form hold, and whether the owner changed it.
+#include "frame/form_fields.h"
 #include "frame/form.h"
 #include "platform/text.h"
 
@@ -38,7 +38,7 @@ uint32_t WithinValid(uint32_t dayNumber) {
 
 } // namespace
 
-int FieldPresent(int field) {
+bool FieldPresent(int field) {
     return ControlOf(field) != nullptr;
 }
 
@@ -59,7 +59,7 @@ void SelectFieldItem(int field, int index) {
     GetControlText(field, ShownOf(field), ShownRoom);
 }
 
-int FieldTouched(int field) {
+bool FieldTouched(int field) {
     char16_t now[ShownRoom];
     GetControlText(field, now, ShownRoom);
     return !SameText(now, ShownOf(field));

@@ -1,8 +1,8 @@
-// The commands of the bar and its menus.
+#include "input/commands.h"
 #include "forms/forms.h"
+#include "forms/progress.h"
 #include "frame/header.h"
 #include "frame/message_window.h"
-#include "input/input.h"
 #include "ledger/account_window.h"
 #include "ledger/archive.h"
 #include "ledger/balance.h"
@@ -13,10 +13,10 @@
 #include "platform/shell.h"
 #include "resources/menus.h"
 #include "screens/list_screen.h"
+#include "screens/moving.h"
 #include "screens/opening.h"
 #include "screens/screens.h"
 #include "state/greys.h"
-#include "store/configuration.h"
 #include "store/operations.h"
 #include "store/windows.h"
 #include <cstring>
@@ -40,12 +40,12 @@ void NewEntry(int) {
 
 void ExplainModify() {
     Beep();
-    ShowHelp(0, 308);
+    ShowHelp(Help::SelectEntryFirst);
 }
 
 void ModifyEntry(int) {
     const int screen = state.CurrentScreen;
-    const int valid = InList(state.SelectedPos[screen]);
+    const bool valid = InList(state.SelectedPos[screen]);
     const int opened = !valid ? 0 : screen == AccountList ? OpenAccountForm(0) : DoButtonDblclk(ListWindow, EntryRow);
     if (!opened)
         ExplainModify();
@@ -74,7 +74,7 @@ void AlignColumns(int) {
     }
     state.CurrentScreen = TransactionList;
     LoadCurrentAccount();
-    ShowHelp(0, list ? 288 : 289, 290);
+    ShowHelp(list ? Help::AlignedLists : Help::AlignedColumns);
 }
 
 void Repaint() {
@@ -142,7 +142,7 @@ void Filter(int id) {
                  SetRecPosition(state.SelectedPos[TransactionList], CountTransactions()));
     state.CurrentScreen = screen;
     SetGreys(screen);
-    ShowHelp(462, 458, 459, 460, 461, 485);
+    ShowHelp(Help::Filtered);
     state.Paint[screen](ListWindow, PaintAll);
 }
 
@@ -153,13 +153,13 @@ void FilterOff(int) {
     state.CurrentScreen = screen;
     SetGreys(screen);
     Repaint();
-    ShowHelp(0, 456, 457);
+    ShowHelp(Help::FilterOff);
 }
 
 // --- Insert
 
 // Markers belong into the live account as it is.
-int AsItIs() {
+bool AsItIs() {
     return !state.ArchiveView && !state.FilterShown && state.EntryCount[AccountList] > 0;
 }
 
@@ -188,12 +188,12 @@ void ShowRemaining() {
     const ListScreen *list = ScreenOf(screen);
     if (list->Changed)
         list->Changed();
-    LoadWindow(state.TopPos[screen]);
+    LoadShownRows(state.TopPos[screen]);
     int32_t *selected = &state.SelectedPos[screen];
     const int32_t count = state.EntryCount[screen];
     if (*selected > count)
         *selected = count;
-    LoadWindow(SetRecPosition(*selected, count));
+    LoadShownRows(SetRecPosition(*selected, count));
     list->Paint(ListWindow, PaintAll);
 }
 

@@ -1,5 +1,5 @@
 #include "program/door.h"
-#include "input/input.h"
+#include "input/wndproc.h"
 #include "platform/files.h"
 #include "program/start_up.h"
 #include "state/state.h"

@@ -1,6 +1,6 @@
 #include "program/start_up.h"
 #include "drawing/cells.h"
-#include "drawing/colour_model.h"
+#include "drawing/palette.h"
 #include "frame/command_bar.h"
 #include "frame/header.h"
 #include "frame/message_window.h"
@@ -13,6 +13,7 @@
 #include "platform/files.h"
 #include "platform/shell.h"
 #include "program/sample_data.h"
+#include "screens/list_screen.h"
 #include "screens/screens.h"
 #include "state/greys.h"
 #include "state/messages.h"
@@ -34,8 +35,6 @@ void MakeDirectories() {
 }
 
 void AskForNames() {
-    for (int day = 0; day < 7; ++day)
-        state.DayNames[day] = WeekdayName(day);
     for (int month = 1; month <= 12; ++month)
         state.MonthNames[month] = MonthName(month);
     LoadTodaysDate(&state.SharedToday);
@@ -55,7 +54,7 @@ void RefuseEncipheredData() {
     OpenMessageWindow();
 }
 
-int Missing(FileKind kind) {
+bool Missing(FileKind kind) {
     char path[PathRoom];
     DataPath(path, kind);
     return !FileExists(path);
@@ -149,9 +148,9 @@ void ShowFirstScreen() {
     PlaceListScrollBar();
     doAccounts(ListWindow, PaintAll);
     if (writable)
-        ShowHelpMessage(1, 1, 0, 2, 3, 0, 0, 0);
+        ForceHelp(Help::TapAnItem);
     else
-        ShowHelpMessage(1, 1, 128, 0, 133, 0, 0, 0);
+        ForceHelp(Help::NotWritable);
 }
 
 } // namespace

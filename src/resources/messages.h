@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+inline constexpr int MessageLines = 6; // of the message window
 inline constexpr int MessageRoom = 40, LastMessage = 488;
 
 struct Message {

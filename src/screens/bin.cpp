@@ -4,12 +4,13 @@
 #include "ledger/account_window.h"
 #include "ledger/recurring.h"
 #include "platform/text.h"
+#include "resources/geometry.h"
 #include "screens/list_screen.h"
+#include "screens/moving.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
 #include "state/error_log.h"
 #include "store/catalogue.h"
-#include "store/configuration.h"
 #include "store/index.h"
 #include "store/windows.h"
 #include "values/amounts.h"
@@ -22,24 +23,24 @@ const BinRec &RowAt(int position) {
     return state.BinRows[RowOfPosition(position)];
 }
 
-int Expired(const BinRec &row) {
+bool Expired(const BinRec &row) {
     return row.SourceList == RecurringList && row.Remaining < 1;
 }
 
-int Marked(int position) {
+bool Marked(int position) {
     return RowShows(RowOfPosition(position)) && Expired(RowAt(position));
 }
 
-int InSecondBlock(const BinRec &row) {
+bool InSecondBlock(const BinRec &row) {
     return row.SourceList == RecurringList && row.FirstDone != 0;
 }
 
-int BelongsToAccount(const BinRec &row) {
+bool BelongsToAccount(const BinRec &row) {
     return row.SourceList == TransactionList || row.SourceList == RecurringList;
 }
 
 // The first units of the overflow text tell a lost account from any name.
-int AccountIsLost(const char16_t *name) {
+bool AccountIsLost(const char16_t *name) {
     return SameText(name, OverflowText, 6);
 }
 
@@ -109,10 +110,11 @@ void Explain(int position) {
     const BinRec &row = RowAt(position);
     // A lost account shows the overflow text, so that is what the second line is about.
     if (BelongsToAccount(row) && AccountIsLost(AccountIdToName(row.OwnerID))) {
-        ShowHelp(31, 112, 119, 118, 0, 226);
+        ShowHelp(Help::BinEntryOfLostAccount);
         return;
     }
-    ShowHelp(31, WholeMagnitude(ShownValue(row)) > LargestShown ? 112 : 86, 119, 118, 123, 124);
+    ShowHelp(Help::BinEntry,
+             WholeMagnitude(ShownValue(row)) > LargestShown ? AddedLine::ValueTooBig : AddedLine::CannotBeModified);
 }
 
 // --- Titles
@@ -129,7 +131,7 @@ void DrawColumns() {
 
 // --- Drops
 
-template <int List> int CameFrom(int position) {
+template <int List> bool CameFrom(int position) {
     return InList(position) && RowShows(RowOfPosition(position)) && RowAt(position).SourceList == List;
 }
 
@@ -139,11 +141,11 @@ void Restore(int position) {
     LoadCurrentAccount();
     DDFileCheck();
     state.CurrentScreen = BinList;
-    LoadWindow(state.TopPos[BinList]);
+    LoadShownRows(state.TopPos[BinList]);
     doBin(ListWindow, PaintCounts | PaintRows | PaintTabs);
 }
 
-int SoonTrimmed() {
+bool SoonTrimmed() {
     return state.EntryCount[BinList] > BinKeep;
 }
 
@@ -188,14 +190,14 @@ void UpdateBinRec(Window window, int position, int mode) {
 }
 
 void doBin(Window window, int mask) {
-    PaintScreen(BinScreen, window, mask | PaintCounts);
+    PaintListScreen(BinScreen, window, mask | PaintCounts);
 }
 
 // clang-format off
 const ListScreen BinScreen = {
     .List = BinList,
     .Paint = doBin,
-    .TabHelp = {{{0, 24, 25, 26, 27, 0}}, {{24, 25, 26, 27, 0, 206}}, SoonTrimmed},
+    .TabHelp = {Help::BinTab, Help::FullBinTab, SoonTrimmed},
     .Arrives = Arrival::ShowEnd,
     .Selection = RowChosen::Last,
     .NeedsAccount = true,
@@ -203,7 +205,7 @@ const ListScreen BinScreen = {
     .ChecksTotals = false,
     .PaintRow = UpdateBinRec,
     .Marked = Marked,
-    .BlankHelp = {{{34, 0, 86, 0, 0, 0}}, {}, nullptr},
+    .BlankHelp = {Help::BlankBinEntry},
     .ExplainRow = Explain,
     .DrawTitle = DrawTitle,
     .DrawColumns = DrawColumns,

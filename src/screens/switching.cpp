@@ -1,4 +1,4 @@
-// From screen to screen, and from account to account.
+#include "screens/switching.h"
 #include "frame/header.h"
 #include "frame/scroll.h"
 #include "ledger/account_window.h"
@@ -12,7 +12,7 @@
 
 namespace {
 
-int CurrentIsHeading() {
+bool CurrentIsHeading() {
     return state.CurAccount.RowKind == HeadingRow;
 }
 
@@ -56,7 +56,7 @@ int32_t ArrivalTop(const ListScreen &screen) {
     }
 }
 
-void ChooseRow(const ListScreen &screen) {
+void ChooseSelection(const ListScreen &screen) {
     int32_t *selected = &state.SelectedPos[screen.List];
     const int32_t count = state.EntryCount[screen.List];
     if (screen.Selection == RowChosen::Last || (screen.Selection == RowChosen::LastWhenNone && *selected == 0))
@@ -76,7 +76,6 @@ void EnterFromAccounts(int forward) {
         *selected = 1;
     if (!forward)
         ShowSelectedAccount();
-    state.PreviousScreen = AccountList;
     EnterTransactions();
 }
 
@@ -161,7 +160,7 @@ void EnterScreen(int screen) {
     const ListScreen *entered = ScreenOf(screen);
     if (!entered || screen == state.CurrentScreen)
         return;
-    state.PreviousScreen = state.CurrentScreen;
+    const int before = state.CurrentScreen;
     if (screen == TransactionList) {
         EnterTransactions();
         return;
@@ -176,9 +175,9 @@ void EnterScreen(int screen) {
         CheckT1totals(0);
     state.CurrentScreen = screen;
     if (entered->Arrives != Arrival::Own)
-        LoadWindow(ArrivalTop(*entered));
-    ChooseRow(*entered);
-    if (state.PreviousScreen == GraphList)
+        LoadShownRows(ArrivalTop(*entered));
+    ChooseSelection(*entered);
+    if (before == GraphList)
         PlaceListScrollBar();
     entered->Paint(ListWindow, PaintAll);
 }

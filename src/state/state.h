@@ -15,7 +15,6 @@
 
 inline constexpr int MostRows = 12;         // rows of a list window without the message window
 inline constexpr int RowsAboveMessages = 7; // rows with it
-inline constexpr int MessageLines = 6;
 inline constexpr int ScreenCount = 8;
 inline constexpr int RunBytes = 256 * 1064; // one run of records, of the widest kind
 inline constexpr int MostCandidates = 20;   // of the reconcile search: 2^20 subsets are still instant
@@ -89,14 +88,12 @@ using PaintProcedure = void (*)(Window window, int mask);
 
 struct State {
     // Core
-    int32_t CurrentScreen;  // a List: the screen shown, and the list that the store works on
-    int32_t PreviousScreen; // the screen before the present one
-    int32_t ActiveDialog;   // a Dialog
+    int32_t CurrentScreen; // a List: the screen shown, and the list that the store works on
+    int32_t ActiveDialog;  // a Dialog
     NextStep Next;
     uint32_t DataUsable;                   // 0 after WrongVersion: nothing is read or written any more
     uint32_t FrontPageDone;                // 1 once the first screen may be used
     RecDate SharedToday;                   // start-up date, refreshed by CheckDDs; the jeopardy test compares with it
-    const char16_t *DayNames[7];           // [0] Sunday
     const char16_t *MonthNames[13];        // [1] January, short
     PaintProcedure Paint[ScreenCount + 1]; // by screen; [0] the message window
     int32_t RepaintSkip;                   // paint requests still to swallow

@@ -3,9 +3,7 @@
 #pragma once
 
 #include "records/records.h"
-
-inline constexpr int ScreenWidth = 240;
-inline constexpr int RightEdge = 226; // of the rows; the scroll bar stands behind it
+#include "resources/geometry.h"
 
 // Pixels to thousandths of the screen width and back, both cut.
 constexpr uint32_t normalise(int32_t pixels) {

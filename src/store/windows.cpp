@@ -196,6 +196,6 @@ int AcceptVersion(uint8_t version, In function) {
     state.DataUsable = 0;
     state.MessageWindowOn = state.HelpMode = 1;
     state.RowCount = RowsAboveMessages;
-    ShowHelpMessage(1, 1, 0, 0, 0, 0, 0, 0); // becomes the refusal
+    ForceHelp(Help::None); // becomes the refusal
     return 0;
 }

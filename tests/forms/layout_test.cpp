@@ -1,5 +1,6 @@
 // Every form as the eye and the finger find it.
 #include "forms/forms.h"
+#include "forms/progress.h"
 #include "host/device.h"
 #include "resources/art.h"
 

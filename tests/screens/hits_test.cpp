@@ -1,6 +1,6 @@
 // Where a tap lands, and what it says.
 #include "device.h"
-#include "input/input.h"
+#include "input/press.h"
 #include "screens/list_screen.h"
 
 namespace {
@@ -11,10 +11,6 @@ TEST_F(Device, TablesOfTheScreensHoldTogether) {
         ASSERT_NE(screen, nullptr);
         EXPECT_EQ(screen->List, n);
         EXPECT_EQ(state.Paint[n], screen->Paint);
-        for (const HelpChoice *choice : {&screen->TabHelp, &screen->BlankHelp})
-            for (const HelpLines *lines : {&choice->Usual, &choice->Other})
-                for (const int16_t id : lines->Line)
-                    EXPECT_TRUE(id == 0 || *MessageText(id)) << n << ": " << id;
         const int32_t *edge = state.ColumnEdge[n];
         for (int i = 0; i < screen->SpotCount; ++i) {
             const TitleSpot &spot = screen->Spots[i];

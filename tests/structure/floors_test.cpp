@@ -109,6 +109,19 @@ std::vector<std::string> WordsOf(std::string code) {
     return {std::istream_iterator<std::string>(words), {}};
 }
 
+// The function that a line at the left margin begins to declare or to define; "" for none, or one defined where it
+// stands.
+std::string FunctionOf(const std::string &line) {
+    static const std::set<std::string> others = {"inline", "constexpr", "template", "using",
+                                                 "struct", "extern",    "enum"};
+    const size_t end = std::min(line.find('('), line.size());
+    size_t begin = end;
+    while (begin > 0 && (isalnum(static_cast<unsigned char>(line[begin - 1])) || line[begin - 1] == '_'))
+        --begin;
+    const bool declares = end < line.size() && begin > 0 && begin < end && isalpha(static_cast<unsigned char>(line[0]));
+    return declares && !others.count(line.substr(0, line.find(' '))) ? line.substr(begin, end - begin) : "";
+}
+
 std::string Where(const fs::path &file, size_t line) {
     return "src/" + file.generic_string() + ":" + std::to_string(line + 1);
 }
@@ -138,6 +151,30 @@ TEST(Structure, IncludesPointDownTheFloors) {
         }
     }
     EXPECT_GT(seen, 50) << "the includes were not read";
+}
+
+// Whoever reads a declaration knows the file to open.
+TEST(Structure, WhatAHeaderDeclaresStandsInTheBodyOfItsName) {
+    // The forms and the screens are rows of a table each, defined in the file of each; the bin's copies have their own.
+    static const std::set<std::string> apart = {"forms/forms.h", "screens/screens.h", "ledger/bin.h", "ledger/moves.h"};
+    int seen = 0;
+    for (const fs::path &header : SourceFiles()) {
+        const int level = FloorOf(header)->Level;
+        if (header.extension() != ".h" || level == 0 || apart.count(header.generic_string()))
+            continue;
+        std::set<std::string> defined;
+        fs::path body = header;
+        if (fs::exists(Source / body.replace_extension(".cpp")))
+            for (const std::string &line : LinesOf(body))
+                defined.insert(FunctionOf(line));
+        const std::vector<std::string> lines = LinesOf(header);
+        for (size_t n = 0; n < lines.size(); ++n) {
+            const std::string declared = FunctionOf(lines[n]);
+            seen += !declared.empty();
+            EXPECT_TRUE(declared.empty() || defined.count(declared)) << Where(header, n) << ": " << declared;
+        }
+    }
+    EXPECT_GT(seen, 150) << "the declarations were not read";
 }
 
 TEST(Structure, NothingAboveTheSeamGoesAroundIt) {

@@ -1,4 +1,6 @@
 // The way of an event to the program: at once, after a control's own work, or when no input waits.
+#include "hosts/qt/delivery.h"
+#include "hosts/qt/controls.h"
 #include "hosts/qt/device.h"
 #include "program/door.h"
 #include <QBasicTimer>
