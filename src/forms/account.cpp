@@ -1,14 +1,15 @@
 // The form of an account: its name, kind, watch limits and flag.
 #include "drawing/colours.h"
 #include "forms/forms.h"
+#include "frame/changes.h"
 #include "frame/form.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
 #include "ledger/balance.h"
+#include "ledger/entries.h"
 #include "ledger/markers.h"
 #include "platform/text.h"
 #include "state/messages.h"
 #include "store/index.h"
-#include "store/operations.h"
 #include "store/windows.h"
 
 namespace {
@@ -149,39 +150,14 @@ void TellCheck(const Event &event) {
         ControlChecked(MaxCheck) ? ShowHelp(Help::MaxEnabled) : ShowHelp(Help::MaxDisabled);
 }
 
-// A new account's file: today's Day marker, and above it an opening balance of nothing.
-void AddFirstRows(const ARec &account) {
-    const uint32_t view = state.ArchiveView;
-    state.ArchiveView = 0;
-    state.CurrentScreen = TransactionList;
-    MakeAccountCurrent(account.ID);
-    RecDate today;
-    LoadTodaysDate(&today);
-    TRec row;
-    if (account.AccType != ListAccount) {
-        InitTRec(&row);
-        FillDayMarker(&row, today);
-        AddRecFile(account.ID, 1, &row, 1);
-    }
-    InitTRec(&row);
-    row.Date = today;
-    row.Rank = EntryRank;
-    row.Units = 1;
-    CopyText(row.Name, TextRoom, u"Opening balance");
-    AddRecFile(account.ID, 1, &row, 1);
-    CalcBalance(account.ID);
-    state.ArchiveView = view;
-    state.CurrentScreen = AccountList;
-    CheckT1totals(0);
-}
-
 int AddAccount(ARec *row) {
     const int32_t position = state.EntryCount[AccountList] + 1;
     row->ID = GetNextID();
-    if (!AddRecFile(0, position, row, 0))
+    if (row->ID == 0 || !AddRecFile(0, position, row, 0) || !AddFirstRows(row->ID, row->AccType))
         return 0;
     state.SelectedPos[AccountList] = position;
-    AddFirstRows(*row);
+    LoadCurrentAccount();
+    CheckT1totals();
     return 1;
 }
 
@@ -190,8 +166,7 @@ int ChangeAccount(const ARec &row) {
         return 0;
     if (row.RowKind != HeadingRow)
         CalcBalance(row.ID);
-    state.CurrentScreen = AccountList;
-    CheckT1totals(0);
+    CheckT1totals();
     return 1;
 }
 

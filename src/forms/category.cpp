@@ -3,11 +3,11 @@
 #include "drawing/colours.h"
 #include "drawing/palette.h"
 #include "forms/forms.h"
+#include "frame/changes.h"
 #include "frame/form.h"
 #include "platform/clock.h"
 #include "platform/text.h"
 #include "state/messages.h"
-#include "store/operations.h"
 #include "store/windows.h"
 
 namespace {

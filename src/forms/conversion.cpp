@@ -2,12 +2,12 @@
 #include "drawing/colours.h"
 #include "forms/entry_fields.h"
 #include "forms/forms.h"
+#include "frame/changes.h"
 #include "frame/form.h"
 #include "platform/text.h"
 #include "resources/art.h"
 #include "resources/currencies.h"
 #include "state/messages.h"
-#include "store/operations.h"
 #include "store/windows.h"
 
 namespace {

@@ -23,7 +23,7 @@ union AnyRecord {
 };
 
 int OpenWalkedFile(FileKind kind) {
-    const int handle = OpenDataFile(kind, OpenOrCreate, 0, nullptr);
+    const int handle = OpenDataFile(kind, OpenOrCreate);
     if (handle < 0)
         ReportError(FormFunction(), kind == FileKind::Accounts ? Trouble::AcreateFail : Trouble::FcreateFail);
     return handle;
@@ -306,28 +306,4 @@ int PickedTemplate(int index, FRec *row) {
     const int32_t position = index + 1;
     const int32_t shown = TemplateShown();
     return FetchFav(shown > 0 && position >= shown ? position + 1 : position, row);
-}
-
-void TemplateToBlock(const FRec &row, DDBlock *block) {
-    block->Cleared = row.Cleared;
-    block->Cash = row.Cash;
-    block->NoCash = row.NoCash;
-    block->Flag = static_cast<uint8_t>(row.Flag % 4);
-    block->Units = row.Units;
-    block->Value = row.Value;
-    block->Transfer = row.Transfer;
-    block->CatID = row.CatID;
-    CopyText(block->Memo, TextRoom, row.Memo);
-}
-
-void BlockToTemplate(const DDBlock &block, FRec *row) {
-    row->Cleared = block.Cleared;
-    row->Cash = block.Cash;
-    row->NoCash = block.NoCash;
-    row->Flag = block.Flag;
-    row->Units = block.Units;
-    row->Value = block.Value;
-    row->Transfer = block.Transfer;
-    row->CatID = block.CatID;
-    CopyText(row->Memo, TextRoom, block.Memo);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "frame/form.h"
+#include "records/entry_values.h"
 #include "records/records.h"
 #include "resources/error_names.h"
 
@@ -70,5 +71,3 @@ void ReadEntryFields(DDBlock *block, int keepDeletedCategory);
 
 // The template behind an item of the title list. 1, or 0 when there is none.
 int PickedTemplate(int index, FRec *row);
-void TemplateToBlock(const FRec &row, DDBlock *block);
-void BlockToTemplate(const DDBlock &block, FRec *row);

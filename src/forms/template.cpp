@@ -2,10 +2,10 @@
 #include "drawing/colours.h"
 #include "forms/entry_fields.h"
 #include "forms/forms.h"
+#include "frame/changes.h"
 #include "frame/form.h"
 #include "platform/text.h"
 #include "state/messages.h"
-#include "store/operations.h"
 #include "store/windows.h"
 
 namespace {
@@ -57,7 +57,7 @@ constexpr Form TemplateForm = {.Dialog = TemplateDialog,
 
 DDBlock BlockOf(const FRec &row) {
     DDBlock block = {};
-    TemplateToBlock(row, &block);
+    CopyEntryValues(row, &block);
     return block;
 }
 
@@ -87,7 +87,7 @@ int DiaProcFav() {
         GetControlText(TitleField, row.Name, TextRoom);
     DDBlock block = BlockOf(row);
     ReadEntryFields(&block, 1);
-    BlockToTemplate(block, &row);
+    CopyEntryValues(block, &row);
     if (!IsNew())
         return ModRecFile(0, state.SelectedPos[TemplateList], &row);
     const int32_t position = state.EntryCount[TemplateList] + 1;

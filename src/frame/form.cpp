@@ -6,7 +6,7 @@
 #include "frame/header.h"
 #include "frame/message_window.h"
 #include "frame/scroll.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
 #include "platform/shell.h"
 #include "state/error_log.h"
 #include "state/greys.h"
@@ -135,6 +135,8 @@ int HandleKey(Key key) {
 void HandleControl(const Event &event) {
     const bool told = event.Change == ControlChange::Focus || event.Change == ControlChange::Dropped ||
                       event.Change == ControlChange::Pressed || event.Change == ControlChange::Calendar;
+    if (event.Change == ControlChange::Text || event.Change == ControlChange::Choice)
+        MarkEdited(event.Control);
     if (told)
         ShowItemHelp(event.Control);
     if (state.OpenedForm->Changed)

@@ -11,9 +11,11 @@ bool FieldPresent(int field);
 void SetFieldText(int field, const char16_t *text);
 // The same for a field with a list.
 void SelectFieldItem(int field, int index);
-// True when the owner has changed the field's text since: a value that nobody touched is kept whole, whatever of it
-// fitted into the field.
+// True when the owner has changed the field since, if only back to the first text: what it shows then counts. A value
+// that nobody touched is kept whole, whatever of it fitted into the field.
 bool FieldTouched(int field);
+// The owner has changed it.
+void MarkEdited(int field);
 void SetFieldDate(int field, const RecDate &date);
 // Into `date`, held within the valid dates; left alone when nobody touched it.
 void GetFieldDate(int field, RecDate *date);

@@ -5,7 +5,7 @@
 #include "frame/form.h"
 #include "frame/header.h"
 #include "frame/scroll.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
 #include "platform/shell.h"
 #include "platform/text.h"
 #include "resources/menus.h"

@@ -1,15 +1,14 @@
 #include "input/drag.h"
 #include "drawing/geometry.h"
+#include "frame/changes.h"
 #include "frame/header.h"
+#include "frame/shown.h"
 #include "frame/tabs.h"
 #include "input/press.h"
-#include "ledger/account_window.h"
-#include "ledger/moves.h"
 #include "platform/shell.h"
 #include "screens/list_screen.h"
 #include "screens/moving.h"
 #include "store/configuration.h"
-#include "store/operations.h"
 #include "store/windows.h"
 #include <cstring>
 
@@ -46,10 +45,8 @@ void KeepAccountEdges() {
         if (!hidden && denormalise(account.ColumnPos[i]) != edge[i])
             account.ColumnPos[i] = normalise(edge[i]);
     }
-    state.CurrentScreen = AccountList;
-    ModRecFile(0, state.SelectedPos[AccountList], &account);
-    state.CurrentScreen = TransactionList;
-    LoadCurrentAccount();
+    if (ModRecFile(0, state.SelectedPos[AccountList], &account))
+        LoadCurrentAccount();
 }
 
 void ReleaseEdge() {

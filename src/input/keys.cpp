@@ -1,6 +1,7 @@
 #include "input/keys.h"
 #include "drawing/geometry.h"
 #include "frame/header.h"
+#include "frame/shown.h"
 #include "input/press.h"
 #include "input/wndproc.h"
 #include "platform/shell.h"

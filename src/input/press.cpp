@@ -2,8 +2,8 @@
 #include "drawing/geometry.h"
 #include "frame/command_bar.h"
 #include "frame/header.h"
+#include "frame/shown.h"
 #include "frame/tabs.h"
-#include "ledger/account_window.h"
 #include "screens/list_screen.h"
 #include "screens/opening.h"
 #include "screens/screens.h"
@@ -68,7 +68,6 @@ void SwitchArchiveView() {
     } else {
         state.TranFileShown = 0; // the rows in memory are of the other view
     }
-    state.CurrentScreen = screen;
     SetGreys(screen);
     state.Paint[screen](ListWindow, PaintCounts | PaintArrows | PaintTitle | PaintRows);
 }

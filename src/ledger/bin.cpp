@@ -148,6 +148,16 @@ int32_t MoveBin(int32_t position, Place *where) {
     return restored > 0 && RemoveRecord(Place{BinList}, position) ? restored : 0;
 }
 
+bool AccountInBin(uint32_t accountID) {
+    const int handle = OpenDataFile(FileKind::Bin, OpenExisting);
+    bool found = false;
+    BinRecFile row;
+    for (int32_t position = 1; !found && ReadRecord(handle, FileKind::Bin, position, &row); ++position)
+        found = row.Rec.SourceList == AccountList && row.Rec.OwnerID == accountID;
+    CloseFile(handle);
+    return found;
+}
+
 void EraseAccountFiles(uint32_t accountID) {
     if (!state.DataUsable || IDtoRec(accountID))
         return;

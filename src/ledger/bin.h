@@ -21,6 +21,8 @@
 // The same for the row at a position of the bin, which then leaves it.
 [[nodiscard]] int32_t MoveBin(int32_t position, Place *where);
 
+// True when an account with this ID stands in the bin.
+bool AccountInBin(uint32_t accountID);
 // Erases all transaction files of an account, unless an account of the list still has that ID.
 void EraseAccountFiles(uint32_t accountID);
 // Removes the bin file, and the files of the accounts that stood in it. 0 when refused.

@@ -5,8 +5,8 @@
 #include "state/error_log.h"
 #include "state/state.h"
 #include "store/index.h"
-#include <initializer_list>
 #include <cstdio>
+#include <initializer_list>
 
 namespace {
 

@@ -59,7 +59,7 @@ void LoadReconcileCandidates(const Place &place) {
             const TRec &row = record->Rec;
             if (IsCandidate(row, today.DayNumber))
                 state.Candidates[state.CandidateCount++] = {first + index, TimesUnits(row.Units, row.Value),
-                                                            row.Cleared, 0};
+                                                            row.Cleared, 0, 0};
         }
     }
     CloseFile(handle);

@@ -1,14 +1,17 @@
 #include "program/start_up.h"
 #include "drawing/cells.h"
 #include "drawing/palette.h"
+#include "frame/changes.h"
 #include "frame/command_bar.h"
 #include "frame/header.h"
 #include "frame/message_window.h"
 #include "frame/scroll.h"
 #include "ledger/account_window.h"
 #include "ledger/balance.h"
+#include "ledger/bin.h"
 #include "ledger/filter.h"
 #include "ledger/recurring.h"
+#include "platform/action.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/shell.h"
@@ -20,6 +23,7 @@
 #include "state/state.h"
 #include "store/catalogue.h"
 #include "store/configuration.h"
+#include "store/index.h"
 #include "store/windows.h"
 #include <span>
 
@@ -48,8 +52,9 @@ void OpenMessageWindow() {
     state.LeftEye = state.RightEye = OpenEye;
 }
 
-// Enciphered data can't be read before a pass code is asked for, and they may not be touched.
-void RefuseEncipheredData() {
+// Enciphered data can't be read before a pass code is asked for, and they may not be touched; nor may data of which a
+// part can't be read.
+void RefuseData() {
     state.DataUsable = 0;
     OpenMessageWindow();
 }
@@ -57,7 +62,7 @@ void RefuseEncipheredData() {
 bool Missing(FileKind kind) {
     char path[PathRoom];
     DataPath(path, kind);
-    return !FileExists(path);
+    return FileThere(path) == 0;
 }
 
 // A list behind the accounts, and whether its file was missing before a loader made it.
@@ -78,7 +83,7 @@ int LoadLists(std::span<FurtherList> lists) {
     for (const FurtherList &list : lists)
         list.Load(list.Top);
     LoadPalette();
-    return state.DataUsable == 1 && AcceptTranFile(state.SelectedPos[AccountList]);
+    return state.DataUsable == 1 && AcceptRows(LiveRows(RectoID(state.SelectedPos[AccountList])));
 }
 
 void FillWithSamples(std::span<const FurtherList> lists, int firstRun) {
@@ -100,6 +105,22 @@ void SetPositions() {
     state.SelectedPos[CategoryList] = state.SelectedPos[ConversionList] = 0;
 }
 
+// The transaction files beside a list of accounts that is empty. One that belongs to no account of the bin is that of
+// an account whose row was lost.
+enum class AccountFiles : uint8_t { None, OfBin, Lost };
+AccountFiles FindAccountFiles() {
+    AccountFiles found = AccountFiles::None;
+    FileWalk walk;
+    char name[PathRoom];
+    FindNames(&walk, DataDirectory, "E1_02");
+    while (found != AccountFiles::Lost && FindNextName(&walk, name, PathRoom)) {
+        uint32_t accountID;
+        found = AccountOfFile(name, &accountID) && AccountInBin(accountID) ? AccountFiles::OfBin : AccountFiles::Lost;
+    }
+    EndFind(&walk);
+    return found;
+}
+
 void FirstLoad() {
     FurtherList lists[] = {
         {FileKind::Recurring, RecurringList, LoadDDFile, 1, true, 0},
@@ -109,48 +130,64 @@ void FirstLoad() {
         {FileKind::Conversions, ConversionList, LoadCurFile, 0, true, 0},
     };
     SetPositions();
-    const int usable = LoadLists(lists);
-    state.FileAccessReady = 1;
-    const int firstRun = usable && state.EntryCount[AccountList] == 0;
-    if (usable) {
-        FillWithSamples(lists, firstRun);
-        CheckT1totals(0);
+    int usable = LoadLists(lists);
+    const bool noAccounts = usable && state.EntryCount[AccountList] == 0;
+    const AccountFiles files = noAccounts ? FindAccountFiles() : AccountFiles::None;
+    if (files == AccountFiles::Lost) {
+        RefuseData();
+        usable = 0;
     }
+    const bool firstRun = noAccounts && files == AccountFiles::None;
+    if (usable && !ActionRefused())
+        FillWithSamples(lists, firstRun);
     if (firstRun || !usable)
         OpenMessageWindow();
+}
+
+void ShowFirstAccount() {
     SetPositions();
     state.CurrentScreen = AccountList;
-    LoadAccFile(1);
+    ReloadList(AccountList, 1);
     LoadCurrentAccount();
     if (state.CurAccount.RowKind != HeadingRow)
         LoadTranFile(state.SelectedPos[AccountList], 0);
-    LoadAccFile(1);
+    ReloadList(AccountList, 1);
     state.SelectedPos[TransactionList] = 0;
     MeasureYearColumn();
 }
 
 // --- The first screen
 
+// Ends one step of the start and begins the next. 0 when the step was refused; what can't be read is not used at all.
+int EndStep() {
+    const int done = CommitAction();
+    if (!done && ActionRefused() == ReadRefused)
+        RefuseData();
+    BeginAction();
+    return done;
+}
+
 void ShowFirstScreen() {
     state.FrontPageDone = 1;
     // A disk that refuses says so before anything is entered.
-    const bool writable = !state.DataUsable || StampLastChecked();
+    if (state.DataUsable)
+        CheckT1totals();
+    const int writable = EndStep();
     if (!writable)
         OpenMessageWindow();
     SetMenuBar();
     if (state.DataUsable) {
         CheckDDs();
         DDFileCheck();
+        EndStep();
     }
     state.CurrentScreen = AccountList;
-    LoadAccFile(1);
+    ReloadList(AccountList, 1);
+    LoadCurrentAccount();
     SetGreys(AccountList);
     PlaceListScrollBar();
     doAccounts(ListWindow, PaintAll);
-    if (writable)
-        ForceHelp(Help::TapAnItem);
-    else
-        ForceHelp(Help::NotWritable);
+    ForceHelp(writable ? Help::TapAnItem : Help::NotWritable);
 }
 
 } // namespace
@@ -167,12 +204,17 @@ int StartUp() {
     if (!CreateWindows())
         return 0;
     LoadHelp();
-    LoadConfFile();
+    BeginAction();
+    if (!LoadConfFile())
+        RefuseAction();
     UpdateBmap();
     if (state.PasswordOn == 1)
-        RefuseEncipheredData();
+        RefuseData();
     FirstLoad();
+    EndStep();
+    ShowFirstAccount();
     ShowFirstScreen();
+    static_cast<void>(CommitAction()); // what showing wrote is written again when it is needed
     return 1;
 }
 

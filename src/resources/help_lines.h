@@ -183,6 +183,8 @@ enum class AddedLine : int16_t {
     SET(LimitField,                   0,       306,         0,       145,         0,         0)  \
     SET(LimitSign,                    0,       145,         0,       299,         0,         0)  \
     SET(MinAboveMax,                  0,       299,         0,         0,         0,         0)  \
+    SET(ItemNeedsAccount,             0,       540,       541,         0,         0,         0)  \
+    SET(NothingToArchive,             0,       542,       543,         0,         0,         0)  \
     SET(MinEnabled,                   0,       300,         0,       301,         0,         0)  \
     SET(MinDisabled,                  0,       302,         0,         0,         0,         0)  \
     SET(MaxEnabled,                   0,       303,         0,       304,         0,         0)  \

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 inline constexpr int MessageLines = 6; // of the message window
-inline constexpr int MessageRoom = 40, LastMessage = 488;
+inline constexpr int MessageRoom = 40, LastMessage = 543;
 
 struct Message {
     int16_t Id;
@@ -488,5 +488,9 @@ inline constexpr Message Messages[] = {
     {486, u"The data are enciphered"},
     {487, u"and can't be opened without a pass code"},
     {488, u"This version has no way to ask for it"},
+    {540, u"This item has no account to go to"},
+    {541, u"Choose one in the account field"},
+    {542, u"Nothing up to here is dated"},
+    {543, u"up to today, so nothing is archived"},
 };
 // clang-format on

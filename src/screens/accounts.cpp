@@ -1,10 +1,11 @@
 // Screen 1: the accounts, or their archives.
+#include "frame/changes.h"
 #include "frame/header.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
 #include "ledger/markers.h"
-#include "ledger/moves.h"
 #include "resources/art.h"
 #include "resources/geometry.h"
+#include "screens/inserting.h"
 #include "screens/list_screen.h"
 #include "screens/moving.h"
 #include "screens/rows.h"
@@ -103,7 +104,10 @@ void UpdateARec(Window window, int position, int mode) {
     const bool jeopardy = !strip.Past && InJeopardy(row);
     const int mark = jeopardy ? JeopardyBrush : IsMarked(mode) ? MarkerBrush : NoFill;
     KeepingCell(strip, 1, edge - 3, mark, PressedGold);
-    TurningCell(strip, edge + 1, 225, mark == MarkerBrush ? MarkerBrush : GoldBrush, PressedGold);
+    if (!strip.Past && state.AccFiltered[strip.Index]) // the rows behind this balance are hidden in part
+        KeepingCell(strip, edge + 1, 225, RedBrush);
+    else
+        TurningCell(strip, edge + 1, 225, mark == MarkerBrush ? MarkerBrush : GoldBrush, PressedGold);
     if (strip.Past || (row.ID < 1 && !IsHeading(row)))
         return;
     PaintFlag(window, row.Flag, edge, strip.Place.Top);

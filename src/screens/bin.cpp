@@ -1,7 +1,8 @@
 // Screen 6: the bin. Its rows look as they did where they came from.
 #include "ledger/bin.h"
+#include "frame/changes.h"
 #include "frame/header.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
 #include "ledger/recurring.h"
 #include "platform/text.h"
 #include "resources/geometry.h"
@@ -14,6 +15,7 @@
 #include "store/index.h"
 #include "store/windows.h"
 #include "values/amounts.h"
+#include <algorithm>
 
 namespace {
 
@@ -47,7 +49,7 @@ bool AccountIsLost(const char16_t *name) {
 // What an entry does to the money.
 FixedAmount TransactionValue(const BinRec &row) {
     if (row.Cash == 1)
-        return static_cast<int32_t>(row.CashAmountLow);
+        return row.Carries ? row.CashAmount : static_cast<int32_t>(row.CashAmountLow);
     const FixedAmount value = TimesUnits(row.Units, row.Value);
     if (!IsShare(row.OwnerType))
         return value;
@@ -109,7 +111,7 @@ int BrushOf(const BinRec &row) {
 void Explain(int position) {
     const BinRec &row = RowAt(position);
     // A lost account shows the overflow text, so that is what the second line is about.
-    if (BelongsToAccount(row) && AccountIsLost(AccountIdToName(row.OwnerID))) {
+    if (BelongsToAccount(row) && AccountIsLost(state.BinOwnerNames[RowOfPosition(position)])) {
         ShowHelp(Help::BinEntryOfLostAccount);
         return;
     }
@@ -136,11 +138,24 @@ template <int List> bool CameFrom(int position) {
 }
 
 void Restore(int position) {
-    MoveBin(position);
-    LoadAccFile(state.TopPos[AccountList]);
+    ClearFilters(); // the row goes into the real file
+    Place where;
+    const int32_t restored = MoveBin(position, &where);
+    if (restored == 0)
+        return;
+    state.EntryCount[BinList] = CountOf(Place{BinList});
+    RepairTop(BinList);
+    state.SelectedPos[BinList] = std::min(position, state.EntryCount[BinList]);
+    if (where.List == TransactionList) { // where it is found again
+        state.ArchiveView = static_cast<uint32_t>(where.Of);
+        state.SelectedPos[AccountList] = IDtoRec(where.Account);
+        state.TranFileShown = 0;
+    }
+    ReloadList(AccountList, state.TopPos[AccountList]);
     LoadCurrentAccount();
+    if (where.List == TransactionList)
+        state.SelectedPos[TransactionList] = restored;
     DDFileCheck();
-    state.CurrentScreen = BinList;
     LoadShownRows(state.TopPos[BinList]);
     doBin(ListWindow, PaintCounts | PaintRows | PaintTabs);
 }
@@ -181,7 +196,7 @@ void UpdateBinRec(Window window, int position, int mode) {
         PaintFlag(window, InSecondBlock(row) ? row.Flag2 : row.Flag, e[1], strip.Place.Top);
     RowText(strip, e[1] + 3, e[2] - 2, ShownTitle(row));
     if (BelongsToAccount(row)) {
-        const char16_t *account = AccountIdToName(row.OwnerID);
+        const char16_t *account = state.BinOwnerNames[RowOfPosition(position)];
         PaintDate(window, row.Date, strip.Place.Top, e[1] - 4, Black, Font::Normal);
         RowText(strip, e[2] + 2, e[3] - 2, account, AccountIsLost(account) ? Align::Centre : Align::Left);
     }

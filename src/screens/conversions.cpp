@@ -1,11 +1,11 @@
 // Screen 8: the conversions, each shown forward or reversed.
+#include "frame/changes.h"
 #include "frame/header.h"
 #include "resources/geometry.h"
 #include "screens/list_screen.h"
 #include "screens/moving.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
-#include "store/operations.h"
 #include "store/windows.h"
 
 namespace {

@@ -1,8 +1,8 @@
 // Screen 3: the frame of the graph: header, the row of mode icons, the two titles that choose what is plotted.
 #include "frame/header.h"
 #include "frame/scroll.h"
+#include "frame/shown.h"
 #include "frame/tabs.h"
-#include "ledger/account_window.h"
 #include "platform/shell.h"
 #include "resources/geometry.h"
 #include "screens/list_screen.h"

@@ -3,8 +3,8 @@
 #include "frame/header.h"
 #include "frame/message_window.h"
 #include "frame/scroll.h"
+#include "frame/shown.h"
 #include "frame/tabs.h"
-#include "ledger/account_window.h"
 #include "resources/geometry.h"
 #include "screens/rows.h"
 #include "store/windows.h"
@@ -119,9 +119,7 @@ void PaintRowAsItIs(int position) {
 }
 
 void LoadShownRows(int32_t top) {
-    const int screen = state.CurrentScreen;
-    ReloadList(screen, top);
-    state.CurrentScreen = screen;
+    ReloadList(state.CurrentScreen, top);
 }
 
 void ReloadAndPaint(int mask) {

@@ -1,5 +1,6 @@
 #include "screens/measure.h"
 #include "frame/header.h"
+#include "frame/shown.h"
 #include "ledger/shares.h"
 #include "platform/text.h"
 #include "screens/list_screen.h"
@@ -138,10 +139,10 @@ void DrawMeasureTitle(int left, int right, Colour ink) {
 
 void StepMeasure(int) {
     const bool share = IsShare(state.AccountKind);
-    if (share) {
-        UpdateShareMode(state.SelectedPos[AccountList], NextShareMode(static_cast<uint32_t>(state.AccountKind)));
-        state.CurAccount.AccType = static_cast<uint32_t>(state.AccountKind);
-    }
+    if (share && !UpdateShareMode(state.CurAccount.ID, NextShareMode(static_cast<uint32_t>(state.AccountKind))))
+        return;
+    if (share)
+        LoadCurrentAccount();
     const int kind = KnownKind();
     ShowHelp(MeasureHelp[kind], state.FilterShown     ? AddedLine::Filtered
                                 : kind == ShareNumber ? AddedLine::CashAddsNoShares

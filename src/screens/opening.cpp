@@ -1,6 +1,6 @@
 #include "screens/opening.h"
 #include "forms/forms.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
 #include "screens/list_screen.h"
 #include "screens/switching.h"
 #include "state/greys.h"

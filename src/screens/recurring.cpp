@@ -57,7 +57,6 @@ void DrawColumns() {
 
 void Changed() {
     DDFileCheck();
-    state.CurrentScreen = RecurringList;
 }
 
 bool NotInOrder() {
@@ -88,7 +87,7 @@ void UpdateDDRec(Window window, int position, int mode) {
     PaintDate(window, row.NextDate, strip.Place.Top, e[1] - 4, many ? AlertRed : Black,
               many ? Font::Bold : Font::Normal);
     RowText(strip, e[1] + 3, e[2] - 2, state.RefColumn ? block.Memo : row.Name);
-    RowText(strip, e[2] + 2, e[3] - 2, AccountIdToName(block.Account), Align::Left, lost ? Font::Bold : Font::Normal,
+    RowText(strip, e[2] + 2, e[3] - 2, state.DDAccountNames[strip.Index], Align::Left, lost ? Font::Bold : Font::Normal,
             lost ? AlertRed : Black);
     RowAmount(strip, e[3] + 1, RightEdge - 2, ShownValue(block));
 }

@@ -1,7 +1,7 @@
 #include "screens/switching.h"
+#include "frame/changes.h"
 #include "frame/header.h"
 #include "frame/scroll.h"
-#include "ledger/account_window.h"
 #include "ledger/balance.h"
 #include "ledger/recurring.h"
 #include "screens/list_screen.h"
@@ -21,10 +21,8 @@ void ShowSelectedAccount() {
     const int row = state.SelectedPos[AccountList] - state.TopPos[AccountList] + 1;
     if (row >= 1 && row <= state.RowCount)
         return;
-    const int screen = state.CurrentScreen;
-    state.CurrentScreen = AccountList;
-    LoadAccFile(SetRecPosition(state.SelectedPos[AccountList], state.EntryCount[AccountList]));
-    state.CurrentScreen = screen;
+    ReloadList(AccountList,
+               TopAround(AccountList, state.SelectedPos[AccountList], state.EntryCount[AccountList]));
 }
 
 // Makes the selected account one that has transactions.
@@ -143,7 +141,6 @@ void EnterTransactions() {
     CheckDDs();
     state.CurrentScreen = TransactionList;
     ValidateAccount();
-    state.CurrentScreen = TransactionList;
     int32_t *selected = &state.SelectedPos[TransactionList];
     if (state.TranFileShown != 0 && state.TranFileShown == state.CurAccount.ID) {
         const int32_t count = CountTransactions();
@@ -172,8 +169,7 @@ void EnterScreen(int screen) {
     if (entered->PostsDues)
         CheckDDs();
     if (entered->ChecksTotals)
-        CheckT1totals(0);
-    state.CurrentScreen = screen;
+        CheckT1totals();
     if (entered->Arrives != Arrival::Own)
         LoadShownRows(ArrivalTop(*entered));
     ChooseSelection(*entered);

@@ -1,10 +1,10 @@
 // Screen 5: the templates.
+#include "frame/changes.h"
 #include "frame/header.h"
 #include "screens/list_screen.h"
 #include "screens/moving.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
-#include "store/operations.h"
 #include "store/windows.h"
 
 namespace {

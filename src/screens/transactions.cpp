@@ -1,16 +1,16 @@
 // Screen 2: the transactions of the current account, live or archived.
 #include "screens/transactions.h"
 #include "drawing/palette.h"
+#include "frame/changes.h"
 #include "frame/header.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
 #include "ledger/balance.h"
-#include "ledger/filter.h"
 #include "ledger/jeopardy.h"
-#include "ledger/moves.h"
 #include "ledger/reconcile.h"
 #include "platform/clock.h"
 #include "platform/shell.h"
 #include "platform/text.h"
+#include "records/entry_values.h"
 #include "resources/geometry.h"
 #include "screens/list_screen.h"
 #include "screens/measure.h"
@@ -21,7 +21,6 @@
 #include "state/error_log.h"
 #include "state/greys.h"
 #include "store/index.h"
-#include "store/operations.h"
 #include "store/windows.h"
 
 namespace {
@@ -90,13 +89,23 @@ struct RowBrushes {
     int Date, Title, Rest;
 };
 
+// True for a row of the solution, which has then been in view.
+bool SeeCandidate(int position) {
+    if (!IsReconcileCandidate(position))
+        return false;
+    for (Candidate &candidate : state.Candidates)
+        if (candidate.Position == position)
+            candidate.Seen = 1;
+    return true;
+}
+
 RowBrushes BrushesOf(const TRec &row, int position, int mode, bool jeopardy) {
     const int title = jeopardy ? JeopardyBrush : IsMarked(mode) ? ReconciledBrush : NoFill;
     if (row.RowKind == DayMarker)
         return {MarkerBrush, MarkerBrush, MarkerBrush};
     if (row.RowKind == ReconcileEntry)
         return {SilverBrush, ReconcileBrush[static_cast<int>(state.ReconcileState) & 3], SilverBrush};
-    if (state.ReconcileState == ReconcileStep::Solved && IsReconcileCandidate(position))
+    if (SeeCandidate(position))
         return {FlaggedBrush, title, SilverBrush};
     return {row.Cleared == 1 ? ReconciledBrush : SilverBrush, title, SilverBrush};
 }
@@ -191,19 +200,38 @@ void StrokeBlankRow() {
     DoButtonDblclk(ListWindow, ReconcileEntry);
 }
 
+// The first row of the solution that has not been in view, 0 for none.
+int32_t UnseenCandidate() {
+    for (int i = 0; i < state.CandidateCount; ++i)
+        if (state.Candidates[i].Selected && !state.Candidates[i].Seen)
+            return state.Candidates[i].Position;
+    return 0;
+}
+
+// The solution is seen before it is applied; with its rows the statement's balance has done its work.
+void StrokeSolved(int position) {
+    if (const int32_t unseen = UnseenCandidate()) {
+        LoadShownRows(SetRecPosition(unseen, state.EntryCount[TransactionList]));
+        doTransactions(ListWindow, PaintCounts | PaintRows);
+        ExplainReconcile();
+        return;
+    }
+    if (!ApplyReconcile(EntriesShown()) || !DeleteRecFile(state.CurAccount.ID, position))
+        return;
+    RepairTop(TransactionList);
+    RecomputeBalances();
+    ReloadAndPaint(PaintCounts | PaintRows);
+}
+
 void StrokeReconcileEntry(int position, const TRec &row) {
     if (state.ReconcileState == ReconcileStep::Solved) {
-        ApplyReconcile();
-        DeleteRecFile(state.CurAccount.ID, position);
-        RepairTop(TransactionList);
-        RecomputeBalances();
-        ReloadAndPaint(PaintCounts | PaintRows);
+        StrokeSolved(position);
         return;
     }
     // The search comes last: whatever changes a list ends the state it leaves.
     RecomputeBalances();
     LoadShownRows(state.TopPos[TransactionList]);
-    RunReconcile(row.Value);
+    RunReconcile(EntriesShown(), row.Value);
     doTransactions(ListWindow, PaintCounts | PaintRows);
 }
 
@@ -211,8 +239,9 @@ void StrokeEntry(int position, TRec *row) {
     if (FilterGivesWay())
         return;
     row->Cleared = row->Cleared == 1 ? 0 : 1;
-    if (ModRecFile(state.CurAccount.ID, position, row))
-        ShowHelp(row->Cleared ? Help::MarkedReconciled : Help::MarkedUnreconciled);
+    if (!ModRecFile(state.CurAccount.ID, position, row))
+        return;
+    ShowHelp(row->Cleared ? Help::MarkedReconciled : Help::MarkedUnreconciled);
     state.SelectedPos[TransactionList] = position;
     RecomputeBalances();
     ReloadAndPaint(PaintCounts | PaintRows);
@@ -242,14 +271,6 @@ bool AcceptEntry(int position) {
     return InList(position) && RowShows(RowOfPosition(position)) && RowAt(position).RowKind == EntryRow;
 }
 
-// Adds a record at the head of another list and comes back to this screen.
-void AddAtHead(int list, const void *record) {
-    state.CurrentScreen = list;
-    AddRecFile(0, 1, record, 0);
-    state.CurrentScreen = TransactionList;
-    doTransactions(ListWindow, PaintTabs);
-}
-
 void MakeTemplate(int position) {
     TRec row;
     FRec made;
@@ -257,15 +278,11 @@ void MakeTemplate(int position) {
         return;
     InitFRec(&made);
     CopyText(made.Name, TextRoom, row.Name);
-    CopyText(made.Memo, TextRoom, row.Memo);
-    made.Flag = row.Flag;
-    made.CatID = row.CatID;
-    made.Cash = row.Cash;
-    made.NoCash = row.NoCash;
-    made.Units = row.Units;
-    made.Value = row.Cash == 1 ? row.CashAmount : row.Value;
+    CopyEntryValues(row, &made);
+    made.Cleared = made.Transfer = 0;
     state.SelectedPos[TransactionList] = position;
-    AddAtHead(TemplateList, &made);
+    if (AddRecFile(0, 1, &made, 0))
+        doTransactions(ListWindow, PaintTabs);
 }
 
 // The name of the entry's category, or its title when it has none.
@@ -287,7 +304,8 @@ void MakeCategory(int position) {
     made.Red = colour >> 16 & 0xFF;
     made.Green = colour >> 8 & 0xFF;
     made.Blue = colour & 0xFF;
-    AddAtHead(CategoryList, &made);
+    if (AddRecFile(0, 1, &made, 0))
+        doTransactions(ListWindow, PaintTabs);
 }
 
 // clang-format off
@@ -306,21 +324,10 @@ constexpr TabDrop Drops[] = {
 
 } // namespace
 
-void RecomputeBalances() {
-    const uint32_t account = state.CurAccount.ID;
-    if (state.ArchiveView) {
-        state.ArchiveView = 0;
-        CalcBalance(account);
-        state.ArchiveView = 1;
-    }
-    CalcBalance(account);
-}
-
-int FilterGivesWay() {
+bool FilterGivesWay() {
     if (state.CurrentScreen != TransactionList || !state.FilterShown)
         return 0;
     ClearFiltersAndRecompute();
-    state.CurrentScreen = TransactionList;
     ShowHelp(Help::FilterOff);
     doTransactions(ListWindow, PaintAll);
     return 1;

@@ -58,6 +58,7 @@ struct Candidate {    // of the reconcile search
     int32_t Position; // row
     FixedAmount Sum;  // what the row would add to the cleared balance
     uint32_t WasCleared, Selected;
+    uint32_t Seen; // 1 once its row has been painted as a part of the solution
 };
 
 struct NewEntry { // that waits to be placed by its date
@@ -207,12 +208,12 @@ struct State {
     uint32_t Reversed;       // of the conversion form: the rate shown is that of the other direction
     WorkingRow FormRow;      // the working copy of the row that the form is for
     RecDate DuplicateDate;   // to return to when the duplicate is dropped
-    // ID of the partner account. Filling a new entry clears it, a template or a switch of view sets it; filling an
-    // existing entry leaves it alone, so that it may hold what the last form left: this is deliberate.
-    uint32_t FormTransfer;
+    uint32_t FormTransfer; // ID of the partner account picked for a new entry; every filling of the form clears it
     int32_t BlockIndex;                         // of a recurring item: 0 first, 1 subsequent
+    uint32_t BlockFollows;                      // 1: the second block is still what the first one is
     int32_t ListedCategories;                   // rows of the category list that stand for their positions
     char16_t ShownText[ShownFields][ShownRoom]; // by control id: what a field held when it was filled
+    uint8_t FieldEdited[ShownFields];           // by control id: 1 once the owner has changed it
     RecDate ShownDate;                          // the same of the date field
 };
 

@@ -3,6 +3,8 @@
 #include "state/error_log.h"
 #include "state/state.h"
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <iterator>
 
 namespace {
@@ -41,6 +43,20 @@ void DataPath(char *to, FileKind kind) {
 
 void TransactionPath(char *to, TransactionFile file, uint32_t accountID) {
     std::snprintf(to, PathRoom, "%s\\E1_02%s%u", DataDirectory, TransactionTags[static_cast<int>(file)], accountID);
+}
+
+bool AccountOfFile(const char *name, uint32_t *accountID) {
+    for (const char *tag : TransactionTags) {
+        char whole[PathRoom];
+        const char *digits = name + std::strlen("E1_02") + std::strlen(tag);
+        const int length = std::snprintf(whole, sizeof whole, "E1_02%s", tag);
+        if (std::strncmp(name, whole, static_cast<size_t>(length)) != 0 || *digits < '1' || *digits > '9')
+            continue;
+        char *end;
+        *accountID = static_cast<uint32_t>(std::strtoul(digits, &end, 10));
+        return *end == 0;
+    }
+    return false;
 }
 
 int OpenTransactions(TransactionFile file, uint32_t accountID, OpenDisposition disposition) {

@@ -17,6 +17,9 @@ enum class TransactionFile : uint8_t { Live, Archive, LiveFilter, ArchiveFilter,
 void DataPath(char *to, FileKind kind);
 void TransactionPath(char *to, TransactionFile file, uint32_t accountID);
 
+// The account whose transactions a file of the data directory holds, by its name. False for any other name.
+bool AccountOfFile(const char *name, uint32_t *accountID);
+
 // Opens the file of a place, or one of the other data files; a handle, or below 0 (platform/files.h). Of transactions
 // the filter file is preferred when there is one and the place asks for what is shown; `filtered` (null: not wanted)
 // then says 1, otherwise 0. No account, no file: -1.
