@@ -149,6 +149,8 @@ Point TabMiddle(int slot);
 std::string Line(int n);
 // All six, joined with '/': "Tap an item on the screen/for information on that item////".
 std::string Lines();
+// And their ids, "0,207,0,0,0,0".
+std::string Ids();
 
 // --- The controls of the open form.
 struct ControlState {
