@@ -5,7 +5,6 @@
 #include "forms/forms.h"
 #include "frame/changes.h"
 #include "frame/form.h"
-#include "platform/clock.h"
 #include "platform/text.h"
 #include "state/messages.h"
 #include "store/windows.h"
@@ -92,14 +91,6 @@ void Decor(int mask) {
     PaintBar(Working(), CentreBox);
     if (state.EntryCount[CategoryList] > 1 && FetchCat(Neighbour(1), &row))
         PaintBar(row, LowerBox);
-}
-
-// Drawn from the clock; two of one instant differ.
-int64_t NewCatID() {
-    int64_t catID = ClockTicks();
-    while (CatIDToPosition(catID) > 0)
-        ++catID;
-    return catID;
 }
 
 void Fill(int initialise) {

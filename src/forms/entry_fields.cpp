@@ -201,6 +201,10 @@ int32_t ReadUnits(int32_t shown) {
 void FillCategory(int64_t catID) {
     if (!FieldPresent(CategoryField))
         return;
+    if (ControlItemCount(CategoryField) > state.ListedCategories + 1) { // what stood for another entry's ID
+        ClearControlList(CategoryField);
+        ListCategories(CategoryField);
+    }
     if (catID == 0) {
         SelectControlItem(CategoryField, 0);
         return;
@@ -211,10 +215,6 @@ void FillCategory(int64_t catID) {
         return;
     }
     // A row past the listed ones stands for the ID that the entry has.
-    if (ControlItemCount(CategoryField) > state.ListedCategories + 1) {
-        ClearControlList(CategoryField);
-        ListCategories(CategoryField);
-    }
     CatRec row;
     AddName(CategoryField, position >= 1 && FetchCat(position, &row) ? row.Name : DeletedCategoryText);
     SelectControlItem(CategoryField, state.ListedCategories + 1);

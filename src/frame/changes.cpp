@@ -6,6 +6,7 @@
 #include "ledger/recurring.h"
 #include "platform/action.h"
 #include "platform/shell.h"
+#include "state/greys.h"
 #include <algorithm>
 
 namespace {
@@ -84,6 +85,18 @@ void RecomputeBalances() {
     RefreshAccounts();
 }
 
+int FilterAccount(uint32_t accountID, int keep, FilterBy field, const FilterCriteria &criteria, uint32_t day) {
+    FilterCount count;
+    if (!ApplyFilter(accountID, keep, field, criteria, day, &count))
+        return 0;
+    state.ReconcileState = ReconcileStep::Idle;
+    if (accountID != state.CurAccount.ID)
+        return 1;
+    state.FilterView = state.FilterShown = 1;
+    state.SelectedPos[TransactionList] = std::min(count.RowsBefore[state.ArchiveView] + 1, CountTransactions());
+    return 1;
+}
+
 int ClearFilters() {
     if (!state.DataUsable)
         return 0;
@@ -101,6 +114,7 @@ int ClearFilters() {
     state.SelectedPos[TransactionList] = selection;
     if (state.CurrentScreen == TransactionList)
         LoadTranFile(state.SelectedPos[AccountList], SetRecPosition(selection, count));
+    SetGreys(state.CurrentScreen);
     if (wasShown && KindOfList(state.CurrentScreen) == FileKind::Transactions)
         RepaintScreen();
     return 1;

@@ -69,6 +69,11 @@ int32_t CpDates(const RecDate &date, uint32_t rank);
 // The current account's balances right, in the archive view those of the live file first.
 void RecomputeBalances();
 
+// Filters the rows of an account (ledger/filter.h). Of the current one the selection comes near the day, and the count
+// is right. 0 when refused.
+enum class FilterBy : uint8_t;
+struct FilterCriteria;
+int FilterAccount(uint32_t accountID, int keep, FilterBy field, const FilterCriteria &criteria, uint32_t day);
 // Removes all filter files of all accounts and returns to the row one was on. 1 when there were any.
 int ClearFilters();
 // The same for the transaction screen, with balances computed anew.

@@ -151,6 +151,7 @@ int Dialog_Init(const Form *form) {
     state.ActiveDialog = form->Dialog;
     state.OpenedForm = form;
     state.DuplicateOn = 0;
+    state.DragSource = 0; // what was held is let go
     OpenForm(form->Controls);
     if (state.CurrentScreen != GraphList) {
         state.RowCount = RowsAboveMessages;

@@ -132,10 +132,8 @@ constexpr FilterCommand Filters[] = {
 
 void Filter(int id) {
     const int32_t position = state.SelectedPos[TransactionList];
-    const uint32_t accountID = state.CurAccount.ID;
     TRec row;
     FilterCriteria criteria;
-    FilterCount count;
     const FilterCommand *filter = std::find_if(std::begin(Filters), std::end(Filters),
                                                [id](const FilterCommand &command) { return command.Id == id; });
     if (filter == std::end(Filters) || !FetchTran(position, &row)) {
@@ -143,14 +141,12 @@ void Filter(int id) {
         return;
     }
     CriteriaFromRow(row, EntriesShown(), position, state.AccountKind, &criteria);
-    if (!ApplyFilter(accountID, filter->Keep, filter->Field, criteria, row.Date.DayNumber, &count)) {
+    if (!FilterAccount(state.CurAccount.ID, filter->Keep, filter->Field, criteria, row.Date.DayNumber)) {
         Beep();
         return;
     }
-    state.ReconcileState = ReconcileStep::Idle;
-    const int32_t rows = CountTransactions();
-    state.SelectedPos[TransactionList] = std::min(count.RowsBefore[state.ArchiveView] + 1, rows);
-    LoadTranFile(state.SelectedPos[AccountList], TopAround(TransactionList, state.SelectedPos[TransactionList], rows));
+    LoadTranFile(state.SelectedPos[AccountList],
+                 TopAround(TransactionList, state.SelectedPos[TransactionList], state.EntryCount[TransactionList]));
     SetGreys(state.CurrentScreen);
     ShowHelp(Help::Filtered);
     state.Paint[state.CurrentScreen](ListWindow, PaintAll);

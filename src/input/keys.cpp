@@ -56,7 +56,7 @@ void SelectAbove() {
 void SelectBelow() {
     const int screen = state.CurrentScreen;
     const int32_t count = state.EntryCount[screen];
-    const int32_t limit = count + 2 > state.RowCount ? count + 2 : state.RowCount;
+    const int32_t limit = count + 1; // the row of a new entry
     int32_t *selected = &state.SelectedPos[screen];
     ShowListHelp();
     if (*selected >= limit)

@@ -28,7 +28,7 @@ bool Follows(const TRec &row, const TRec &other) { // or stands level with it
            (row.Date.DayNumber == other.Date.DayNumber && row.Rank >= other.Rank);
 }
 
-bool ComesFirst(const NewEntry &a, const NewEntry &b) {
+bool ComesFirst(const WaitingEntry &a, const WaitingEntry &b) {
     if (a.Account != b.Account)
         return a.Account < b.Account;
     if (a.Row.Date.DayNumber != b.Row.Date.DayNumber)
@@ -61,7 +61,7 @@ TRecFile *RoomBefore(Upward *up) {
 }
 
 // Moves the rows behind each new one up by as many as come before them. `entries` in date order.
-int MergeEntries(int handle, const NewEntry *entries, int32_t count) {
+int MergeEntries(int handle, const WaitingEntry *entries, int32_t count) {
     int32_t position = CountRecords(handle, Kind);
     Upward up = {handle, position + count + 1, 0};
     while (count > 0) {
@@ -156,21 +156,21 @@ int AddFirstRows(uint32_t accountID, uint32_t accountType) {
 }
 
 int QueueEntry(uint32_t accountID, const TRec &row) {
-    if (state.NewEntryCount == MostNewEntries && !PlaceQueuedEntries())
+    if (state.WaitingCount == MostWaitingEntries && !PlaceQueuedEntries())
         return 0;
-    NewEntry &entry = state.NewEntries[state.NewEntryCount];
-    entry = {accountID, static_cast<uint32_t>(state.NewEntryCount), row};
-    ++state.NewEntryCount;
+    WaitingEntry &entry = state.WaitingEntries[state.WaitingCount];
+    entry = {accountID, static_cast<uint32_t>(state.WaitingCount), row};
+    ++state.WaitingCount;
     return 1;
 }
 
 int PlaceQueuedEntries() {
-    NewEntry *next = state.NewEntries, *end = next + state.NewEntryCount;
+    WaitingEntry *next = state.WaitingEntries, *end = next + state.WaitingCount;
     std::sort(next, end, ComesFirst);
-    state.NewEntryCount = 0;
+    state.WaitingCount = 0;
     while (next < end) {
-        NewEntry *behind =
-            std::find_if(next, end, [=](const NewEntry &entry) { return entry.Account != next->Account; });
+        WaitingEntry *behind =
+            std::find_if(next, end, [=](const WaitingEntry &entry) { return entry.Account != next->Account; });
         const Place place = LiveRows(next->Account, Rows::All);
         ForgetFindings(place);
         const int handle = OpenPlace(place, OpenOrCreate);

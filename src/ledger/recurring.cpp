@@ -237,7 +237,7 @@ int PostDueItems() {
         refused = !PlaceQueuedEntries() || !RestoreDateOrder();
     if (!refused)
         return fired;
-    state.NewEntryCount = 0;
+    state.WaitingCount = 0;
     RefuseAction(); // no entry without its item, no item without its entry
     return 0;
 }

@@ -3,6 +3,7 @@
 #include "frame/header.h"
 #include "frame/shown.h"
 #include "ledger/markers.h"
+#include "ledger/recurring.h"
 #include "resources/art.h"
 #include "resources/geometry.h"
 #include "screens/inserting.h"
@@ -85,6 +86,7 @@ void Stroke(int position) {
 
 void Changed() {
     LoadCurrentAccount();
+    DDFileCheck(); // an item may have lost its account
 }
 
 constexpr TitleSpot Spots[] = {

@@ -21,8 +21,7 @@ void ShowSelectedAccount() {
     const int row = state.SelectedPos[AccountList] - state.TopPos[AccountList] + 1;
     if (row >= 1 && row <= state.RowCount)
         return;
-    ReloadList(AccountList,
-               TopAround(AccountList, state.SelectedPos[AccountList], state.EntryCount[AccountList]));
+    ReloadList(AccountList, TopAround(AccountList, state.SelectedPos[AccountList], state.EntryCount[AccountList]));
 }
 
 // Makes the selected account one that has transactions.
@@ -89,6 +88,7 @@ void ShowNextGraph(int forward) {
     state.GraphScale = 1;
     if (state.GraphMode == 3 && state.AccountKind == ListAccount)
         state.GraphMode = 2;
+    SetGreys(GraphList);
     doGraph(ListWindow, PaintAllButTabs);
 }
 
@@ -157,6 +157,7 @@ void EnterScreen(int screen) {
     const ListScreen *entered = ScreenOf(screen);
     if (!entered || screen == state.CurrentScreen)
         return;
+    state.DragSource = 0; // what was held is let go
     const int before = state.CurrentScreen;
     if (screen == TransactionList) {
         EnterTransactions();

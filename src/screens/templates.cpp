@@ -51,7 +51,8 @@ void Stroke(int position) {
     if (!InList(position) || !FetchFav(position, &row))
         return;
     row.Cleared = row.Cleared == 1 ? 0 : 1;
-    ModRecFile(0, position, &row);
+    if (!ModRecFile(0, position, &row))
+        return;
     state.SelectedPos[TemplateList] = position;
     ReloadAndPaint(PaintCounts | PaintRows);
     ExplainTemplate(row);

@@ -7,7 +7,6 @@
 #include "ledger/balance.h"
 #include "ledger/jeopardy.h"
 #include "ledger/reconcile.h"
-#include "platform/clock.h"
 #include "platform/shell.h"
 #include "platform/text.h"
 #include "records/entry_values.h"
@@ -299,7 +298,7 @@ void MakeCategory(int position) {
         return;
     InitCatRec(&made);
     CategoryText(row, made.Name);
-    made.CatID = ClockTicks();
+    made.CatID = NewCatID();
     const Colour colour = state.Palette[PaletteHash(made.Name)];
     made.Red = colour >> 16 & 0xFF;
     made.Green = colour >> 8 & 0xFF;

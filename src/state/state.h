@@ -61,12 +61,12 @@ struct Candidate {    // of the reconcile search
     uint32_t Seen; // 1 once its row has been painted as a part of the solution
 };
 
-struct NewEntry { // that waits to be placed by its date
+struct WaitingEntry { // that waits to be placed by its date
     uint32_t Account;
     uint32_t Order; // in which it came
     TRec Row;
 };
-inline constexpr int MostNewEntries = 5000; // the most that an import takes
+inline constexpr int MostWaitingEntries = 5000; // the most that an import takes
 
 struct KnownAccount {
     uint32_t ID, AccType;
@@ -142,8 +142,8 @@ struct State {
     int32_t KnownAccountCount;
 
     // Ledger
-    NewEntry NewEntries[MostNewEntries];
-    int32_t NewEntryCount;
+    WaitingEntry WaitingEntries[MostWaitingEntries];
+    int32_t WaitingCount;
     uint32_t RecurringInOrder; // last result of DDFileCheck
     ReconcileStep ReconcileState;
     int32_t CandidateCount, SelectedCount;
@@ -203,15 +203,15 @@ struct State {
     int32_t FormFlag;               // 0 to 3
     uint32_t FirstSign, SecondSign; // 1 plus
     uint32_t FormCleared, FormNoCash;
-    uint32_t DuplicateOn;    // the entry shown will be saved as a new one
-    uint32_t ViewIsAdvanced; // of the transaction form
-    uint32_t Reversed;       // of the conversion form: the rate shown is that of the other direction
-    WorkingRow FormRow;      // the working copy of the row that the form is for
-    RecDate DuplicateDate;   // to return to when the duplicate is dropped
-    uint32_t FormTransfer; // ID of the partner account picked for a new entry; every filling of the form clears it
-    int32_t BlockIndex;                         // of a recurring item: 0 first, 1 subsequent
-    uint32_t BlockFollows;                      // 1: the second block is still what the first one is
-    int32_t ListedCategories;                   // rows of the category list that stand for their positions
+    uint32_t DuplicateOn;     // the entry shown will be saved as a new one
+    uint32_t ViewIsAdvanced;  // of the transaction form
+    uint32_t Reversed;        // of the conversion form: the rate shown is that of the other direction
+    WorkingRow FormRow;       // the working copy of the row that the form is for
+    RecDate DuplicateDate;    // to return to when the duplicate is dropped
+    uint32_t FormTransfer;    // ID of the partner account picked for a new entry; every filling of the form clears it
+    int32_t BlockIndex;       // of a recurring item: 0 first, 1 subsequent
+    uint32_t BlockFollows;    // 1: the second block is still what the first one is
+    int32_t ListedCategories; // rows of the category list that stand for their positions
     char16_t ShownText[ShownFields][ShownRoom]; // by control id: what a field held when it was filled
     uint8_t FieldEdited[ShownFields];           // by control id: 1 once the owner has changed it
     RecDate ShownDate;                          // the same of the date field

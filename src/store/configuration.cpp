@@ -34,7 +34,7 @@ uint32_t *DividersAt(ConfRec *record, uint16_t offset) {
 // Shows `visit` each list whose columns stand in the record, with what is stored of them.
 template <typename Visit> void ForEachDividers(ConfRec *record, Visit visit) {
     for (int list = AccountList; list < ListCount; ++list)
-        if (const ListRow *row = RowOfList(list); row->List == list && row->Dividers != 0)
+        if (const ListFacts *row = FactsOfList(list); row->List == list && row->Dividers != 0)
             visit(*row, DividersAt(record, row->Dividers));
 }
 
@@ -67,7 +67,7 @@ void TakeFrontSettings(const ConfRec &record) {
 }
 
 // Keeps the edges of a damaged record in order and on the screen.
-void TakeDividers(const ListRow &row, const uint32_t *stored) {
+void TakeDividers(const ListFacts &row, const uint32_t *stored) {
     int32_t *edge = state.ColumnEdge[row.List];
     for (int i = 0; i < row.DividerCount; ++i) {
         state.StoredColumn[row.List][i] = stored[i];
@@ -104,7 +104,7 @@ void SetConfDefaults(ConfRec *record) {
     record->MovieSpeed = 20;
     record->PercentLink = 2;
     record->ConfSpare = 3;
-    ForEachDividers(record, [](const ListRow &row, uint32_t *stored) {
+    ForEachDividers(record, [](const ListFacts &row, uint32_t *stored) {
         for (int i = 0; i < row.DividerCount; ++i)
             stored[i] = normalise(row.DividerPixels[i]);
     });
@@ -148,7 +148,7 @@ int LoadConfFile() {
     if (state.PasswordOn == 0)
         state.CurrentKey = NoKey;
     TakeFrontSettings(record);
-    ForEachDividers(&record, [](const ListRow &row, const uint32_t *stored) { TakeDividers(row, stored); });
+    ForEachDividers(&record, [](const ListFacts &row, const uint32_t *stored) { TakeDividers(row, stored); });
     return read == ConfRead::Whole || WriteConfiguration(&record, In::LoadConfFile);
 }
 
@@ -165,7 +165,7 @@ int StoreConfFile() {
         record.PercentLink = state.PercentLink;
         record.ConfSpare = state.ConfSpare;
     }
-    ForEachDividers(&record, [](const ListRow &row, uint32_t *stored) {
+    ForEachDividers(&record, [](const ListFacts &row, uint32_t *stored) {
         for (int i = 0; i < row.DividerCount; ++i)
             stored[i] = DividerToStore(row.List, i);
     });

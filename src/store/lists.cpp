@@ -12,7 +12,7 @@ constexpr int16_t DayNumberAt(size_t date) {
 }
 
 // clang-format off
-constexpr ListRow Lists[] = { // ORDER LIST; GraphList has no row of its own
+constexpr ListFacts Lists[] = { // ORDER LIST; GraphList has no row of its own
     {AccountList,     FileKind::Accounts,     sizeof(ARec),   offsetof(ARec, Name),       -1,
      state.AccRows + 1, InitAs<ARec, InitARec>,     In::LoadAccFile,
      offsetof(ConfRec, AccountColumns),       3, {0, 150, 226}},
@@ -39,7 +39,7 @@ constexpr ListRow Lists[] = { // ORDER LIST; GraphList has no row of its own
 
 constexpr bool EachIsItsList() {
     int list = AccountList;
-    for (const ListRow &row : Lists) {
+    for (const ListFacts &row : Lists) {
         list += list == GraphList;
         if (row.List != list || row.Kind != KindOfList(list) || row.RowBytes != PayloadSize(row.Kind))
             return false;
@@ -51,7 +51,7 @@ static_assert(EachIsItsList());
 
 } // namespace
 
-const ListRow *RowOfList(int list) {
+const ListFacts *FactsOfList(int list) {
     if (list <= NoList || list >= ListCount)
         return nullptr;
     if (list == GraphList)
@@ -61,7 +61,7 @@ const ListRow *RowOfList(int list) {
 
 void InitRow(int list, RecordBuffer *row) {
     *row = {};
-    if (const ListRow *about = RowOfList(list))
+    if (const ListFacts *about = FactsOfList(list))
         about->Init(row->Bytes);
 }
 
@@ -69,7 +69,7 @@ void InitARec(ARec *row) {
     *row = {};
     row->Version = RecordVersion;
     for (int i = 0; i < MostDividers; ++i)
-        row->ColumnPos[i] = normalise(RowOfList(TransactionList)->DividerPixels[i]);
+        row->ColumnPos[i] = normalise(FactsOfList(TransactionList)->DividerPixels[i]);
 }
 
 void InitTRec(TRec *row) {

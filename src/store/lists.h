@@ -8,7 +8,7 @@
 
 inline constexpr int MostDividers = 5;
 
-struct ListRow {
+struct ListFacts {
     int List;
     FileKind Kind;
     uint16_t RowBytes;
@@ -23,7 +23,7 @@ struct ListRow {
 };
 
 // The row of a list, AccountList to ConversionList; GraphList is TransactionList. Null for any other number.
-const ListRow *RowOfList(int list);
+const ListFacts *FactsOfList(int list);
 
 // Rows as a new record has them: zero but for Version 1 and what records.h names. A new transaction or recurring item
 // is dated today.

@@ -12,7 +12,7 @@ namespace {
 int Open(const Place &place, In function) {
     if (!state.DataUsable)
         return -1;
-    if (!RowOfList(place.List)) {
+    if (!FactsOfList(place.List)) {
         ReportError(function, Trouble::CaseError);
         return -1;
     }
@@ -33,7 +33,7 @@ int Done(int file, FileKind kind, int succeeded, In function) {
 } // namespace
 
 int FetchBytes(const Place &place, int32_t position, RecordBuffer *record) {
-    const ListRow *list = RowOfList(place.List);
+    const ListFacts *list = FactsOfList(place.List);
     const int file = Open(place, list ? list->Loader : In::CopyRecFile);
     if (file < 0)
         return 0;

@@ -1,4 +1,5 @@
 #include "store/windows.h"
+#include "platform/clock.h"
 #include "platform/shell.h"
 #include "platform/text.h"
 #include "state/error_log.h"
@@ -12,12 +13,12 @@
 
 namespace {
 
-uint8_t *WindowRow(const ListRow &list, int index) {
+uint8_t *WindowRow(const ListFacts &list, int index) {
     return static_cast<uint8_t *>(list.Window) + index * list.RowBytes;
 }
 
 // No row of the window is one of the file's.
-void ClearWindow(const ListRow &list) {
+void ClearWindow(const ListFacts &list) {
     for (int i = 0; i < MostRows; ++i) {
         list.Init(WindowRow(list, i));
         if (list.DateKey >= 0)
@@ -41,12 +42,12 @@ int TrimBin(int file, int32_t count) {
 }
 
 // The first record decides whether the file may be used.
-int AcceptFile(int file, const ListRow &list) {
+int AcceptFile(int file, const ListFacts &list) {
     RecordBuffer record;
     return !ReadRecord(file, list.Kind, 1, record.Bytes) || AcceptVersion(record.Bytes[0], list.Loader);
 }
 
-void ReadWindow(int file, const ListRow &list) {
+void ReadWindow(int file, const ListFacts &list) {
     alignas(8) uint8_t records[MostRows * sizeof(BinRecFile)]; // the widest kind that a list shows
     const int32_t read = ReadRecords(file, list.Kind, state.TopPos[list.List], state.RowCount, records);
     for (int i = 0; i < read; ++i) {
@@ -66,14 +67,14 @@ int ShowNothing(int list) {
 }
 
 template <typename Rec> int FetchOrInit(int32_t position, Rec *row) {
-    RowOfList(ListOf<Rec>)->Init(row);
+    FactsOfList(ListOf<Rec>)->Init(row);
     return FetchRecord(Place{ListOf<Rec>}, position, row);
 }
 
 } // namespace
 
 int LoadListWindow(int list, int32_t top) {
-    const ListRow *about = RowOfList(list);
+    const ListFacts *about = FactsOfList(list);
     if (!about || !about->Window)
         return 0;
     ClearWindow(*about);
@@ -110,7 +111,7 @@ int LoadAccFile(int32_t top) {
 int LoadBinFile(int32_t top) {
     const int file = state.DataUsable ? OpenDataFile(FileKind::Bin, OpenOrCreate) : -1;
     const int32_t count = CountRecords(file, FileKind::Bin);
-    if (count > BinTrimAbove && AcceptFile(file, *RowOfList(BinList)))
+    if (count > BinTrimAbove && AcceptFile(file, *FactsOfList(BinList)))
         static_cast<void>(TrimBin(file, count)); // an untrimmed bin is a bin all the same
     CloseFile(file);
     const int loaded = LoadListWindow(BinList, top);
@@ -187,6 +188,13 @@ int32_t CatIDToPosition(int64_t catID) {
 int64_t CatPositionToID(int32_t position) {
     CatRec row;
     return FetchCat(position, &row) ? row.CatID : 0;
+}
+
+int64_t NewCatID() {
+    int64_t catID = ClockTicks();
+    while (CatIDToPosition(catID) > 0)
+        ++catID;
+    return catID;
 }
 
 int AcceptVersion(uint8_t version, In function) {

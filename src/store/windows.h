@@ -43,6 +43,8 @@ int32_t TopAround(int list, int32_t selection, int32_t count);
 // Position of a category's CatID, -1 for none; and back, 0 for none.
 int32_t CatIDToPosition(int64_t catID);
 int64_t CatPositionToID(int32_t position);
+// A new CatID, drawn from the clock; two of one instant differ.
+int64_t NewCatID();
 
 // Takes the data-refused path when a file's first record has another version than 1: reports WrongVersion under
 // `function`. 1 when the record may be used.
