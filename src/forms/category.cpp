@@ -166,6 +166,6 @@ int OpenCategoryForm() {
         return 0;
     if (!Dialog_Init(&CategoryForm))
         return 0;
-    ShowHelp(isNew ? Help::NewCategory : Help::ChangeCategory);
+    ShowHelp(Help::CategoryOrConversion);
     return 1;
 }

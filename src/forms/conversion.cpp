@@ -158,6 +158,6 @@ int OpenConversionForm() {
     state.Reversed = Working().DirectionState != 0;
     if (!Dialog_Init(&ConversionForm))
         return 0;
-    ShowHelp(Help::ChangeConversion);
+    ShowHelp(Help::CategoryOrConversion);
     return 1;
 }

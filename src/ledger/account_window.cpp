@@ -2,7 +2,6 @@
 #include "ledger/balance.h"
 #include "ledger/markers.h"
 #include "ledger/order.h"
-#include "platform/shell.h"
 #include "state/error_log.h"
 #include "state/state.h"
 #include "store/catalogue.h"
@@ -61,10 +60,8 @@ void ShowRows(const RowsRead &window) {
             continue;
         const TRec &record = window.Records[row - 1].Rec;
         CopyFields(FieldsOfList(TransactionList), &record, &shown.Rec);
-        if (record.Version != RecordVersion) {
-            Beep();
-            TraceWide(record.Name);
-        }
+        if (record.Version != RecordVersion)
+            ReportDamagedRow(record.Name);
     }
 }
 

@@ -157,9 +157,7 @@ enum class AddedLine : int16_t {
     SET(ChangeTemplate,             136,       131,         2,         3,       117,         0)  \
     SET(NewRecurring,               132,       152,         2,         3,       117,         0)  \
     SET(ChangeRecurring,            136,       152,         2,         3,       117,         0)  \
-    SET(NewCategory,                132,       358,         2,         3,       117,         0)  \
-    SET(ChangeCategory,             136,       358,         2,         3,       117,         0)  \
-    SET(ChangeConversion,           122,        41,         0,         2,         3,         0)  \
+    SET(CategoryOrConversion,       122,        41,         0,         2,         3,         0)  \
     SET(Configuration,                0,       122,       167,         0,         2,         3)  \
     SET(Notepad,                      0,       160,       161,         0,       162,         0)  \
     /* Fields and parts of forms */                                                              \

@@ -1,6 +1,5 @@
 #include "store/windows.h"
 #include "platform/clock.h"
-#include "platform/shell.h"
 #include "platform/text.h"
 #include "state/error_log.h"
 #include "state/messages.h"
@@ -53,10 +52,8 @@ void ReadWindow(int file, const ListFacts &list) {
     for (int i = 0; i < read; ++i) {
         uint8_t *row = WindowRow(list, i);
         CopyFields(FieldsOfList(list.List), records + i * RecordSize(list.Kind), row);
-        if (row[0] != RecordVersion) {
-            Beep();
-            TraceWide(reinterpret_cast<const char16_t *>(row + list.Name));
-        }
+        if (row[0] != RecordVersion)
+            ReportDamagedRow(reinterpret_cast<const char16_t *>(row + list.Name));
     }
 }
 

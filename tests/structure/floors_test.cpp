@@ -222,3 +222,50 @@ TEST(Structure, NothingAboveTheSeamGoesAroundIt) {
         }
     }
 }
+
+// What is shown is the business of those who show it; the floors below are told a place.
+TEST(Structure, WordsStayOnTheirFloors) {
+    constexpr struct {
+        const char *Words, *Folders, *Reason; // folders in which a word may stand
+    } rules[] = {
+        {"CurrentScreen ArchiveView CurAccount", "state drawing frame forms screens input program",
+         "an operation is told its place"},
+        {"Beep ShowHelp ShowHelpMessage ForceHelp RepeatHelp Paint",
+         "platform state store drawing frame forms screens input program",
+         "rules return an outcome; screens say and paint it"},
+    };
+    for (const auto &rule : rules) {
+        std::istringstream words(rule.Words), folders(rule.Folders);
+        const std::set<std::string> watched{std::istream_iterator<std::string>(words), {}};
+        const std::set<std::string> allowed{std::istream_iterator<std::string>(folders), {}};
+        int seen = 0;
+        for (const fs::path &file : SourceFiles()) {
+            const std::string top = file.begin()->string();
+            if (FloorOf(file)->Level == Hosts || top == "resources")
+                continue;
+            const std::vector<std::string> lines = LinesOf(file);
+            for (size_t n = 0; n < lines.size(); ++n)
+                for (const std::string &word : WordsOf(CodeOf(lines[n])))
+                    if (watched.count(word)) {
+                        ++seen;
+                        EXPECT_TRUE(allowed.count(top)) << Where(file, n) << ": " << word << ": " << rule.Reason;
+                    }
+        }
+        EXPECT_GT(seen, 20) << rule.Words;
+    }
+}
+
+// Records are bytes of no type in their tables and on the way to and from a file, and nowhere else.
+TEST(Structure, NoRecordLosesItsType) {
+    static const std::set<std::string> tables = {"records/fields.h", "records/fields.cpp", "store/lists.h",
+                                                 "store/lists.cpp",  "store/catalogue.h",  "store/catalogue.cpp",
+                                                 "cipher/hooks.h",   "cipher/hooks.cpp"};
+    for (const fs::path &file : SourceFiles()) {
+        const std::string top = file.begin()->string();
+        if (FloorOf(file)->Level == Hosts || top == "platform" || tables.count(file.generic_string()))
+            continue;
+        const std::vector<std::string> lines = LinesOf(file);
+        for (size_t n = 0; n < lines.size(); ++n)
+            EXPECT_EQ(CodeOf(lines[n]).find("void *"), std::string::npos) << Where(file, n) << ": " << lines[n];
+    }
+}
