@@ -5,6 +5,7 @@
 #include "forms/forms.h"
 #include "frame/changes.h"
 #include "frame/form.h"
+#include "frame/refusal.h"
 #include "platform/text.h"
 #include "state/messages.h"
 #include "store/windows.h"
@@ -122,6 +123,8 @@ void Step(int step) {
         TellUnwritten();
         return;
     }
+    if (!FinishAction())
+        return;
     state.DuplicateOn = 0;
     state.SelectedPos[CategoryList] = Neighbour(step);
     Fill(1);

@@ -4,6 +4,7 @@
 #include "forms/forms.h"
 #include "frame/changes.h"
 #include "frame/form.h"
+#include "frame/refusal.h"
 #include "frame/shown.h"
 #include "ledger/entries.h"
 #include "ledger/order.h"
@@ -263,8 +264,8 @@ int SaveEntry() {
     const bool isNew = WillBeNew();
     if (state.FilterView)
         ClearFilters();
-    if (WriteEntry(isNew) && KeepAction())
-        return 1;
+    if (WriteEntry(isNew))
+        return FinishAction();
     TellUnwritten();
     return 0;
 }

@@ -4,7 +4,6 @@
 #include "ledger/filter.h"
 #include "ledger/order.h"
 #include "ledger/recurring.h"
-#include "platform/action.h"
 #include "platform/shell.h"
 #include "state/greys.h"
 #include <algorithm>
@@ -57,14 +56,6 @@ int DeleteRecRange(int32_t first, int32_t last) {
     const int deleted = DeleteRangeToBin(place, first, last);
     Recount(place);
     return deleted;
-}
-
-int KeepAction() {
-    const int kept = CommitAction();
-    BeginAction();
-    if (!kept)
-        ReloadShown();
-    return kept;
 }
 
 int32_t CpDates(const RecDate &date, uint32_t rank) {

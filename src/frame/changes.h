@@ -60,10 +60,6 @@ int DeleteRecMem(int32_t position);
 // A range of the list shown; -1 and 0 as DeleteRangeToBin, 0 for a filtered view.
 int DeleteRecRange(int32_t first, int32_t last);
 
-// Makes what this event has done so far durable, and goes on. 0 when the machine refuses: then nothing of it stands,
-// and what is shown has been read again.
-[[nodiscard]] int KeepAction();
-
 // Where a new record of the list shown belongs.
 int32_t CpDates(const RecDate &date, uint32_t rank);
 // The current account's balances right, in the archive view those of the live file first.

@@ -5,6 +5,7 @@
 #include "frame/form_parts.h"
 #include "frame/header.h"
 #include "frame/message_window.h"
+#include "frame/refusal.h"
 #include "frame/scroll.h"
 #include "frame/shown.h"
 #include "platform/shell.h"
@@ -67,10 +68,10 @@ void TickForm() {
     if (!state.OpenedForm->Tick)
         return;
     const int result = state.OpenedForm->Tick();
-    if (result == TickDone)
+    if (result == TickUnwritten)
+        GiveActionUp();
+    else if (result == TickDone && FinishAction())
         Dialog_End();
-    else if (result == TickUnwritten)
-        TellUnwritten();
 }
 
 void CrossForm() {
@@ -264,5 +265,5 @@ void RefuseTick(Help help) {
 }
 
 void TellUnwritten() {
-    RefuseTick(Help::NotWritten);
+    GiveActionUp();
 }

@@ -4,7 +4,6 @@
 #include "state/state.h"
 #include "store/configuration.h"
 #include "store/index.h"
-#include <algorithm>
 
 namespace {
 
@@ -29,10 +28,6 @@ void SetTransactionEdges(const ARec &account) {
         state.LoadedEdge[TransactionList][i] = edge[i];
         state.StoredColumn[TransactionList][i] = account.ColumnPos[i];
     }
-}
-
-void KeepInside(int list) {
-    state.SelectedPos[list] = std::min(state.SelectedPos[list], state.EntryCount[list]);
 }
 
 } // namespace
@@ -121,21 +116,6 @@ int FetchTran(int32_t position, TRec *row) {
         return 1;
     row->ClearedUnits = 1;
     return 0;
-}
-
-void ReloadShown() {
-    const uint32_t accountID = state.CurAccount.ID;
-    ReloadList(AccountList, state.TopPos[AccountList]);
-    KeepInside(AccountList);
-    if (const int32_t position = IDtoRec(accountID))
-        state.SelectedPos[AccountList] = position;
-    LoadCurrentAccount();
-    const int list = state.CurrentScreen;
-    if (state.TranFileShown != 0 || KindOfList(list) == FileKind::Transactions)
-        LoadTranFile(state.SelectedPos[AccountList], state.TopPos[TransactionList]);
-    if (list != AccountList && KindOfList(list) != FileKind::Transactions)
-        ReloadList(list, state.TopPos[list]);
-    KeepInside(list);
 }
 
 int32_t SetRecPosition(int32_t selection, int32_t count) {

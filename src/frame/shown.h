@@ -36,8 +36,6 @@ void RefreshAccounts();
 int32_t CountTransactions();
 // One entry of the rows shown. 1, or 0 and the defaults when there is no such position.
 int FetchTran(int32_t position, TRec *row);
-// After a record operation that failed: everything that is shown is read again, as the files have it.
-void ReloadShown();
 
 // The top that brings a selection to the middle of the window shown.
 int32_t SetRecPosition(int32_t selection, int32_t count);

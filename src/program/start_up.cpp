@@ -31,11 +31,33 @@ namespace {
 
 // --- Before the windows
 
-void MakeDirectories() {
-    static constexpr const char *Paths[] = {"\\Program Files", "\\Program Files\\Zentrik", DataDirectory};
-    for (const char *path : Paths)
+void MakeDirectories(std::span<const char *const> paths) {
+    for (const char *path : paths)
         if (!DirectoryThere(path) && !MakeDirectory(path))
             return; // whatever needs it reports for itself
+}
+
+constexpr const char *DirectoriesOutside[] = {"\\Program Files", "\\Program Files\\Zentrik"};
+constexpr const char *DirectoriesOfData[] = {DataDirectory};
+
+// Nothing may be read before the data are this process's alone and hold all that was done before.
+void TakeData() {
+    MakeDirectories(DirectoriesOutside);
+    const int locked = LockFiles();
+    if (locked == 1 && RecoverFiles())
+        return;
+    state.DataUsable = 0;
+    state.Refusal = locked == 0    ? DataRefusal::InUse
+                    : locked == -1 ? DataRefusal::Unreachable
+                                   : DataRefusal::Unrecovered;
+    TellTerminal(locked == 0 ? "zentrik: another program uses the data"
+                             : "zentrik: the data can't be taken for this program alone, or the journal not applied");
+}
+
+// The start is several actions, none of which an undo takes back.
+void BeginStep() {
+    BeginAction();
+    ActionLeavesNoHistory();
 }
 
 void AskForNames() {
@@ -53,10 +75,20 @@ void OpenMessageWindow() {
 }
 
 // Enciphered data can't be read before a pass code is asked for, and they may not be touched; nor may data of which a
-// part can't be read.
-void RefuseData() {
+// part can't be read or is lost.
+void RefuseData(DataRefusal reason) {
     state.DataUsable = 0;
+    state.Refusal = reason;
     OpenMessageWindow();
+}
+
+// Ends one step of the start and begins the next. 0 when the step was refused; what can't be read is not used at all.
+int NextAction() {
+    const int done = CommitAction();
+    if (!done && ActionRefused() == ReadRefused && state.DataUsable)
+        RefuseData(DataRefusal::Unreadable);
+    BeginStep();
+    return done;
 }
 
 bool Missing(FileKind kind) {
@@ -121,7 +153,8 @@ AccountFiles FindAccountFiles() {
     return found;
 }
 
-void FirstLoad() {
+// 1 when all of it was done and is durable.
+int FirstLoad() {
     FurtherList lists[] = {
         {FileKind::Recurring, RecurringList, LoadDDFile, 1, true, 0},
         {FileKind::Templates, TemplateList, LoadFavFile, 0, true, 0},
@@ -134,14 +167,21 @@ void FirstLoad() {
     const bool noAccounts = usable && state.EntryCount[AccountList] == 0;
     const AccountFiles files = noAccounts ? FindAccountFiles() : AccountFiles::None;
     if (files == AccountFiles::Lost) {
-        RefuseData();
+        RefuseData(DataRefusal::AccountsLost);
         usable = 0;
     }
     const bool firstRun = noAccounts && files == AccountFiles::None;
-    if (usable && !ActionRefused())
-        FillWithSamples(lists, firstRun);
+    int done = 1;
+    if (usable) {
+        if (!ActionRefused())
+            FillWithSamples(lists, firstRun);
+        done = NextAction();
+        CheckT1totals();
+        done = NextAction() && done;
+    }
     if (firstRun || !usable)
         OpenMessageWindow();
+    return done;
 }
 
 void ShowFirstAccount() {
@@ -158,28 +198,17 @@ void ShowFirstAccount() {
 
 // --- The first screen
 
-// Ends one step of the start and begins the next. 0 when the step was refused; what can't be read is not used at all.
-int EndStep() {
-    const int done = CommitAction();
-    if (!done && ActionRefused() == ReadRefused)
-        RefuseData();
-    BeginAction();
-    return done;
-}
-
-void ShowFirstScreen() {
+void ShowFirstScreen(int loaded) {
     state.FrontPageDone = 1;
     // A disk that refuses says so before anything is entered.
-    if (state.DataUsable)
-        CheckT1totals();
-    const int writable = EndStep();
+    const bool writable = !state.DataUsable || loaded;
     if (!writable)
         OpenMessageWindow();
     SetMenuBar();
     if (state.DataUsable) {
         CheckDDs();
         DDFileCheck();
-        EndStep();
+        static_cast<void>(NextAction());
     }
     state.CurrentScreen = AccountList;
     ReloadList(AccountList, 1);
@@ -198,32 +227,39 @@ int StartUp() {
         return -1;
     ResetState();
     SetPaintProcedures();
-    MakeDirectories();
+    TakeData();
+    BeginStep();
+    MakeDirectories(DirectoriesOfData);
     DefaultPalette();
     AskForNames();
-    if (!CreateWindows())
+    if (!CreateWindows()) {
+        AbortAction();
         return 0;
+    }
     LoadHelp();
-    BeginAction();
-    if (!LoadConfFile())
-        RefuseAction();
-    UpdateBmap();
+    if (state.DataUsable) {
+        if (!LoadConfFile())
+            RefuseActionFor(ReadRefused);
+        UpdateBmap();
+    }
     if (state.PasswordOn == 1)
-        RefuseData();
-    FirstLoad();
-    EndStep();
+        RefuseData(DataRefusal::WrongVersion); // until a pass code is asked for
+    const int loaded = FirstLoad();
     ShowFirstAccount();
-    ShowFirstScreen();
+    ShowFirstScreen(loaded);
     static_cast<void>(CommitAction()); // what showing wrote is written again when it is needed
+    static_cast<void>(LockFiles());    // with the data directory, which may be this start's
     return 1;
 }
 
 void ShutDown(int keepFilters) {
+    BeginStep();
     if (state.DataUsable) {
         if (!keepFilters)
             ClearFilters();
         StoreConfFile();
     }
-    SyncFiles();
+    static_cast<void>(CommitAction()); // refused or not, the program leaves
+    static_cast<void>(SyncFiles());    // what it can't bring to the disk, the next start finds in the journal
     LeaveLoop();
 }

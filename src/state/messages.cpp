@@ -13,6 +13,13 @@ constexpr bool InOrder() {
 }
 static_assert(InOrder());
 
+// What is said in place of everything else while the data can't be used.
+constexpr Help Refusals[] = {
+    // ORDER DATAREFUSAL
+    Help::WrongVersion,    Help::DataInUse,      Help::DataUnreachable,
+    Help::DataUnrecovered, Help::DataUnreadable, Help::AccountsLost,
+};
+
 char16_t Slots[LastMessage + 1][MessageRoom];
 
 void WriteSlot(char16_t *slot, const char16_t *text) {
@@ -41,7 +48,8 @@ void ShowHelpMessage(int align, int force, int line1, int line2, int line3, int 
                                    static_cast<int16_t>(line3), static_cast<int16_t>(line4),
                                    static_cast<int16_t>(line5), static_cast<int16_t>(line6)};
     if (!state.DataUsable) {
-        std::memcpy(lines, LinesOf(state.PasswordOn == 1 ? Help::Enciphered : Help::WrongVersion), sizeof lines);
+        const Help refusal = state.PasswordOn == 1 ? Help::Enciphered : Refusals[static_cast<int>(state.Refusal)];
+        std::memcpy(lines, LinesOf(refusal), sizeof lines);
         align = 1;
     }
     const bool same = std::memcmp(lines, state.MessageLine, sizeof lines) == 0 && align == state.MessageAlign;

@@ -54,6 +54,16 @@ enum class NextStep : uint8_t {
 
 enum class ReconcileStep : int32_t { Idle, Impossible, Solved, Computing };
 
+// Why DataUsable is 0. ORDER DATAREFUSAL
+enum class DataRefusal : uint8_t { // ORDER DATAREFUSAL: the lines that say so
+    WrongVersion,
+    InUse,       // another process has the data
+    Unreachable, // they can't be taken for this process alone
+    Unrecovered, // the journal can't be applied
+    Unreadable,
+    AccountsLost, // entries are there, and no list of accounts
+};
+
 struct Candidate {    // of the reconcile search
     int32_t Position; // row
     FixedAmount Sum;  // what the row would add to the cleared balance
@@ -92,7 +102,8 @@ struct State {
     int32_t CurrentScreen; // a List: the screen shown, and the list that the store works on
     int32_t ActiveDialog;  // a Dialog
     NextStep Next;
-    uint32_t DataUsable;                   // 0 after WrongVersion: nothing is read or written any more
+    uint32_t DataUsable;                   // 0 after a refusal: nothing is read or written any more
+    DataRefusal Refusal;                   // of the data, counts while DataUsable is 0
     uint32_t FrontPageDone;                // 1 once the first screen may be used
     RecDate SharedToday;                   // start-up date, refreshed by CheckDDs; the jeopardy test compares with it
     const char16_t *MonthNames[13];        // [1] January, short
