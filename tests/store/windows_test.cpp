@@ -160,7 +160,7 @@ TEST_F(Lists, AFullBinKeepsItsNewest) {
     EXPECT_EQ(state.EntryCount[BinList], 5250);
     fill(5251);
     const auto before = Snapshot(Root.Path());
-    for (int n = 1, met = 1, done = 0; met; n += n < 4 || n > 18 ? 1 : 5) {
+    for (int n = 1, met = 1, done = 0; met; n += n < 4 ? 1 : 9) {
         fill(5251);
         met = WithFailingDisk({.FailAt = n}, [&] { done = AsAction([] { EXPECT_EQ(LoadBinFile(1), 1); }); });
         EXPECT_TRUE(met || done);
