@@ -2,6 +2,7 @@
 #include "input/wndproc.h"
 #include "platform/files.h"
 #include "program/start_up.h"
+#include "screens/movie.h"
 #include "state/state.h"
 
 int WinMain() {
@@ -12,6 +13,8 @@ void HandleEvent(const Event &event) {
     if (state.Next == NextStep::Left)
         return;
     WndProc(event);
+    if (state.Next == NextStep::LeaveFrontPage)
+        GoOnFromPage();
     if (state.Next != NextStep::Leave && state.Next != NextStep::LeaveFiltered)
         return;
     ShutDown(state.Next == NextStep::LeaveFiltered);
@@ -20,5 +23,5 @@ void HandleEvent(const Event &event) {
 
 int IdleStep() {
     SyncFiles();
-    return 0;
+    return DrawAbout();
 }

@@ -13,6 +13,7 @@
 #include "platform/files.h"
 #include "platform/shell.h"
 #include "program/sample_data.h"
+#include "screens/front_page.h"
 #include "screens/list_screen.h"
 #include "screens/screens.h"
 #include "state/greys.h"
@@ -171,9 +172,17 @@ int StartUp() {
     UpdateBmap();
     if (state.PasswordOn == 1)
         RefuseEncipheredData();
+    if (state.ShowFrontPage == 1)
+        OpenFrontPage();
+    else
+        GoOnFromPage();
+    return 1;
+}
+
+void GoOnFromPage() {
+    state.Next = NextStep::None;
     FirstLoad();
     ShowFirstScreen();
-    return 1;
 }
 
 void ShutDown(int keepFilters) {
