@@ -1,6 +1,7 @@
 // What a person who can't see the screen is told: the accessibility tree of the real program, read back.
 #include "frame/form.h"
 #include "host_qt/hands.h"
+#include "hosts/qt/accessible.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/start.h"
 #include "platform/files.h"
@@ -135,7 +136,7 @@ void Sitting(const std::function<void()> &story) {
             _exit(1);
         ShowDevice();
         host.Frame->activateWindow();
-        QAccessible::installUpdateHandler(Remember);
+        SendSpeech = Remember;
         QAccessible::setActive(true);
         Settle();
         story();
@@ -157,7 +158,7 @@ TEST(Speech, EachScreenIsReadWithItsRowsAmountsTabsAndTitles) {
         {AccountList,
          {"heading Accounts", "text 3 entries", "button Account after", "title Name", "title Balance",
           "row Current account, 516.00 (selected)", "row red flag, Work expenses, -162.03", "row blank row",
-          "tab Accounts (selected)", "tab Bin", "button Other tabs", "text Tap an item on the screen", "button Help",
+          "tab Accounts (selected)", "tab Bin", "button Other tabs", "text Tapping the gold tab", "button Help",
           "button New", "button Tools"}},
         {TransactionList,
          {"heading Current account", "title Date", "title Name", "title Value", "title Balance",
@@ -214,7 +215,7 @@ TEST(Speech, WhatIsToldCanBeWorked) {
         Press("Balance");
         EXPECT_EQ(state.ReconciledView, 1u);
         Press("Accounts");
-        Press("Savings account, 3033.21");
+        Press("Savings account, -2966.79");
         EXPECT_EQ(state.SelectedPos[AccountList], 2);
     });
 }

@@ -7,19 +7,33 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QComboBox>
-#include <QLineEdit>
 #include <QScrollBar>
 #include <QTimer>
 #include <algorithm>
+
+void (*SendSpeech)(QAccessibleEvent *event) = QAccessible::updateAccessibility;
 
 namespace {
 
 Spot spots[MostSpots];
 int spotCount;
+bool stale = true; // something may have changed since they were read
+bool listening;    // somebody wants to be told
 
 void ReadSpots() {
     spotCount = ListSpots(spots, MostSpots);
+    stale = false;
 }
+
+void Refresh() {
+    if (stale)
+        ReadSpots();
+}
+
+class ListenerWatch : public QAccessible::ActivationObserver {
+public:
+    void accessibilityActiveChanged(bool active) override { listening = active; }
+};
 
 // ORDER SPOTKIND
 constexpr QAccessible::Role Roles[] = {
@@ -45,6 +59,7 @@ public:
     SpotObject(Window where, int index) : Where(where), Index(index) {}
 
     const Spot *Now() const {
+        Refresh();
         int left = Index;
         for (int i = 0; i < spotCount; ++i)
             if (spots[i].Where == Where && left-- == 0)
@@ -126,6 +141,7 @@ SpotObject *ObjectOf(Window where, int index) {
 }
 
 int CountIn(Window where) {
+    Refresh();
     return static_cast<int>(
         std::count_if(spots, spots + spotCount, [where](const Spot &spot) { return spot.Where == where; }));
 }
@@ -136,6 +152,7 @@ int IndexInWindow(int spot) {
 }
 
 int SelectedRow() {
+    Refresh();
     for (int i = 0; i < spotCount; ++i)
         if (spots[i].Kind == SpotKind::Row && spots[i].Selected)
             return i;
@@ -146,9 +163,7 @@ int SelectedRow() {
 
 class WindowObject : public QAccessibleWidget {
 public:
-    explicit WindowObject(ProgramWindow *window) : QAccessibleWidget(window, QAccessible::Pane), Which(window->Which) {
-        ReadSpots();
-    }
+    explicit WindowObject(ProgramWindow *window) : QAccessibleWidget(window, QAccessible::Pane), Which(window->Which) {}
 
     QAccessible::Role role() const override {
         return Which == ListWindow ? QAccessible::List : Which == DialogWindow ? QAccessible::Form : QAccessible::Pane;
@@ -228,9 +243,6 @@ QAccessibleInterface *MakeObject(const QString &, QObject *object) {
         return new WindowObject(static_cast<ProgramWindow *>(widget));
     if (auto *combo = qobject_cast<QComboBox *>(widget))
         return new ComboObject(combo);
-    // The line within a box that has more to it bears the box's name.
-    if (qobject_cast<QLineEdit *>(widget) && widget->accessibleName().isEmpty() && widget->parentWidget())
-        widget->setAccessibleName(widget->parentWidget()->accessibleName());
     if (widget->parentWidget() == host.Frame->Bar && widget->accessibleName().isEmpty())
         return new NothingObject(widget);
     return nullptr;
@@ -240,7 +252,7 @@ QAccessibleInterface *MakeObject(const QString &, QObject *object) {
 
 void Tell(QAccessible::Event what, int spot) {
     QAccessibleEvent event(ObjectOf(spots[spot].Where, IndexInWindow(spot)), what);
-    QAccessible::updateAccessibility(&event);
+    SendSpeech(&event);
 }
 
 bool SameName(const Spot &a, const Spot &b) {
@@ -262,7 +274,7 @@ void TellOther(const Spot &before, int spot) {
         changed.checked = before.On != now.On;
         changed.selected = before.Selected != now.Selected;
         QAccessibleStateChangeEvent event(ObjectOf(now.Where, IndexInWindow(spot)), changed);
-        QAccessible::updateAccessibility(&event);
+        SendSpeech(&event);
     }
 }
 
@@ -272,7 +284,7 @@ void TellAnew() {
         if (!window || window->isHidden())
             continue;
         QAccessibleEvent event(window, QAccessible::ObjectReorder);
-        QAccessible::updateAccessibility(&event);
+        SendSpeech(&event);
     }
     for (int i = 0; i < spotCount; ++i)
         if (spots[i].Kind == SpotKind::Message)
@@ -282,13 +294,18 @@ void TellAnew() {
 } // namespace
 
 void OfferSpeech() {
+    static ListenerWatch watch;
     QAccessible::installFactory(MakeObject);
+    QAccessible::installActivationObserver(&watch);
+    listening = QAccessible::isActive();
 }
 
 void TellChanges() {
     static Spot before[MostSpots];
-    if (!QAccessible::isActive() || !host.Frame)
+    if (!listening || !host.Frame) {
+        stale = true;
         return;
+    }
     const int count = spotCount, rowBefore = SelectedRow();
     std::copy(spots, spots + count, before);
     ReadSpots();

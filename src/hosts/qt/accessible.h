@@ -2,7 +2,11 @@
 // an object with name, role, states and an action, beside the real controls.
 #pragma once
 
+class QAccessibleEvent;
+
 // Once, before the first window.
 void OfferSpeech();
 // After an event: tells who listens what has changed. Nothing while nobody does.
 void TellChanges();
+// The way of an event to the desktop; the toolkit lets none pass where no desktop listens.
+extern void (*SendSpeech)(QAccessibleEvent *event);
