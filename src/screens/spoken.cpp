@@ -154,7 +154,7 @@ constexpr ItemWords Items[] = {
     // item           kind              name                    word                    at 0       at 1
     {FlagItem,        SpotKind::Choice, u"Flag",                nullptr,                nullptr,   nullptr},
     {FirstSignItem,   SpotKind::Choice, u"Sign",                &State::FirstSign,      u"minus",  u"plus"},
-    {SecondSignItem,  SpotKind::Choice, u"Sign of the number",  &State::SecondSign,     u"minus",  u"plus"},
+    {SecondSignItem,  SpotKind::Choice, u"Sign",                &State::SecondSign,     u"minus",  u"plus"},
     {ClearedItem,     SpotKind::Check,  u"Reconciled",          &State::FormCleared,    nullptr,   nullptr},
     {FreeItem,        SpotKind::Check,  u"Gratis",              &State::FormNoCash,     nullptr,   nullptr},
     {DuplicateItem,   SpotKind::Check,  u"Duplicate",           &State::DuplicateOn,    nullptr,   nullptr},
@@ -172,12 +172,30 @@ const char16_t *FlagWord() {
     return Flags[state.FormFlag & 3];
 }
 
+// The name of the real control right of a mark; "" for none.
+const char16_t *NameBeside(const Rect &box) {
+    const FormTemplate &form = *state.OpenedForm->Controls;
+    const int middle = (box.Top + box.Bottom) / 2;
+    const FormControl *nearest = nullptr;
+    for (int i = 0; i < form.Count; ++i) {
+        const FormControl &control = form.Controls[i];
+        if (control.X >= box.Left && middle >= control.Y && middle < control.Y + control.Height &&
+            (!nearest || control.X < nearest->X))
+            nearest = &control;
+    }
+    return nearest ? nearest->Name : u"";
+}
+
 void ListItem(SpotList *list, const ItemWords &words, const Rect &box) {
     Spot *spot = Add(list, words.Kind, DialogWindow, box, words.Name);
     if (!spot)
         return;
     const bool on = words.Word && state.*(words.Word);
-    spot->On = on;
+    spot->On = on && words.Kind == SpotKind::Check;
+    if (words.Item == FirstSignItem || words.Item == SecondSignItem) {
+        AppendAscii(spot->Name, SpotNameRoom, " of ");
+        AppendText(spot->Name, SpotNameRoom, NameBeside(box));
+    }
     if (words.Item == FlagItem)
         Join(spot->Name, FlagWord());
     else if (words.On)

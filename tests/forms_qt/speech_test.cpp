@@ -227,12 +227,15 @@ TEST(Speech, MarksAndBoxesOfAFormAreNamedByTheirLabels) {
         HandleEvent({.Kind = EventKind::Command, .Code = CommandNew});
         Settle();
         const std::vector<std::string> tree = Tree();
-        for (const char *line : {"button Flag, none", "button Sign, minus", "check Reconciled", "text Name",
+        for (const char *line : {"button Flag, none", "button Sign of Amount, minus", "check Reconciled", "text Name",
                                  "combo Name", "combo Amount", "box Amount", "combo Fraction", "check Advanced view"})
             EXPECT_TRUE(Has(tree, line)) << line << " is not among\n" << All(tree);
         EXPECT_FALSE(Has(tree, "combo 0") || Has(tree, "box 0") || Has(tree, "box ") || Has(tree, "combo "))
             << All(tree);
         EXPECT_FALSE(Has(tree, "tab Accounts")) << "the list lies behind the form";
+        EXPECT_FALSE(Has(tree, "button Sign of Amount, plus (on)"));
+        Press("Sign of Amount, minus");
+        EXPECT_TRUE(Has(Tree(), "button Sign of Amount, plus")) << All(Tree());
         Press("Flag, none");
         Press("Reconciled");
         EXPECT_EQ(state.FormFlag, 1);
