@@ -13,6 +13,7 @@
 #include "ledger/jeopardy.h"
 #include "platform/shell.h"
 #include "resources/menus.h"
+#include "screens/front_page.h"
 #include "screens/inserting.h"
 #include "screens/list_screen.h"
 #include "screens/moving.h"
@@ -302,6 +303,10 @@ void Eyes(int) {
     ToggleEyes();
 }
 
+void About(int) {
+    OpenAbout();
+}
+
 void Refuse(int) {
     Beep();
 }
@@ -358,7 +363,7 @@ constexpr CommandRow Commands[] = {
     {CommandDeleteFinish,    Deletable,      InForm::Nothing,  DeleteRange},
     {CommandDeletePreceding, Deletable,      InForm::Nothing,  DeletePreceding},
     {CommandEmptyBin,        Everywhere,     InForm::Nothing,  EmptyTheBin},
-    {CommandAbout,           Everywhere,     InForm::Nothing,  Refuse},
+    {CommandAbout,           Everywhere,     InForm::Nothing,  About},
     {CommandExport,          Entries,        InForm::Beeps,    Refuse},
     {CommandImport,          Entries,        InForm::Beeps,    Refuse},
     {CommandBackup,          Everywhere,     InForm::Nothing,  Refuse},

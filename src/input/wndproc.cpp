@@ -8,6 +8,7 @@
 #include "input/scrolling.h"
 #include "platform/surface.h"
 #include "resources/menus.h"
+#include "screens/front_page.h"
 #include "screens/list_screen.h"
 #include "state/messages.h"
 
@@ -31,7 +32,7 @@ void DoPaint() {
 } // namespace
 
 void WndProc(const Event &event) {
-    if (state.OpenedForm && HandleFormEvent(event))
+    if (HandlePageEvent(event) || (state.OpenedForm && HandleFormEvent(event)))
         return;
     switch (event.Kind) {
     case EventKind::PointerDown:

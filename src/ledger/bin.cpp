@@ -38,8 +38,8 @@ bool IsHeading(const Place &place, const RecordBuffer &record) {
     return account.RowKind == HeadingRow;
 }
 
-// The files of the accounts whose rows stand between two positions of the bin. 0 when a row can't be read or a file can't
-// be erased: the action is refused then, and every file stays.
+// The files of the accounts whose rows stand between two positions of the bin. 0 when a row can't be read or a file
+// can't be erased: the action is refused then, and every file stays.
 int EraseFilesOfRows(int32_t first, int32_t last) {
     const int handle = OpenDataFile(FileKind::Bin, OpenExisting);
     int erased = 1;

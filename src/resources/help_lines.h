@@ -39,7 +39,6 @@ enum class AddedLine : int16_t {
     SET(WrongVersion,               128,         0,       129,       133,         0,         4)  \
     SET(Enciphered,                 128,         0,       486,       487,       488,         0)  \
     SET(DataInUse,                    128,         0,       490,       491,         0,         0)  \
-    SET(DataUnreachable,                0,       128,         0,       133,         0,         0)  \
     SET(DataUnrecovered,              128,         0,       492,       493,       494,         0)  \
     SET(DataUnreadable,               128,         0,       489,         0,         0,         0)  \
     SET(AccountsLost,                 128,         0,       544,       545,       133,         0)  \

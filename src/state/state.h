@@ -47,10 +47,27 @@ enum Dialog : int {
 enum class NextStep : uint8_t {
     None,
     LoadData,
+    LeaveFrontPage, // the start goes on behind it
     Leave,
     LeaveFiltered, // the filters stay
     Left,          // nothing is heard any more
 };
+
+enum class Page : uint8_t { None, Front, About }; // what covers the whole screen
+enum class MovieStep : uint8_t { NotBegun, Runs, Rests };
+
+struct MovieItem { // a letter in motion
+    int32_t Letter;
+    int32_t X, Y;  // corner of its cell in HostWindow
+    int32_t Shown; // 1 while it stands on the screen
+};
+inline constexpr int MostMovieItems = 24, MovieScenes = 9;
+
+struct TitleWords { // a column's title as it was painted; none when Left is Right
+    int32_t Left, Right;
+    char16_t Text[24];
+};
+inline constexpr int MostTitles = 6;
 
 enum class ReconcileStep : int32_t { Idle, Impossible, Solved, Computing };
 
@@ -178,6 +195,23 @@ struct State {
     int16_t MessageLine[MessageLines]; // the current message: ids, 0 blank, below 0 a line of the import report
     int16_t MessageAlign;              // 1 centred, 0 left
     uint8_t ItemEnabled[MenuRows];     // by row of the menu table
+
+    // Speech: where what is painted is written in words, null while nobody listens
+    char16_t *Heard;
+    int32_t HeardRoom;
+    char16_t HeaderShown[40]; // the title in the header, as painted last
+    TitleWords TitlesShown[MostTitles];
+
+    // Front page and About
+    Page PageShown;
+    uint32_t MovieRunning;
+    MovieStep MovieStage;
+    int32_t MovieScene;              // of SceneOrder, from 0; -1 the opening
+    int32_t MovieFrame;              // of the scene, from 0
+    int32_t SceneOrder[MovieScenes]; // rows of the scenes' table, shuffled
+    MovieItem MovieItems[MostMovieItems];
+    int32_t MovieItemCount;
+    uint32_t TrackerHeld; // the stylus went down on the tracker
 
     // Gestures
     int32_t PressX, PressY; // last press, in the window that got it

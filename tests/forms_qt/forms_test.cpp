@@ -42,6 +42,7 @@ int Sit(double scale, const std::function<void()> &story) {
     ShowDevice();
     host.Frame->activateWindow();
     Settle();
+    PressKey(Qt::Key_Escape); // the front page
     if (state.HelpMode)
         PressKey(Qt::Key_F1);
     story();
