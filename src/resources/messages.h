@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-inline constexpr int MessageRoom = 40, LastMessage = 488;
+inline constexpr int MessageRoom = 40, LastMessage = 489;
 
 struct Message {
     int16_t Id;
@@ -487,5 +487,6 @@ inline constexpr Message Messages[] = {
     {486, u"The data are enciphered"},
     {487, u"and can't be opened without a pass code"},
     {488, u"This version has no way to ask for it"},
+    {489, u"The file can't be written!"},
 };
 // clang-format on

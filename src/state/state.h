@@ -196,8 +196,10 @@ struct State {
     // ID of the partner account. Filling a new entry clears it, a template or a switch of view sets it; filling an
     // existing entry leaves it alone, so that it may hold what the last form left: this is deliberate.
     uint32_t FormTransfer;
-    int32_t BlockIndex;                         // of a recurring item: 0 first, 1 subsequent
-    int32_t ListedCategories;                   // rows of the category list that stand for their positions
+    int32_t DateOption;       // of import and export: 1 all entries, 2 and 3 as the form's buttons say
+    int32_t ExchangeKind;     // of import and export: kind of file, in the order of the form's list
+    int32_t BlockIndex;       // of a recurring item: 0 first, 1 subsequent
+    int32_t ListedCategories; // rows of the category list that stand for their positions
     char16_t ShownText[ShownFields][ShownRoom]; // by control id: what a field held when it was filled
     RecDate ShownDate;                          // the same of the date field
 };

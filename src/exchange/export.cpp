@@ -1,0 +1,72 @@
+#include "exchange/export.h"
+#include "exchange/line_forms.h"
+#include "state/error_log.h"
+#include "state/state.h"
+#include "store/catalogue.h"
+
+namespace {
+
+constexpr FileKind Kind = FileKind::Transactions;
+constexpr int32_t RowsARead = 128; // stay in the cache until they are written
+
+int Chosen(uint32_t dayNumber, uint32_t day, int mode) {
+    return mode == ExportFrom ? dayNumber >= day : mode == ExportUpTo ? dayNumber <= day : 1;
+}
+
+// 0 when a read brought less than the file holds.
+int WriteRows(int source, LineWriter *writer, const ExportFormat &format, const ExportAccount &account, uint32_t day,
+              int mode, ExchangeTeller tell) {
+    TRecFile records[RowsARead];
+    const int32_t count = CountRecords(source, Kind);
+    int told = 0;
+    for (int32_t first = 1; first <= count;) {
+        const int32_t left = count - first + 1;
+        const int32_t read = ReadRecords(source, Kind, first, left < RowsARead ? left : RowsARead, records);
+        if (read == 0)
+            return 0;
+        for (int32_t i = 0; i < read; ++i)
+            if (Chosen(records[i].Rec.Date.DayNumber, day, mode))
+                format.WriteRow(writer, account, records[i].Rec);
+        first += read;
+        const int percent = static_cast<int>(int64_t{100} * (first - 1) / count);
+        if (tell && percent >= told + 10)
+            tell(told = percent);
+    }
+    return 1;
+}
+
+int ExportFile(const ExportFormat &format, const char *path, uint32_t day, int mode, ExchangeTeller tell, In function) {
+    if (!state.DataUsable || state.CurAccount.ID == 0)
+        return 0;
+    uint32_t filtered;
+    const int source = OpenDataFile(Kind, OpenOrCreate, state.CurAccount.ID, &filtered);
+    static LineWriter writer;
+    int written = source >= 0 && BeginFile(&writer, path);
+    if (written) {
+        const ExportAccount account = {state.CurAccount.Name, static_cast<int32_t>(state.CurAccount.AccType),
+                                       UKSysDateFormatSet(), state.ReconciledView == 1};
+        if (format.Begin)
+            format.Begin(&writer, account);
+        written = WriteRows(source, &writer, format, account, day, mode, tell);
+        if (written)
+            written = EndFile(&writer);
+        else
+            DropFile(&writer);
+    }
+    if (!written)
+        ReportError(function, Trouble::NcreateFail);
+    CloseFile(source);
+    return written;
+}
+
+} // namespace
+
+int ExportQIFFile(const char *path, uint32_t day, int mode, ExchangeTeller tell) {
+    return ExportFile(QifFormat, path, day, mode, tell, In::ExportQIFFile);
+}
+int ExportCSVFile(const char *path, uint32_t day, int mode, ExchangeTeller tell) {
+    return ExportFile(CsvFormat, path, day, mode, tell, In::ExportCSVFile);
+}
+int ExportTXTFile(const char *path, uint32_t day, int mode, ExchangeTeller tell) {
+    return ExportFile(TxtFormat, path, day, mode, tell, In::ExportTXTFile);
+}
