@@ -6,6 +6,8 @@
 #include "exchange/ofx_import.h"
 #include "exchange/qif_import.h"
 #include "host/device.h"
+#include "ledger/account_window.h"
+#include "platform/text.h"
 #include <memory>
 
 using namespace testhost;

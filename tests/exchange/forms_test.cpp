@@ -257,8 +257,7 @@ TEST_F(Lines, ACsvFileOfASpreadsheetGivesTheFormatsOwnLines) {
         {"\"1/2/2012\",\"a\",\"b\",\"1\",\"5\",\"5\",\"F\",\"n\",\"5\"\n", "1/2/2012,a,b,1,5.0,5.0,F,n,5.0|"},
         {"1/2/2012;a,b;;1;-5,25;-1.005,25;F;n;0\n", "1/2/2012,a;b,,1,-5.25,-1005.25,F,n,0.0|"},
         {"2012-03-31,a,b,1,5,5,F,n,5\n", "31/3/2012,a,b,1,5,5,F,n,5|"},
-        {"\"unclosed, b\n", "\"unclosed, b|"}
-    };
+        {"\"unclosed, b\n", "\"unclosed, b|"}};
     for (const auto &row : cases)
         EXPECT_EQ(CsvLines(row.File), row.Lines);
 }
