@@ -120,9 +120,11 @@ int FormFirstColumn(DateOrder order, char *line) {
         return 0;
     if (std::strlen(date) == bytes && std::memcmp(date, line, bytes) == 0)
         return 1;
+    const size_t length = std::strlen(date);
     std::strcpy(rest, line + bytes);
-    std::strcpy(line, date);
-    std::strncat(line, rest, CsvLineRoom - 1 - std::strlen(date));
+    CutNarrow(rest, CsvLineRoom - 1 - static_cast<int>(length));
+    std::memcpy(line, date, length);
+    std::strcpy(line + length, rest);
     return 1;
 }
 
