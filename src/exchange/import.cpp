@@ -32,18 +32,24 @@ int ArchiveShown() {
     return state.ArchiveView == 1;
 }
 
-int32_t CountIn(TransactionFile file) {
+// A file that can't be opened may hold anything.
+int HoldsNothing(TransactionFile file) {
     const int handle = OpenTransactions(file, state.CurAccount.ID, OpenExisting);
-    const int32_t count = CountRecords(handle, Kind);
-    ReleaseFile(handle); // there may be no such file
-    return count;
+    if (handle >= 0) {
+        const int32_t count = CountRecords(handle, Kind);
+        CloseFile(handle);
+        return count == 0;
+    }
+    char path[PathRoom];
+    TransactionPath(path, file, state.CurAccount.ID);
+    return !FileThere(path);
 }
 
 ImportTask TaskFor(uint32_t firstDay, const char16_t *security, void (*tell)(int percent)) {
     return {.FirstDay = firstDay,
             .Security = security,
             .AccountKind = static_cast<int32_t>(state.CurAccount.AccType),
-            .AccountEmpty = CountIn(TransactionFile::Live) == 0 && CountIn(TransactionFile::Archive) == 0,
+            .AccountEmpty = HoldsNothing(TransactionFile::Live) && HoldsNothing(TransactionFile::Archive),
             .DayFirst = UKSysDateFormatSet(),
             .Tell = tell};
 }
@@ -108,24 +114,27 @@ void PassOverKnown(const TRec &row, int32_t count) {
         PassOver(ByIdentity[low]);
 }
 
-// Entries of one day with the same identity of the bank are one and the same: in the account, and in the file.
-void PassOverDuplicates() {
+// Entries of one day with the same identity of the bank are one and the same: in the account, and in the file. 0 when
+// the account can't be read.
+int PassOverDuplicates() {
     int32_t count = 0;
     for (int32_t i = 0; i < Batch.Count; ++i)
         if (*Batch.Entries[i].Row.FITID)
             ByIdentity[count++] = i;
     if (count == 0)
-        return;
+        return 1;
     std::sort(ByIdentity, ByIdentity + count, IdentityBefore);
     for (int32_t i = 1; i < count; ++i)
         if (SameIdentity(Batch.Entries[ByIdentity[i - 1]].Row, Batch.Entries[ByIdentity[i]].Row))
             PassOver(ByIdentity[i]);
     const uint32_t firstDay = Batch.Entries[ByIdentity[0]].Row.Date.DayNumber;
     const int handle = OpenView(state.ArchiveView, state.CurAccount.ID, OpenOrCreate);
+    int whole = handle >= 0;
     bool earlier = false;
-    for (int32_t last = CountRecords(handle, Kind); last > 0 && !earlier;) {
+    for (int32_t last = CountRecords(handle, Kind); last > 0 && whole && !earlier;) {
         const int32_t first = std::max(1, last - RunLength(Kind) + 1);
         const int32_t read = ReadRun(handle, Kind, first, last - first + 1);
+        whole = read == last - first + 1;
         for (int32_t index = read; index > 0 && !earlier; --index) {
             auto *record = static_cast<TRecFile *>(RunRecord(Kind, index - 1));
             DecipherRecord(Kind, record);
@@ -137,6 +146,7 @@ void PassOverDuplicates() {
         last = first - 1;
     }
     CloseFile(handle);
+    return whole;
 }
 
 // --- Into the account
@@ -251,7 +261,8 @@ int ImportOFXFile(const char *path, uint32_t firstDay, void (*tell)(int percent)
         return ImportMoney;
     if (!ReadWhole(ReadOfx, path, task, In::ImportQIFFile))
         return ImportFailed;
-    PassOverDuplicates();
+    if (!PassOverDuplicates())
+        return ImportUnwritten;
     return FinishImport(BringForward(SortRows()), tell);
 }
 

@@ -141,7 +141,7 @@ int OpenText(TextFile *text, const char *path) {
 
 void RewindText(TextFile *text) {
     text->At = 0;
-    text->Broken = text->WasReturn = 0;
+    text->WasReturn = 0;
     text->Count = text->Next = text->RawCount = text->RawNext = 0;
     text->High = 0;
     if (ReadChunk(text) >= MarkBytes && std::memcmp(text->Raw, ByteOrderMark, MarkBytes) == 0)

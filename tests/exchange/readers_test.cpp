@@ -1,5 +1,6 @@
 // Lines and what the readers make of them.
 #include "exchange_test.h"
+#include <filesystem>
 
 namespace {
 
@@ -218,6 +219,21 @@ TEST_F(Readers, AFileOfMoreThanFiveThousandEntriesStopsThere) {
     EXPECT_EQ(Counts(), "5000/0/0/0 of 6000");
     Csv(csv);
     EXPECT_EQ(Counts(), "5000/0/0/0 of 6000");
+}
+
+TEST_F(Readers, AFileThatShrinksWhileItIsReadIsNotTakenForWhole) {
+    std::string file = "!Type:Bank\n";
+    while (file.size() < 200000)
+        file += "D1/3/2026\nT5\n^\n";
+    PutFile(root, "file", file);
+    const auto text = std::make_unique<TextFile>();
+    ASSERT_EQ(OpenText(text.get(), "\\file"), 1);
+    ReadQif(text.get(), Task, Batch.get());
+    EXPECT_EQ(text->Broken, 0);
+    std::filesystem::resize_file(root.HostPath("\\file"), 100000);
+    ReadQif(text.get(), Task, Batch.get());
+    EXPECT_EQ(text->Broken, 1);
+    CloseText(text.get());
 }
 
 // Real files: counts, the sum of the amounts and the first date; how many have a name.
