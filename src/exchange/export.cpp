@@ -24,9 +24,12 @@ int WriteRows(int source, LineWriter *writer, const ExportFormat &format, const 
         const int32_t read = ReadRecords(source, Kind, first, left < RowsARead ? left : RowsARead, records);
         if (read == 0)
             return 0;
-        for (int32_t i = 0; i < read; ++i)
-            if (Chosen(records[i].Rec.Date.DayNumber, day, mode))
-                format.WriteRow(writer, account, records[i].Rec);
+        for (int32_t i = 0; i < read; ++i) {
+            TRec &row = records[i].Rec;
+            row.Name[TextRoom - 1] = row.Memo[TextRoom - 1] = 0; // a damaged text ends within its field
+            if (Chosen(row.Date.DayNumber, day, mode))
+                format.WriteRow(writer, account, row);
+        }
         first += read;
         const int percent = static_cast<int>(int64_t{100} * (first - 1) / count);
         if (tell && percent >= told + 10)

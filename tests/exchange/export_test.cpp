@@ -169,21 +169,20 @@ TEST_F(Exports, WhatGoesOutAsQifComesBackWithItsAmounts) {
 
 TEST_F(Exports, AFileThatCannotBeWrittenLeavesTheOneBefore) {
     ShowScreen(TransactionList);
-    PutFile(root, "out.txt", "before");
-    for (int n = 1;; ++n) {
-        SCOPED_TRACE(n);
-        int result = 9;
-        const bool met = WithFailingDisk({.FailAt = n, .FailOnward = true, .TearWrite = true},
-                                         [&] { result = ExportCSVFile("\\out.txt", 0, ExportAll, nullptr); });
-        if (!met) {
-            EXPECT_EQ(result, 1);
-            break;
+    for (const bool onward : {false, true})
+        for (int n = 1;; ++n) {
+            SCOPED_TRACE(n);
+            PutFile(root, "out.txt", "before");
+            int result = 9;
+            const bool met = WithFailingDisk({.FailAt = n, .FailOnward = onward, .TearWrite = true},
+                                             [&] { result = ExportCSVFile("\\out.txt", 0, ExportAll, nullptr); });
+            EXPECT_EQ(result, met ? 0 : 1);
+            if (!met)
+                break;
+            EXPECT_EQ(ReadBytes(root.HostPath("\\out.txt")).size(), 6u);
+            EXPECT_NE(machine.Terminal.back().find("ExportCSVFile NcreateFail"), std::string::npos);
+            EXPECT_EQ(disk.OpenHandles, 0);
         }
-        EXPECT_EQ(result, 0);
-        EXPECT_EQ(ReadBytes(root.HostPath("\\out.txt")).size(), 6u);
-        EXPECT_NE(machine.Terminal.back().find("ExportCSVFile NcreateFail"), std::string::npos);
-        EXPECT_EQ(disk.OpenHandles, 0);
-    }
     EXPECT_TRUE(ReadBytes(root.HostPath("\\out.txt~")).empty());
     EXPECT_GT(ReadBytes(root.HostPath("\\out.txt")).size(), 6u);
 }

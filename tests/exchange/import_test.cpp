@@ -137,6 +137,13 @@ TEST_F(Imports, KindsOfAccountsChangeOnlyWhenTheyAreEmptyAndTheFileSaysSo) {
         EXPECT_EQ(import(), row.Refused) << row.File;
         EXPECT_EQ(Snapshot(root.DataFile("")), files) << row.File;
     }
+    // What stands in the archive is of the account as well.
+    EmptyAccount();
+    const std::string live = root.DataFile("E1_02A" + std::to_string(state.CurAccount.ID));
+    std::string archive = live;
+    archive[archive.rfind('A')] = 'R';
+    WriteBytes(archive, std::vector<uint8_t>(sizeof(TRecFile), 1));
+    EXPECT_EQ(Csv(csvShares), "12: 0/0/0/1/0 of 1");
     EmptyAccount();
     EXPECT_EQ(Qif("D1/3/2026\nT5\n^\n"), "10: 0/0/0/1/0 of 1");
     EXPECT_EQ(Qif("!Type:Oth L\nD1/3/2026\nT5\n^\n"), "13: 0/0/0/1/0 of 1");

@@ -1,5 +1,6 @@
 // An owner drops a statement into the device's root and takes it into the account, and sends an account out.
 #include "exchange_test.h"
+#include "forms/forms.h"
 #include <filesystem>
 
 namespace {
@@ -31,6 +32,7 @@ TEST_F(Story, AStatementDroppedIntoTheRootComesIntoTheAccount) {
     PutFile(root, "april.ofx", Statement);
     PutFile(root, "a.b.qif", "!Type:Bank\n");
     PutFile(root, "noextension", "");
+    std::filesystem::create_directory(root.HostPath("\\folder.qif"));
     OpenImport();
     EXPECT_EQ(Lines(), "/Select a file to import new entries/eg an on-line statement file/downloaded from your bank//");
     EXPECT_EQ(ControlItems(FormatField), (std::vector<std::string>{" qif", " ofx", " csv"}));
@@ -204,6 +206,19 @@ TEST_F(Story, AnAccountGoesOutUnderTheNameSuggested) {
     ResetDisk();
     Cross();
     EXPECT_EQ(state.CurrentScreen, TransactionList);
+}
+
+TEST_F(Story, AFilteredAccountTakesNothingButGoesOutAsItShows) {
+    TapRow(2);
+    ASSERT_TRUE(SendCommand(ShowName));
+    ASSERT_EQ(state.FilterShown, 1u);
+    EXPECT_FALSE(SendCommand(CommandImport)) << "it is greyed";
+    EXPECT_EQ(OpenImportForm(), 0);
+    ASSERT_TRUE(SendCommand(CommandExport));
+    SetText(TextField, "out");
+    Tick();
+    EXPECT_EQ(FileThatIs("out.csv").rfind("21/2/2026,ATM", 0), 0u);
+    EXPECT_EQ(FileThatIs("out.csv").find("Rent"), std::string::npos);
 }
 
 TEST_F(Story, FromTheGraphTheFormsLeadBackToTheGraph) {
