@@ -1,10 +1,10 @@
 // Files in and out. The times are the process's own, in the program and in the system. To reach: 5,000 entries into an
 // empty account within 100 ms, oldest or newest first; an export of 100 MB/s or more, told in bytes of the account
 // read.
+#include "../records/rows.h"
 #include "exchange/export.h"
 #include "exchange/import.h"
 #include "ledger/account_window.h"
-#include "../records/rows.h"
 #include "store/configuration.h"
 #include <cstdio>
 #include <ctime>

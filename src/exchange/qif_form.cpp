@@ -35,7 +35,7 @@ int TakeHeader(QifForm *form) {
     char *word = Trimmed(form->Line + 1);
     if (BeginsWith(word, "option") || BeginsWith(word, "clear"))
         return 0;
-    form->Passing = BeginsWith(word, "account") != 0;
+    form->Passing = BeginsWith(word, "account") ? PassAccount : PassNothing;
     if (form->Passing)
         return 0;
     const char *colon = std::strchr(word, ':');
@@ -46,12 +46,24 @@ int TakeHeader(QifForm *form) {
     const char *type = Trimmed(value);
     for (const TypeRow &row : Types)
         if (BeginsWith(type, row.Word)) {
-            form->Passing = row.IsList;
+            form->Passing = row.IsList ? PassList : PassNothing;
             type = row.Word;
             break;
         }
     std::snprintf(form->Line, sizeof form->Line, "!Type:%.*s", QifLineRoom - 8, type);
     return !form->Passing;
+}
+
+// 1 when the line goes with what is passed over.
+int PassOver(QifForm *form, const char *line) {
+    const char letter = QifLetter(line);
+    if (form->Passing == PassBehindAccount && letter == 'D' && line[1] >= '0' && line[1] <= '9')
+        form->Passing = PassNothing; // entries without a header of their own
+    else if (form->Passing == PassBehindAccount && letter != '^')
+        form->Passing = PassAccount;
+    else if (form->Passing == PassAccount && letter == '^')
+        form->Passing = PassBehindAccount;
+    return form->Passing != PassNothing;
 }
 
 void TakeAmount(QifForm *form) {
@@ -101,7 +113,7 @@ char *NextQifLine(QifForm *form) {
                 return line;
             continue;
         }
-        if (form->Passing)
+        if (PassOver(form, line))
             continue;
         const char letter = QifLetter(line);
         if (letter == '^') {

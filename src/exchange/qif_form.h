@@ -11,10 +11,14 @@
 
 inline constexpr int QifLineRoom = 512;
 
+// What is passed over: a list, the block of an account, or what stands behind one up to the next header, unless that
+// begins with a date.
+enum QifPassing : uint8_t { PassNothing, PassList, PassAccount, PassBehindAccount };
+
 struct QifForm {
     TextFile *Text;
     DateOrder Order;   // Unknown: dates that need it are passed over
-    uint8_t Passing;   // 1 within a list or an account block
+    uint8_t Passing;   // a QifPassing
     uint8_t Held;      // 1: Line is still to be given, behind an end
     uint8_t Open;      // 1: the entry has lines but no end yet
     uint8_t Split;     // 1: parts of the entry have begun

@@ -212,6 +212,7 @@ TEST_F(Lines, AQifFileOfAnyMakerGivesHeadersLinesAndEnds) {
         {"!Type:Bank\nD2012-03-31\nT 1,234.50\nQ1,000\nT1.234,50\nT\n^", "!Type:Bank|D31/3/2012|T1234.50|Q1000.0|"
                                                                          "?T1.234,50|T|^|"},
         {"!Type:Bank\nD1/2/2012\nSa\nD9/9/2012\nPb\n^\nD3/2/2012\n^\n", "!Type:Bank|D1/2/2012|Sa|Pb|^|D3/2/2012|^|"},
+        {"!Account\nNx\nD1 account\n^\nNy\n^\n^\nD1/1/2012\nT5\n^\n", "D1/1/2012|T5.0|^|"},
         {"!Type:Bank\nPa\n!Type:Bank\nPb\n", "!Type:Bank|Pa|^|!Type:Bank|Pb|^|"},
     };
     for (const auto &row : cases)
