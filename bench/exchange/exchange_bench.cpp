@@ -4,7 +4,7 @@
 #include "../records/rows.h"
 #include "exchange/export.h"
 #include "exchange/import.h"
-#include "ledger/account_window.h"
+#include "platform/action.h"
 #include "store/configuration.h"
 #include <cstdio>
 #include <ctime>
@@ -50,8 +50,6 @@ struct AccountOnDisk : RowsOnDisk {
         const auto *bytes = reinterpret_cast<const uint8_t *>(&account);
         testhost::WriteBytes(Root.DataFile("E1_01IND"), {bytes, bytes + sizeof account});
         LoadAccFile(1);
-        LoadTranFile(1, 0);
-        state.CurrentScreen = TransactionList;
     }
 };
 
@@ -67,12 +65,15 @@ void Import(benchmark::State &run) {
     for (auto _ : run) {
         AccountOnDisk account(static_cast<int32_t>(run.range(2)));
         testhost::WriteBytes(account.Root.HostPath("\\in"), {file.begin(), file.end()});
+        const Place place = LiveRows(BenchAccount);
         const double start = Now();
-        const int result = run.range(0) == Qif   ? ImportQIFFile("\\in", 0, u"", nullptr)
-                           : run.range(0) == Ofx ? ImportOFXFile("\\in", 0, nullptr)
-                                                 : ImportCSVFile("\\in", 0, nullptr);
+        BeginAction();
+        const int result = run.range(0) == Qif   ? ImportQIFFile(place, "\\in", 0, u"", nullptr)
+                           : run.range(0) == Ofx ? ImportOFXFile(place, "\\in", 0, nullptr)
+                                                 : ImportCSVFile(place, "\\in", 0, nullptr);
+        const int durable = CommitAction();
         run.SetIterationTime(Now() - start);
-        if (result != ImportDone || state.ImportCount[0] != Entries)
+        if (!durable || result != ImportDone || state.ImportCount[0] != Entries)
             run.SkipWithError("not imported");
     }
 }
@@ -80,13 +81,13 @@ BENCHMARK(Import)->ArgsProduct({{Qif, Ofx, Csv}, {0, 1}, {0, 100000}})->UseManua
 
 void Export(benchmark::State &run) {
     constexpr int32_t Rows = 100000;
-    constexpr int (*exporters[])(const char *, uint32_t, int, ExchangeTeller) = {ExportQIFFile, ExportTXTFile,
-                                                                                 ExportCSVFile};
+    constexpr int (*exporters[])(const Place &, const char *, uint32_t, int,
+                                 ExchangeTeller) = {ExportQIFFile, ExportTXTFile, ExportCSVFile};
     AccountOnDisk account(Rows);
     double seconds = 0;
     for (auto _ : run) {
         const double start = Now();
-        if (!exporters[run.range(0)]("\\out", 0, ExportAll, nullptr))
+        if (exporters[run.range(0)](LiveRows(BenchAccount), "\\out", 0, ExportAll, nullptr) != ExportDone)
             run.SkipWithError("not exported");
         const double taken = Now() - start;
         run.SetIterationTime(taken);

@@ -1,6 +1,5 @@
 #include "exchange/batch.h"
 #include "platform/text.h"
-#include <cstring>
 
 namespace {
 
@@ -9,7 +8,7 @@ constexpr int ToldEvery = 5; // per cent
 } // namespace
 
 void StartBatch(ImportBatch *batch, const ImportTask &task) {
-    std::memset(static_cast<void *>(batch), 0, offsetof(ImportBatch, Entries));
+    static_cast<ImportCounts &>(*batch) = {};
     batch->AccountKind = task.AccountKind;
 }
 

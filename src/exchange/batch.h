@@ -23,6 +23,8 @@ struct ReadEntry {
 // What kind of account a file is for.
 enum class ContentKind : uint8_t { Unknown, Money, Shares, Unsupported };
 
+using ExchangeTeller = void (*)(int percent); // hears how far the work has come, 0 to 100; may be null
+
 // What the owner asked for, and the account as it stands.
 struct ImportTask {
     uint32_t FirstDay;        // day number; earlier entries are skipped; 0 takes all
@@ -30,10 +32,10 @@ struct ImportTask {
     int32_t AccountKind;      // AccountType
     int AccountEmpty;         // 1: no record at all
     int DayFirst;             // 1 where the device's dates begin with the day: decides when the file does not
-    void (*Tell)(int percent);
+    ExchangeTeller Tell;
 };
 
-struct ImportBatch {
+struct ImportCounts {
     int32_t Count;    // of Entries
     int32_t Finished; // entries read to their end, whatever became of them
     int32_t Total;    // entries that the file seems to hold
@@ -46,6 +48,9 @@ struct ImportBatch {
     FixedAmount StatementBalance;
     int HasStatementBalance;
     int32_t Told; // percent told last
+};
+
+struct ImportBatch : ImportCounts {
     ReadEntry Entries[ImportLimit];
 };
 

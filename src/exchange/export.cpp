@@ -3,6 +3,7 @@
 #include "state/error_log.h"
 #include "state/state.h"
 #include "store/catalogue.h"
+#include "store/index.h"
 
 namespace {
 
@@ -38,38 +39,42 @@ int WriteRows(int source, LineWriter *writer, const ExportFormat &format, const 
     return 1;
 }
 
-int ExportFile(const ExportFormat &format, const char *path, uint32_t day, int mode, ExchangeTeller tell, In function) {
-    if (!state.DataUsable || state.CurAccount.ID == 0)
-        return 0;
-    uint32_t filtered;
-    const int source = OpenDataFile(Kind, OpenOrCreate, state.CurAccount.ID, &filtered);
+int ExportRows(int source, const ExportFormat &format, const ARec &row, const char *path, uint32_t day, int mode,
+               ExchangeTeller tell) {
     static LineWriter writer;
-    int written = source >= 0 && BeginFile(&writer, path);
-    if (written) {
-        const ExportAccount account = {state.CurAccount.Name, static_cast<int32_t>(state.CurAccount.AccType),
-                                       UKSysDateFormatSet(), state.ReconciledView == 1};
-        if (format.Begin)
-            format.Begin(&writer, account);
-        written = WriteRows(source, &writer, format, account, day, mode, tell);
-        if (written)
-            written = EndFile(&writer);
-        else
-            DropFile(&writer);
-    }
-    if (!written)
-        ReportError(function, Trouble::NcreateFail);
+    if (!BeginFile(&writer, path))
+        return ExportUnwritten;
+    const ExportAccount account = {row.Name, static_cast<int32_t>(row.AccType), UKSysDateFormatSet(),
+                                   state.ReconciledView == 1};
+    if (format.Begin)
+        format.Begin(&writer, account);
+    if (WriteRows(source, &writer, format, account, day, mode, tell))
+        return EndFile(&writer) ? ExportDone : ExportUnwritten;
+    DropFile(&writer);
+    return ExportUnread;
+}
+
+int ExportFile(const ExportFormat &format, const Place &place, const char *path, uint32_t day, int mode,
+               ExchangeTeller tell, In function) {
+    ARec account;
+    int result = ExportUnread;
+    const int source = FindAccount(place.Account, &account, nullptr) ? OpenPlace(place, OpenExisting) : FailedOpen;
+    if (source != FailedOpen)
+        result = ExportRows(source, format, account, path, day, mode, tell);
     CloseFile(source);
-    return written;
+    if (result != ExportDone)
+        ReportError(function, Trouble::NcreateFail);
+    return result;
 }
 
 } // namespace
 
-int ExportQIFFile(const char *path, uint32_t day, int mode, ExchangeTeller tell) {
-    return ExportFile(QifFormat, path, day, mode, tell, In::ExportQIFFile);
+int ExportQIFFile(const Place &place, const char *path, uint32_t day, int mode, ExchangeTeller tell) {
+    return ExportFile(QifFormat, place, path, day, mode, tell, In::ExportQIFFile);
 }
-int ExportCSVFile(const char *path, uint32_t day, int mode, ExchangeTeller tell) {
-    return ExportFile(CsvFormat, path, day, mode, tell, In::ExportCSVFile);
+int ExportCSVFile(const Place &place, const char *path, uint32_t day, int mode, ExchangeTeller tell) {
+    return ExportFile(CsvFormat, place, path, day, mode, tell, In::ExportCSVFile);
 }
-int ExportTXTFile(const char *path, uint32_t day, int mode, ExchangeTeller tell) {
-    return ExportFile(TxtFormat, path, day, mode, tell, In::ExportTXTFile);
+int ExportTXTFile(const Place &place, const char *path, uint32_t day, int mode, ExchangeTeller tell) {
+    return ExportFile(TxtFormat, place, path, day, mode, tell, In::ExportTXTFile);
 }

@@ -1,66 +1,53 @@
 #include "exchange/import.h"
 #include "cipher/hooks.h"
 #include "exchange/csv_import.h"
-#include "exchange/merge.h"
 #include "exchange/ofx_import.h"
 #include "exchange/qif_import.h"
-#include "ledger/account_file.h"
-#include "ledger/account_window.h"
-#include "ledger/balance.h"
+#include "ledger/entries.h"
 #include "ledger/recurring.h"
 #include "ledger/shares.h"
 #include "platform/text.h"
 #include "state/error_log.h"
-#include "state/state.h"
+#include "store/catalogue.h"
+#include "store/index.h"
+#include "store/operations.h"
 #include "store/runs.h"
-#include "store/windows.h"
 #include <algorithm>
 #include <cstring>
 
 namespace {
 
 constexpr FileKind Kind = FileKind::Transactions;
-static_assert(MostMerged == ImportLimit + 1); // with the balance brought forward
+static_assert(MostWaitingEntries == ImportLimit + 1); // with the balance brought forward
 
 // One import at a time; too much for the stack.
 ImportBatch Batch;
 TextFile Text;
-const TRec *Sorted[MostMerged];
 int32_t ByIdentity[ImportLimit];
 
-int ArchiveShown() {
-    return state.ArchiveView == 1;
-}
+// Where the entries go, and how.
+struct Target {
+    Place Rows; // the real ones
+    ARec Account;
+    ImportTask Task;
+};
 
-// A file that can't be opened may hold anything.
-int HoldsNothing(TransactionFile file) {
-    const int handle = OpenTransactions(file, state.CurAccount.ID, OpenExisting);
-    if (handle >= 0) {
-        const int32_t count = CountRecords(handle, Kind);
-        CloseFile(handle);
-        return count == 0;
-    }
-    char path[PathRoom];
-    TransactionPath(path, file, state.CurAccount.ID);
-    return !FileThere(path);
-}
-
-ImportTask TaskFor(uint32_t firstDay, const char16_t *security, void (*tell)(int percent)) {
-    return {.FirstDay = firstDay,
-            .Security = security,
-            .AccountKind = static_cast<int32_t>(state.CurAccount.AccType),
-            .AccountEmpty = HoldsNothing(TransactionFile::Live) && HoldsNothing(TransactionFile::Archive),
-            .DayFirst = UKSysDateFormatSet(),
-            .Tell = tell};
-}
-
-// Counts go to zero. 0 when an import can't work here.
-int BeginImport(bool onGraph) {
+// Counts go to zero. 0 when there is no such account.
+int BeginImport(const Place &place, uint32_t firstDay, const char16_t *security, ExchangeTeller tell, Target *target) {
     std::memset(state.ImportCount, 0, sizeof state.ImportCount);
     state.ImportSucceeded = 0;
-    const bool there = state.CurrentScreen == TransactionList || (onGraph && state.CurrentScreen == GraphList);
-    return state.DataUsable && there && !state.FilterShown && state.CurAccount.ID != 0 &&
-           state.CurAccount.RowKind != HeadingRow;
+    if (!FindAccount(place.Account, &target->Account, nullptr))
+        return 0;
+    target->Rows = RowsOf(place.Account, place.Of, Rows::All);
+    const int32_t count =
+        CountOf(LiveRows(place.Account, Rows::All)) + CountOf(RowsOf(place.Account, View::Archive, Rows::All));
+    target->Task = {.FirstDay = firstDay,
+                    .Security = security,
+                    .AccountKind = static_cast<int32_t>(target->Account.AccType),
+                    .AccountEmpty = count == 0,
+                    .DayFirst = UKSysDateFormatSet(),
+                    .Tell = tell};
+    return 1;
 }
 
 using Reading = void (*)(TextFile *text, const ImportTask &task, ImportBatch *batch);
@@ -116,7 +103,7 @@ void PassOverKnown(const TRec &row, int32_t count) {
 
 // Entries of one day with the same identity of the bank are one and the same: in the account, and in the file. 0 when
 // the account can't be read.
-int PassOverDuplicates() {
+int PassOverDuplicates(const Place &place) {
     int32_t count = 0;
     for (int32_t i = 0; i < Batch.Count; ++i)
         if (*Batch.Entries[i].Row.FITID)
@@ -128,15 +115,15 @@ int PassOverDuplicates() {
         if (SameIdentity(Batch.Entries[ByIdentity[i - 1]].Row, Batch.Entries[ByIdentity[i]].Row))
             PassOver(ByIdentity[i]);
     const uint32_t firstDay = Batch.Entries[ByIdentity[0]].Row.Date.DayNumber;
-    const int handle = OpenView(state.ArchiveView, state.CurAccount.ID, OpenOrCreate);
-    int whole = handle >= 0;
+    const int handle = OpenPlace(place, OpenExisting);
+    int whole = handle != FailedOpen;
     bool earlier = false;
     for (int32_t last = CountRecords(handle, Kind); last > 0 && whole && !earlier;) {
         const int32_t first = std::max(1, last - RunLength(Kind) + 1);
         const int32_t read = ReadRun(handle, Kind, first, last - first + 1);
         whole = read == last - first + 1;
         for (int32_t index = read; index > 0 && !earlier; --index) {
-            auto *record = static_cast<TRecFile *>(RunRecord(Kind, index - 1));
+            TRecFile *record = RunRecord<TRec>(index - 1);
             DecipherRecord(Kind, record);
             record->Rec.FITID[TextRoom - 1] = 0;
             earlier = record->Rec.Date.DayNumber < firstDay;
@@ -151,67 +138,47 @@ int PassOverDuplicates() {
 
 // --- Into the account
 
-// The rows to add, in order of day and rank; those of one day and rank in the order of the file.
-int32_t SortRows() {
-    int32_t count = 0;
-    for (int32_t i = 0; i < Batch.Count; ++i)
-        if (Batch.Entries[i].Result <= Outcome::BadlyFormed)
-            Sorted[count++] = &Batch.Entries[i].Row;
-    std::sort(Sorted, Sorted + count, [](const TRec *a, const TRec *b) {
-        if (a->Date.DayNumber != b->Date.DayNumber)
-            return a->Date.DayNumber < b->Date.DayNumber;
-        return a->Rank != b->Rank ? a->Rank < b->Rank : a < b; // they stand in one array
-    });
-    return count;
+bool Comes(const ReadEntry &entry) {
+    return entry.Result <= Outcome::BadlyFormed;
 }
 
-// An account at zero gets, the day before its first entry, what makes it end at the statement's balance. How many rows
-// are to be added then.
-int32_t BringForward(int32_t count) {
-    const ARec &account = state.CurAccount;
-    const FixedAmount balance = ArchiveShown() ? account.ArcBalance : account.Balance;
-    const FixedAmount cleared = ArchiveShown() ? account.ArcClearedBalance : account.ClearedBalance;
-    if (count == 0 || balance != 0 || cleared != 0 || !Batch.HasStatementBalance)
-        return count;
-    static TRec row;
-    row = NewRow();
+// An account at zero gets, the day before its first entry, what makes it end at the statement's balance. 0 when
+// refused.
+int BringForward(const Target &target) {
+    const ARec &account = target.Account;
+    const bool archived = target.Rows.Of == View::Archive;
+    const FixedAmount balance = archived ? account.ArcBalance : account.Balance;
+    const FixedAmount cleared = archived ? account.ArcClearedBalance : account.ClearedBalance;
+    if (balance != 0 || cleared != 0 || !Batch.HasStatementBalance)
+        return 1;
+    TRec row = NewRow(), first;
     CopyText(row.Name, TextRoom, u"Brought forward");
     row.Value = Batch.StatementBalance;
-    for (int32_t i = 0; i < count; ++i)
-        row.Value = SubtractAmounts(row.Value, Sorted[i]->Value);
-    uint32_t day = Sorted[0]->Date.DayNumber;
-    const int handle = OpenView(state.ArchiveView, account.ID, OpenOrCreate);
-    TRecFile first;
-    if (ReadRecord(handle, Kind, 1, &first))
-        day = std::min(day, first.Rec.Date.DayNumber);
-    CloseFile(handle);
-    row.Date = DateFromDayNumber(std::max(day, FirstDayNumber + 1) - 1);
-    std::memmove(Sorted + 1, Sorted, static_cast<size_t>(count) * sizeof *Sorted);
-    Sorted[0] = &row;
-    return count + 1;
-}
-
-void ShowLastRow() {
-    state.SelectedPos[TransactionList] = state.EntryCount[TransactionList];
-    LoadTranFile(state.SelectedPos[AccountList],
-                 SetRecPosition(state.EntryCount[TransactionList], state.EntryCount[TransactionList]));
-}
-
-int AddToAccount(int32_t count) {
-    const uint32_t accountID = state.CurAccount.ID;
-    if (!MergeEntries(accountID, state.ArchiveView, Sorted, count)) {
-        ReportError(In::AddRecFile, Trouble::TwriteFail);
-        return 0;
+    uint32_t day = UINT32_MAX;
+    for (int32_t i = 0; i < Batch.Count; ++i) {
+        if (!Comes(Batch.Entries[i]))
+            continue;
+        row.Value = SubtractAmounts(row.Value, Batch.Entries[i].Row.Value);
+        day = std::min(day, Batch.Entries[i].Row.Date.DayNumber);
     }
-    if (Batch.KindSettled && Batch.AccountKind != static_cast<int32_t>(state.CurAccount.AccType))
-        UpdateShareMode(state.SelectedPos[AccountList], static_cast<uint32_t>(Batch.AccountKind));
-    const int32_t screen = state.CurrentScreen;
-    state.CurrentScreen = TransactionList;
-    state.ReconcileState = ReconcileStep::Idle;
-    CalcBalance(accountID);
-    ShowLastRow();
+    if (day == UINT32_MAX)
+        return 1; // nothing came in
+    if (FetchRecord(target.Rows, 1, &first))
+        day = std::min(day, first.Date.DayNumber);
+    row.Date = DateFromDayNumber(std::max(day, FirstDayNumber + 1) - 1);
+    return QueueEntry(target.Rows, row);
+}
+
+int AddToAccount(const Target &target) {
+    if (Batch.KindSettled && Batch.AccountKind != target.Task.AccountKind &&
+        !UpdateShareMode(target.Account.ID, static_cast<uint32_t>(Batch.AccountKind)))
+        return 0;
+    for (int32_t i = 0; i < Batch.Count; ++i)
+        if (Comes(Batch.Entries[i]) && !QueueEntry(target.Rows, Batch.Entries[i].Row))
+            return 0;
+    if (!PlaceQueuedEntries())
+        return 0;
     DDFileCheck();
-    state.CurrentScreen = screen;
     return 1;
 }
 
@@ -228,12 +195,12 @@ void CountOutcomes() {
     state.ImportSucceeded = state.ImportCount[0] > 0;
 }
 
-int FinishImport(int32_t count, void (*tell)(int percent)) {
-    if (!AddToAccount(count))
+int FinishImport(const Target &target) {
+    if (!AddToAccount(target))
         return ImportUnwritten;
     CountOutcomes();
-    if (tell)
-        tell(100);
+    if (target.Task.Tell)
+        target.Task.Tell(100);
     return ImportDone;
 }
 
@@ -243,63 +210,59 @@ int RefusalOf(ContentKind content) {
 
 } // namespace
 
-int ImportQIFFile(const char *path, uint32_t firstDay, const char16_t *security, void (*tell)(int percent)) {
-    if (!BeginImport(true) || !ReadWhole(ReadQif, path, TaskFor(firstDay, security, tell), In::ImportQIFFile))
+int ImportQIFFile(const Place &place, const char *path, uint32_t firstDay, const char16_t *security,
+                  ExchangeTeller tell) {
+    Target target;
+    if (!BeginImport(place, firstDay, security, tell, &target))
+        return ImportUnwritten;
+    if (!ReadWhole(ReadQif, path, target.Task, In::ImportQIFFile))
         return ImportFailed;
     if (!Batch.Accepted && Batch.Total > 0) {
         CountOutcomes();
         return RefusalOf(Batch.Content);
     }
-    return FinishImport(SortRows(), tell);
+    return FinishImport(target);
 }
 
-int ImportOFXFile(const char *path, uint32_t firstDay, void (*tell)(int percent)) {
-    if (!BeginImport(true))
-        return ImportFailed;
-    const ImportTask task = TaskFor(firstDay, u"", tell);
-    if (IsShare(task.AccountKind) && !task.AccountEmpty)
-        return ImportMoney;
-    if (!ReadWhole(ReadOfx, path, task, In::ImportQIFFile))
-        return ImportFailed;
-    if (!PassOverDuplicates())
+int ImportOFXFile(const Place &place, const char *path, uint32_t firstDay, ExchangeTeller tell) {
+    Target target;
+    if (!BeginImport(place, firstDay, u"", tell, &target))
         return ImportUnwritten;
-    return FinishImport(BringForward(SortRows()), tell);
+    if (IsShare(target.Task.AccountKind) && !target.Task.AccountEmpty)
+        return ImportMoney;
+    if (!ReadWhole(ReadOfx, path, target.Task, In::ImportQIFFile))
+        return ImportFailed;
+    if (!PassOverDuplicates(target.Rows) || !BringForward(target))
+        return ImportUnwritten;
+    return FinishImport(target);
 }
 
-int ImportCSVFile(const char *path, uint32_t firstDay, void (*tell)(int percent)) {
-    if (!BeginImport(false) || !ReadWhole(ReadCsv, path, TaskFor(firstDay, u"", tell), In::ImportCSVFile))
+int ImportCSVFile(const Place &place, const char *path, uint32_t firstDay, ExchangeTeller tell) {
+    Target target;
+    if (!BeginImport(place, firstDay, u"", tell, &target))
+        return ImportUnwritten;
+    if (!ReadWhole(ReadCsv, path, target.Task, In::ImportCSVFile))
         return ImportFailed;
     if (!Batch.Accepted && Batch.Content != ContentKind::Unknown) {
         CountOutcomes();
         return RefusalOf(Batch.Content);
     }
-    return FinishImport(SortRows(), tell);
+    return FinishImport(target);
 }
 
 int ListSecurities(const char *path, SecurityList *list) {
     list->Count = 0;
     if (!OpenText(&Text, path))
         return 0;
-    const auto add = [](const char16_t *security, void *context) {
-        auto *to = static_cast<SecurityList *>(context);
-        for (int i = 0; i < to->Count; ++i)
-            if (SameText(to->Names[i], security))
-                return;
-        if (to->Count < MostSecurities)
-            CopyText(to->Names[to->Count++], SecurityRoom, security);
-    };
-    const int shares = ReadSecurities(&Text, add, list);
+    const int shares = ReadSecurities(&Text, list) && !Text.Broken;
     CloseText(&Text);
     return shares;
 }
 
-uint32_t DayAfterLastEntry() {
-    const int handle = OpenView(state.ArchiveView, state.CurAccount.ID, OpenOrCreate);
-    uint32_t day = 0;
-    TRecFile record;
-    for (int32_t position = CountRecords(handle, Kind); position > 0 && day == 0; --position)
-        if (ReadRecord(handle, Kind, position, &record) && record.Rec.RowKind == EntryRow)
-            day = record.Rec.Date.DayNumber + 1;
-    CloseFile(handle);
-    return day;
+uint32_t DayAfterLastEntry(const Place &place) {
+    TRec row;
+    for (int32_t position = CountOf(place); position > 0 && FetchRecord(place, position, &row); --position)
+        if (row.RowKind == EntryRow)
+            return row.Date.DayNumber + 1;
+    return 0;
 }

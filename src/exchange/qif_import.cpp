@@ -287,6 +287,16 @@ void TakeLine(Reader *reader, const char *line) {
         TakeShareLine(reader, letter, text);
 }
 
+void AddSecurity(SecurityList *list, const char *name) {
+    char16_t security[SecurityRoom];
+    WidenText(security, SecurityRoom, name);
+    for (int i = 0; i < list->Count; ++i)
+        if (SameText(list->Names[i], security))
+            return;
+    if (list->Count < MostSecurities)
+        CopyText(list->Names[list->Count++], SecurityRoom, security);
+}
+
 } // namespace
 
 void ReadQif(TextFile *text, const ImportTask &task, ImportBatch *batch) {
@@ -307,7 +317,8 @@ void ReadQif(TextFile *text, const ImportTask &task, ImportBatch *batch) {
     }
 }
 
-int ReadSecurities(TextFile *text, void (*add)(const char16_t *security, void *context), void *context) {
+int ReadSecurities(TextFile *text, SecurityList *list) {
+    list->Count = 0;
     QifForm form;
     StartQif(&form, text, DateOrder::DayFirst);
     int shares = 0;
@@ -320,9 +331,7 @@ int ReadSecurities(TextFile *text, void (*add)(const char16_t *security, void *c
                 return shares;
             shares = 1;
         } else if ((*line == 'Y' || *line == 'y') && line[1]) {
-            char16_t security[SecurityRoom];
-            WidenText(security, SecurityRoom, line + 1);
-            add(security, context);
+            AddSecurity(list, line + 1);
         }
     }
     return shares;

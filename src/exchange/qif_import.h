@@ -10,5 +10,10 @@
 void ReadQif(TextFile *text, const ImportTask &task, ImportBatch *batch);
 
 inline constexpr int SecurityRoom = 65; // units, terminator included
-// Calls `add` for the security of each entry of an open file; one may come many times. 0 when it is no file of shares.
-int ReadSecurities(TextFile *text, void (*add)(const char16_t *security, void *context), void *context);
+inline constexpr int MostSecurities = 64;
+struct SecurityList {
+    int Count;
+    char16_t Names[MostSecurities][SecurityRoom];
+};
+// The securities that an open file names, each once, in the order of the file. 0 when it is no file of shares.
+int ReadSecurities(TextFile *text, SecurityList *list);

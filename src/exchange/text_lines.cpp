@@ -33,11 +33,13 @@ void Check(Utf8Check *check, unsigned char byte) {
     }
 }
 
+// A read that fails ends the text as well, but leaves it broken.
 int ReadChunk(TextFile *text) {
+    const int64_t arrived = ReadFileAt(text->Handle, text->At, text->Raw, sizeof text->Raw);
     text->RawNext = 0;
-    text->RawCount = static_cast<int>(ReadFileAt(text->Handle, text->At, text->Raw, sizeof text->Raw));
+    text->RawCount = arrived > 0 ? static_cast<int>(arrived) : 0;
     text->At += text->RawCount;
-    if (text->RawCount == 0 && text->At < text->Length)
+    if (arrived < 0 || (arrived == 0 && text->At < text->Length))
         text->Broken = 1;
     return text->RawCount;
 }
@@ -131,7 +133,7 @@ int OpenText(TextFile *text, const char *path) {
     text->At = 0;
     text->Broken = 0;
     text->Code = CodeOf(text);
-    if (text->Broken) {
+    if (text->Length < 0 || text->Broken) {
         CloseText(text);
         return 0;
     }

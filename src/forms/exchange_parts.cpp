@@ -1,8 +1,7 @@
 #include "forms/exchange_parts.h"
 #include "drawing/colours.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
 #include "platform/shell.h"
-#include "store/windows.h"
 
 namespace {
 

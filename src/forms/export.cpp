@@ -3,6 +3,8 @@
 #include "exchange/file_list.h"
 #include "forms/exchange_parts.h"
 #include "forms/forms.h"
+#include "frame/refusal.h"
+#include "frame/shown.h"
 #include "platform/text.h"
 #include "state/messages.h"
 #include <cstdio>
@@ -15,11 +17,9 @@ constexpr const char16_t *FormatNames[] = {u" qif", u" csv", u" txt"};
 constexpr int FirstShown = 1, FirstKind = 2;
 struct KindRow {
     const char *Extension; // null: nothing is written
-    int (*Export)(const char *path, uint32_t day, int mode, ExchangeTeller tell);
+    int (*Export)(const Place &place, const char *path, uint32_t day, int mode, ExchangeTeller tell);
 };
 constexpr KindRow Kinds[] = {{"qif", ExportQIFFile}, {nullptr, nullptr}, {"csv", ExportCSVFile}};
-
-constexpr int UnwrittenMessage = 489;
 
 // clang-format off
 constexpr FormPart Parts[] = {
@@ -35,13 +35,13 @@ constexpr FormPart Parts[] = {
     {SecondChoiceItem,   {},                     {17, 116, 168, 132},    nullptr},
     {ThirdChoiceItem,    {},                     {17, 166, 168, 182},    nullptr},
 };
-constexpr HelpRow Help[] = {
-    {TextField,        {0, 197, 198, 0, 0, 0}},
-    {FormatField,      {0, 172, 173, 199, 174, 0}},
-    {DateField,        {0, 137, 138, 0, 0, 0}},
-    {FirstChoiceItem,  {0, 200, 0, 0, 0, 0}},
-    {SecondChoiceItem, {0, 201, 190, 0, 0, 0}},
-    {ThirdChoiceItem,  {0, 201, 202, 0, 0, 0}},
+constexpr FieldHelp FieldHelps[] = {
+    {TextField,        Help::Export},
+    {FormatField,      Help::ExportFormat},
+    {DateField,        Help::DateField},
+    {FirstChoiceItem,  Help::ExportAll},
+    {SecondChoiceItem, Help::ExportFrom},
+    {ThirdChoiceItem,  Help::ExportUpTo},
 };
 // clang-format on
 
@@ -56,7 +56,7 @@ void Fill(int) {
     state.ExchangeKind = FirstKind;
     SelectControlItem(FormatField, FirstShown);
     char16_t name[ExportNameRoom];
-    SuggestName(name, state.CurAccount.Name, state.ArchiveView == 1);
+    SuggestName(name, state.CurAccount.Name, ViewShown() == View::Archive);
     SetFieldText(TextField, name);
     SetFieldDate(DateField, DateProposed(0));
 }
@@ -71,7 +71,7 @@ int DiaExport() {
     GetControlText(TextField, name, ExportNameRoom);
     CleanName(name);
     if (!*name) {
-        RefuseTick(197, 198);
+        RefuseTick(Help::Export);
         return TickRefused;
     }
     const int32_t kind = state.ExchangeKind;
@@ -82,10 +82,14 @@ int DiaExport() {
     char narrow[ExportNameRoom], path[PathRoom];
     NarrowText(narrow, ExportNameRoom, name);
     std::snprintf(path, PathRoom, "\\%s.%s", narrow, Kinds[kind].Extension);
-    if (Kinds[kind].Export(path, state.DateOption == ExportAll ? 0 : date.DayNumber, state.DateOption, ShowProgress))
+    const uint32_t day = state.DateOption == ExportAll ? 0 : date.DayNumber;
+    const int result = Kinds[kind].Export(EntriesShown(), path, day, state.DateOption, ShowProgress);
+    if (result == ExportDone)
         return TickDone;
     ShowProgress(0);
-    RefuseTick(UnwrittenMessage);
+    if (result == ExportUnread)
+        return TickUnwritten;
+    GiveActionUp(Help::ExportUnwritten);
     return TickRefused;
 }
 
@@ -93,7 +97,7 @@ constexpr Form ExportForm = {.Dialog = ExportDialog,
                              .WithPanel = 1,
                              .Controls = &ExportTemplate,
                              .Parts = Parts,
-                             .Help = Help,
+                             .FieldHelps = FieldHelps,
                              .Lists = Lists,
                              .Fill = Fill,
                              .Tick = DiaExport,
@@ -107,6 +111,6 @@ constexpr Form ExportForm = {.Dialog = ExportDialog,
 int OpenExportForm() {
     if (!OpenExchangeForm(&ExportForm))
         return 0;
-    ShowHelp(0, 197, 198, 0, 0, 0);
+    ShowHelp(Help::Export);
     return 1;
 }

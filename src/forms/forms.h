@@ -21,9 +21,3 @@ int OpenConfigurationForm();
 // For the current account, from the transactions or the graph. Not of an account that is filtered: only an export is.
 int OpenImportForm();
 int OpenExportForm();
-
-// The progress form of ArchiveDialog or UnarchiveDialog. It takes no input; TellProgress (a ProgressTeller of
-// ledger/archive.h) moves its bar to 0 to 100 and shows it at once, and says when rows are being moved.
-int OpenProgressForm(int dialog);
-void TellProgress(int percent);
-void CloseProgressForm();

@@ -4,6 +4,9 @@
 #include "forms/exchange_parts.h"
 #include "forms/forms.h"
 #include "frame/message_window.h"
+#include "frame/refusal.h"
+#include "frame/shown.h"
+#include "platform/action.h"
 #include "platform/text.h"
 #include "state/messages.h"
 #include <iterator>
@@ -21,8 +24,6 @@ constexpr FormatRow Formats[] = {{u" qif", "qif"}, {u" ofx", "ofx"}, {u" csv", "
 // ORDER DATEOPTION: the three choices
 enum DateOption : int { AllEntries = 1, NewerEntries = 2, FromDate = 3 };
 
-constexpr int NoFilesMessage = 316, UnreadMessage = 88;
-
 // clang-format off
 constexpr FormPart Parts[] = {
     // item              box                     hit                     text                          side          field
@@ -38,14 +39,14 @@ constexpr FormPart Parts[] = {
     {SecondChoiceItem,   {},                     {17, 116, 168, 132},    nullptr},
     {ThirdChoiceItem,    {},                     {17, 141, 168, 157},    nullptr},
 };
-constexpr HelpRow Help[] = {
-    {FileField,        {0, 144, 186, 0, 191, 192}},
-    {FormatField,      {0, 172, 449, 173, 174, 0}},
-    {SecurityField,    {0, 313, 0, 314, 315, 0}},
-    {DateField,        {0, 137, 138, 0, 0, 0}},
-    {FirstChoiceItem,  {0, 187, 0, 0, 0, 0}},
-    {SecondChoiceItem, {0, 188, 189, 0, 0, 0}},
-    {ThirdChoiceItem,  {0, 188, 190, 0, 0, 0}},
+constexpr FieldHelp FieldHelps[] = {
+    {FileField,        Help::ImportFile},
+    {FormatField,      Help::ImportFormat},
+    {SecurityField,    Help::SecurityField},
+    {DateField,        Help::DateField},
+    {FirstChoiceItem,  Help::ImportAll},
+    {SecondChoiceItem, Help::ImportNewer},
+    {ThirdChoiceItem,  Help::ImportFrom},
 };
 // clang-format on
 
@@ -102,6 +103,14 @@ void ShowFiles() {
     ShowSecurities();
 }
 
+// What can't be read of the owner's own files is no trouble of the records. 1 when there was any.
+int TellUnread() {
+    if (ActionRefused() == NotRefused)
+        return 0;
+    GiveActionUp(Help::ImportUnreadable);
+    return 1;
+}
+
 void Fill(int) {
     state.DateOption = NewerEntries;
     state.ExchangeKind = QifFile;
@@ -120,70 +129,86 @@ void Changed(const Event &event) {
     } else if (event.Control == FileField) {
         ShowSecurities();
     }
+    TellUnread();
 }
 
 uint32_t FirstDay() {
     if (state.DateOption == AllEntries)
         return 0;
     if (state.DateOption == NewerEntries)
-        return DayAfterLastEntry();
+        return DayAfterLastEntry(EntriesShown());
     RecDate date = DateProposed(1); // what stands there unless the owner changed it
     GetFieldDate(DateField, &date);
     return date.DayNumber;
 }
 
 int ImportChosen(const char *path) {
+    const Place place = EntriesShown();
     const uint32_t firstDay = FirstDay();
     if (state.ExchangeKind == OfxFile)
-        return ImportOFXFile(path, firstDay, ShowProgress);
+        return ImportOFXFile(place, path, firstDay, ShowProgress);
     if (state.ExchangeKind == CsvFile)
-        return ImportCSVFile(path, firstDay, ShowProgress);
+        return ImportCSVFile(place, path, firstDay, ShowProgress);
     const int security = SelectedControlItem(SecurityField);
     const bool chosen = security >= 0 && security < Securities.Count;
-    return ImportQIFFile(path, firstDay, chosen ? Securities.Names[security] : u"", ShowProgress);
+    return ImportQIFFile(place, path, firstDay, chosen ? Securities.Names[security] : u"", ShowProgress);
 }
 
-// The lines where the list is; the message window opens when it must.
-void TellInList(int must, int align, const int16_t (&line)[MessageLines]) {
+// What is told stands where the list is. A window that is shut opens when it must.
+void OpenMessages(bool must) {
     if (must && !state.MessageWindowOn)
         ToggleHelpMode(1, 0);
-    ShowHelpMessage(align, 1, line[0], line[1], line[2], line[3], line[4], line[5]);
+}
+
+void PaintOnList() {
     if (state.MessageWindowOn && !state.HelpMode)
         PaintMessages(ListWindow, EveryBand);
 }
 
 // What became of every entry; a window that is shut opens for trouble alone.
 void TellSummary() {
-    static constexpr int16_t Summary[MessageLines] = {-1, -2, -3, -4, -5, -6};
     const int32_t *count = state.ImportCount;
-    TellInList(count[3] > 0 || count[0] + count[1] + count[2] < count[5], 0, Summary);
+    OpenMessages(count[3] > 0 || count[0] + count[1] + count[2] < count[5]);
+    ShowHelpMessage(0, 1, -1, -2, -3, -4, -5, -6);
+    PaintOnList();
 }
 
 void TellRefusal(int result) {
-    constexpr int16_t Shares = 217, Money = 218, Unsupported = 219;
+    OpenMessages(true);
     const bool share = IsShare(state.CurAccount.AccType);
-    const int16_t content = result == ImportMoney ? Money : result == ImportShares ? Shares : Unsupported;
-    const int16_t lines[MessageLines] = {214, 215, share ? Shares : Money, 216, content, 307};
-    TellInList(1, 1, lines);
+    if (result == ImportMoney || result == ImportShares)
+        ForceHelp(share ? Help::MoneyIntoShares : Help::SharesIntoMoney);
+    else
+        ForceHelp(share ? Help::UnsupportedIntoShares : Help::UnsupportedIntoMoney);
+    PaintOnList();
 }
 
-// The end lines of a form would cover the summary: so the form ends before it is told, and the frame has nothing left
-// to do.
+int RefuseFile() {
+    ShowProgress(0);
+    GiveActionUp(Help::ImportUnreadable);
+    ShowFiles(); // it may have gone since it was listed
+    return TickRefused;
+}
+
+// The end lines of a form would cover the summary: so the form makes the entries durable and ends before it is told,
+// and the frame has nothing left to do.
 int DiaImport() {
     char path[PathRoom];
     if (!ChosenPath(path)) {
-        RefuseTick(NoFilesMessage);
+        RefuseTick(Help::NoFilesFound);
         return TickRefused;
     }
     const int result = ImportChosen(path);
     if (result == ImportUnwritten)
         return TickUnwritten;
-    if (result == ImportFailed) {
-        ShowProgress(0);
-        ShowFiles(); // it may have gone since it was listed
-        RefuseTick(UnreadMessage);
+    if (result == ImportFailed)
+        return RefuseFile();
+    NameAction(CommandImport);
+    RefreshAccounts();
+    if (result == ImportDone)
+        state.SelectedPos[TransactionList] = state.EntryCount[TransactionList];
+    if (!FinishAction())
         return TickRefused;
-    }
     Dialog_End();
     if (result == ImportDone)
         TellSummary();
@@ -196,7 +221,7 @@ constexpr Form ImportForm = {.Dialog = ImportDialog,
                              .WithPanel = 0,
                              .Controls = &ImportTemplate,
                              .Parts = Parts,
-                             .Help = Help,
+                             .FieldHelps = FieldHelps,
                              .Lists = Lists,
                              .Fill = Fill,
                              .Tick = DiaImport,
@@ -210,6 +235,7 @@ constexpr Form ImportForm = {.Dialog = ImportDialog,
 int OpenImportForm() {
     if (state.FilterShown || !OpenExchangeForm(&ImportForm))
         return 0;
-    ShowHelp(0, 193, 194, 195, 0, 0);
+    if (!TellUnread())
+        ShowHelp(Help::Import);
     return 1;
 }

@@ -2,11 +2,12 @@
 #pragma once
 
 #include "exchange/csv_import.h"
+#include "exchange/export.h"
 #include "exchange/import.h"
 #include "exchange/ofx_import.h"
 #include "exchange/qif_import.h"
+#include "frame/shown.h"
 #include "host/device.h"
-#include "ledger/account_window.h"
 #include "platform/text.h"
 #include <memory>
 
@@ -16,6 +17,15 @@ inline constexpr uint32_t Today = 155289; // 2 March 2026
 
 inline void PutFile(const TestRoot &root, const std::string &name, const std::string &bytes) {
     WriteBytes(root.HostPath("\\" + name), {bytes.begin(), bytes.end()});
+}
+
+// An import or export into or out of the rows shown, as the one action that it is, and what the screens show after it.
+// What it came to; -1 when the action was refused.
+template <typename Exchanging, typename... Arguments> int Exchanged(Exchanging exchanging, Arguments... arguments) {
+    int result = -1;
+    const int durable = AsAction([&] { result = exchanging(EntriesShown(), arguments...); });
+    RefreshAccounts();
+    return durable ? result : -1;
 }
 
 inline std::string Sample(const std::string &name) {

@@ -1,5 +1,4 @@
 // What goes out, letter by letter, and what comes back of it.
-#include "exchange/export.h"
 #include "exchange_test.h"
 #include "ledger/balance.h"
 #include "store/windows.h"
@@ -10,7 +9,7 @@ class Exports : public Device {
 protected:
     // The file that an exporter wrote.
     template <typename Exporter> std::string Written(Exporter exporter, uint32_t day = 0, int mode = ExportAll) {
-        EXPECT_EQ(exporter("\\out.txt", day, mode, nullptr), 1);
+        EXPECT_EQ(Exchanged(exporter, "\\out.txt", day, mode, nullptr), ExportDone);
         const std::vector<uint8_t> bytes = ReadBytes(root.HostPath("\\out.txt"));
         return {bytes.begin(), bytes.end()};
     }
@@ -24,8 +23,8 @@ protected:
             bytes.insert(bytes.end(), from, from + sizeof record);
         }
         WriteBytes(root.DataFile("E1_02A" + std::to_string(id)), bytes);
-        CalcBalance(id);
-        LoadTranFile(state.SelectedPos[AccountList], 1);
+        CalcTotals(LiveRows(id));
+        RefreshAccounts();
     }
     static TRec Row(int year, const char *name, int32_t units, int64_t value, uint8_t kind = EntryRow) {
         TRec row;
@@ -148,7 +147,7 @@ TEST_F(Exports, WhatGoesOutAsCsvComesBackWhole) {
         const std::string before = dump();
         Written(ExportCSVFile);
         Account(ListRow, {});
-        ASSERT_EQ(ImportCSVFile("\\out.txt", 0, nullptr), 1);
+        ASSERT_EQ(Exchanged(ImportCSVFile, "\\out.txt", 0, nullptr), 1);
         EXPECT_EQ(dump(), before);
         EXPECT_EQ(state.ImportCount[0], static_cast<int32_t>(rows.size()));
         EXPECT_EQ(state.AccountKind, type == BankRow ? static_cast<int>(ListAccount) : static_cast<int>(ShareValue));
@@ -161,7 +160,7 @@ TEST_F(Exports, WhatGoesOutAsQifComesBackWithItsAmounts) {
         const FixedAmount balance = Accounts()[static_cast<size_t>(state.SelectedPos[AccountList]) - 1].Balance;
         Written(ExportQIFFile);
         Account(ListRow, {});
-        ASSERT_EQ(ImportQIFFile("\\out.txt", 0, u"", nullptr), 1);
+        ASSERT_EQ(Exchanged(ImportQIFFile, "\\out.txt", 0, u"", nullptr), 1);
         const FixedAmount back = Accounts()[static_cast<size_t>(state.SelectedPos[AccountList]) - 1].Balance;
         EXPECT_EQ(back, type == BankRow ? balance : balance - 4000) << "a marker's shares become a purchase";
     }
@@ -169,20 +168,28 @@ TEST_F(Exports, WhatGoesOutAsQifComesBackWithItsAmounts) {
 
 TEST_F(Exports, AFileThatCannotBeWrittenLeavesTheOneBefore) {
     ShowScreen(TransactionList);
-    for (const bool onward : {false, true})
-        for (int n = 1;; ++n) {
-            SCOPED_TRACE(n);
-            PutFile(root, "out.txt", "before");
-            int result = 9;
-            const bool met = WithFailingDisk({.FailAt = n, .FailOnward = onward, .TearWrite = true},
-                                             [&] { result = ExportCSVFile("\\out.txt", 0, ExportAll, nullptr); });
-            EXPECT_EQ(result, met ? 0 : 1);
-            if (!met)
-                break;
-            EXPECT_EQ(ReadBytes(root.HostPath("\\out.txt")).size(), 6u);
-            EXPECT_NE(machine.Terminal.back().find("ExportCSVFile NcreateFail"), std::string::npos);
-            EXPECT_EQ(disk.OpenHandles, 0);
-        }
+    for (const bool reading : {false, true})
+        for (const bool onward : {false, true})
+            for (int n = 1;; ++n) {
+                SCOPED_TRACE(testing::Message() << reading << " call " << n << " onward " << onward);
+                PutFile(root, "out.txt", "before");
+                int result = 9, refused = 0;
+                DiskSwitches switches = {.FailOnward = onward, .TearWrite = true};
+                (reading ? switches.FailRead : switches.FailAt) = n;
+                const bool met = WithFailingDisk(switches, [&] {
+                    BeginAction();
+                    result = ExportCSVFile(EntriesShown(), "\\out.txt", 0, ExportAll, nullptr);
+                    refused = ActionRefused();
+                    AbortAction();
+                });
+                EXPECT_EQ(result, !met ? ExportDone : reading ? ExportUnread : ExportUnwritten);
+                if (!met)
+                    break;
+                EXPECT_TRUE(!reading || refused == ReadRefused);
+                EXPECT_EQ(ReadBytes(root.HostPath("\\out.txt")).size(), 6u);
+                EXPECT_NE(machine.Terminal.back().find("ExportCSVFile NcreateFail"), std::string::npos);
+                EXPECT_EQ(disk.OpenHandles, 0);
+            }
     EXPECT_TRUE(ReadBytes(root.HostPath("\\out.txt~")).empty());
     EXPECT_GT(ReadBytes(root.HostPath("\\out.txt")).size(), 6u);
 }

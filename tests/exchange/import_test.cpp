@@ -1,12 +1,11 @@
 // An import into an account: where entries land, what is known already, what is counted, and what a failing disk
 // leaves.
-#include "exchange/merge.h"
 #include "exchange_test.h"
 #include "host/fuzz.h"
 #include "ledger/balance.h"
+#include "ledger/entries.h"
 #include "ledger/order.h"
 #include "store/operations.h"
-#include "store/windows.h"
 
 namespace {
 
@@ -22,15 +21,15 @@ public:
     }
     std::string Qif(const std::string &lines, uint32_t firstDay = 0, const char16_t *security = u"") {
         PutFile(root, "a.qif", lines);
-        return Count(ImportQIFFile("\\a.qif", firstDay, security, nullptr));
+        return Count(Exchanged(ImportQIFFile, "\\a.qif", firstDay, security, nullptr));
     }
     std::string Ofx(const std::string &lines, uint32_t firstDay = 0) {
         PutFile(root, "a.ofx", lines);
-        return Count(ImportOFXFile("\\a.ofx", firstDay, nullptr));
+        return Count(Exchanged(ImportOFXFile, "\\a.ofx", firstDay, nullptr));
     }
     std::string Csv(const std::string &lines, uint32_t firstDay = 0) {
         PutFile(root, "a.csv", lines);
-        return Count(ImportCSVFile("\\a.csv", firstDay, nullptr));
+        return Count(Exchanged(ImportCSVFile, "\\a.csv", firstDay, nullptr));
     }
     // "Date Name RunTotal" of each row of the current account.
     std::string Rows(const std::string &fields = "Date Name RunTotal") {
@@ -43,7 +42,7 @@ public:
     void EmptyAccount(int type = ListRow) {
         const uint32_t id = MakeAccount("Purse", type);
         WriteBytes(root.DataFile("E1_02A" + std::to_string(id)), {});
-        LoadTranFile(state.SelectedPos[AccountList], 1);
+        RefreshAccounts();
         ASSERT_EQ(state.CurrentScreen, TransactionList);
     }
     ARec Account() { return Accounts()[static_cast<size_t>(state.SelectedPos[AccountList]) - 1]; }
@@ -63,7 +62,6 @@ TEST_F(Imports, AStatementComesInOnceHoweverOftenItIsImported) {
     EXPECT_EQ(Rows(), rows);
     EXPECT_EQ(Account().Balance, 110000);
     EXPECT_EQ(Account().AccType, uint32_t{ListAccount});
-    EXPECT_EQ(state.SelectedPos[TransactionList], 4);
     EXPECT_EQ(state.ImportSucceeded, 1u);
     const auto files = Snapshot(root.Path());
     EXPECT_EQ(Ofx(Statement), "1: 0/0/3/0/0 of 3");
@@ -164,7 +162,8 @@ TEST_F(Imports, EntriesLandWhereTheyWouldLandOneByOne) {
             old[n].Rec.Value = static_cast<int64_t>(n);
         }
         const auto *bytes = reinterpret_cast<const uint8_t *>(old.data());
-        const std::string file = root.DataFile("E1_02A" + std::to_string(id));
+        const Place place = RowsOf(id, seed % 2 ? View::Live : View::Archive, Rows::All);
+        const std::string file = root.DataFile((seed % 2 ? "E1_02A" : "E1_02R") + std::to_string(id));
         WriteBytes(file, {bytes, bytes + old.size() * sizeof(TRecFile)});
         std::vector<TRec> fresh(dice.Below(30) + 1);
         for (size_t n = 0; n < fresh.size(); ++n) {
@@ -172,61 +171,94 @@ TEST_F(Imports, EntriesLandWhereTheyWouldLandOneByOne) {
             fresh[n].Date = DateFromDayNumber(Today - 2 + static_cast<uint32_t>(dice.Below(old.size() + 6)) / 2);
             fresh[n].Rank = 1 + static_cast<uint32_t>(dice.Below(4));
             fresh[n].Value = 1000 + static_cast<int64_t>(n);
+            CopyText(fresh[n].FITID, TextRoom, u"bank's");
         }
         const auto before = ReadBytes(file);
         for (const TRec &row : fresh)
-            ASSERT_EQ(AddRecFile(id, CpDates(row.Date, row.Rank), &row, 1), 1);
+            ASSERT_GT(AddRecord(place, PositionByDate(place, row.Date, row.Rank), row), 0);
+        CalcTotals(place);
         const auto oneByOne = ReadBytes(file);
         WriteBytes(file, before);
-        std::vector<const TRec *> sorted;
         for (const TRec &row : fresh)
-            sorted.push_back(&row);
-        std::stable_sort(sorted.begin(), sorted.end(), [](const TRec *a, const TRec *b) {
-            return a->Date.DayNumber != b->Date.DayNumber ? a->Date.DayNumber < b->Date.DayNumber : a->Rank < b->Rank;
-        });
-        ASSERT_EQ(MergeEntries(id, 0, sorted.data(), static_cast<int32_t>(sorted.size())), 1);
+            ASSERT_EQ(QueueEntry(place, row), 1);
+        ASSERT_EQ(PlaceQueuedEntries(), 1);
         EXPECT_TRUE(ReadBytes(file) == oneByOne);
     }
 }
 
 TEST_F(Imports, AFailingDiskLeavesAllOfTheImportOrNothing) {
     EmptyAccount();
-    const uint32_t id = state.CurAccount.ID;
-    Qif("!Type:Bank\nD1/2/2026\nT5\nPold\n^\nD1/4/2026\nT6\nPlater\n^\n");
+    Ofx("<OFX><STMTTRN><DTPOSTED>20260201<TRNAMT>5<NAME>old<FITID>1</STMTTRN><STMTTRN><DTPOSTED>20260401<TRNAMT>6"
+        "<NAME>later</STMTTRN></OFX>");
     const std::string before = Rows("Date Name Value"),
                       after = "2026-02-01, old, 5000 | 2026-03-01, new, 7000 | 2026-04-01, later, 6000";
     const auto files = Snapshot(root.Path());
-    PutFile(root, "a.qif", "!Type:Bank\nD1/3/2026\nT7\nPnew\n^\n");
-    for (const bool onward : {false, true})
-        for (int n = 1;; ++n) {
-            SCOPED_TRACE(n);
-            int result = 9;
-            const bool met = WithFailingDisk({.FailAt = n, .FailOnward = onward, .TearWrite = true},
-                                             [&] { result = ImportQIFFile("\\a.qif", 0, u"", nullptr); });
-            const std::string now = Rows("Date Name Value");
-            EXPECT_TRUE(result == ImportUnwritten ? now == before : now == after) << now;
-            EXPECT_EQ(disk.OpenHandles, 0);
-            EXPECT_TRUE(ReadBytes(root.DataFile("E1_02AFF" + std::to_string(id))).empty() || met);
-            EXPECT_EQ(Count(0).substr(3), result == ImportUnwritten ? "0/0/0/0/0 of 0" : "1/0/0/0/0 of 1");
-            for (const auto &[name, bytes] : files)
-                if (name != "a.qif")
-                    WriteBytes(root.Path() + "/" + name, bytes);
-            if (!met)
-                break;
-        }
-    // Nothing there, a directory, and a filtered account.
+    PutFile(root, "a.ofx",
+            "<OFX><STMTTRN><DTPOSTED>20260301<TRNAMT>7<NAME>new<FITID>2</STMTTRN><STMTTRN><DTPOSTED>20260201"
+            "<TRNAMT>5<NAME>old<FITID>1</STMTTRN></OFX>");
+    const auto switches = [](int kind, int n, bool onward) {
+        DiskSwitches failing = {.FailOnward = onward, .TearWrite = true};
+        (kind == 0 ? failing.FailAt : kind == 1 ? failing.FailRead : failing.FailOpen) = n;
+        return failing;
+    };
+    for (int kind = 0; kind < 3; ++kind)
+        for (const bool onward : {false, true})
+            for (int n = 1;; ++n) {
+                SCOPED_TRACE(testing::Message() << "kind " << kind << " call " << n << " onward " << onward);
+                int result = 9;
+                const bool met = WithFailingDisk(switches(kind, n, onward),
+                                                 [&] { result = Exchanged(ImportOFXFile, "\\a.ofx", 0, nullptr); });
+                const std::string now = Rows("Date Name Value");
+                EXPECT_TRUE(result == ImportDone || result == ImportUnwritten || !met) << result;
+                EXPECT_EQ(now, result == ImportDone ? after : before);
+                if (result == ImportDone) {
+                    EXPECT_EQ(Count(0).substr(3), "1/0/1/0/0 of 2");
+                }
+                EXPECT_EQ(disk.OpenHandles, 0);
+                for (const auto &[name, bytes] : files)
+                    if (name != "a.ofx")
+                        WriteBytes(root.Path() + "/" + name, bytes);
+                if (!met)
+                    break;
+            }
+    // Nothing there, a directory, and no account.
     machine.Terminal.clear();
-    EXPECT_EQ(ImportQIFFile("\\gone.qif", 0, u"", nullptr), ImportFailed);
+    EXPECT_EQ(Exchanged(ImportQIFFile, "\\gone.qif", 0, u"", nullptr), ImportFailed);
     EXPECT_NE(machine.Terminal.back().find("ImportQIFFile NcreateFail"), std::string::npos);
-    EXPECT_EQ(ImportOFXFile("\\Program Files", 0, nullptr), ImportFailed);
-    EXPECT_EQ(ImportCSVFile("\\Program Files", 0, nullptr), ImportFailed);
+    BeginAction();
+    EXPECT_EQ(ImportOFXFile(EntriesShown(), "\\Program Files", 0, nullptr), ImportFailed);
+    EXPECT_EQ(ImportCSVFile(EntriesShown(), "\\Program Files", 0, nullptr), ImportFailed);
+    AbortAction();
     EXPECT_NE(machine.Terminal.back().find("ImportCSVFile NcreateFail"), std::string::npos);
-    state.FilterShown = 1;
-    EXPECT_EQ(ImportQIFFile("\\a.qif", 0, u"", nullptr), ImportFailed);
-    state.FilterShown = 0;
-    state.CurrentScreen = GraphList;
-    EXPECT_EQ(ImportCSVFile("\\a.qif", 0, nullptr), ImportFailed) << "a CSV file comes into the transactions alone";
-    state.CurrentScreen = TransactionList;
+    EXPECT_EQ(ImportCSVFile(LiveRows(9999), "\\a.ofx", 0, nullptr), ImportUnwritten);
+}
+
+// A failed read is not the end of the file: an entry that was never read is not told as one that is not there.
+TEST_F(Imports, AFileThatBreaksOffInTheMiddleBringsNothing) {
+    EmptyAccount();
+    std::string many = "!Type:Bank\n";
+    while (many.size() < 3 * sizeof(TextFile::Raw))
+        many += "D1/3/2026\nT1\nPShop\n^\n";
+    PutFile(root, "a.qif", many);
+    const auto text = std::make_unique<TextFile>();
+    for (int n = 1;; ++n) {
+        SCOPED_TRACE(n);
+        SecurityList securities;
+        std::string read;
+        int opened = 0, listed = 0;
+        const bool met = WithFailingDisk({.FailRead = n}, [&] {
+            opened = OpenText(text.get(), "\\a.qif");
+            for (int unit; opened && (unit = NextUnit(text.get())) >= 0;)
+                read += static_cast<char>(unit);
+            if (opened)
+                CloseText(text.get());
+            listed = ListSecurities("\\a.qif", &securities);
+        });
+        EXPECT_EQ(listed, 0);
+        EXPECT_TRUE(!opened || text->Broken || read == many);
+        if (!met)
+            break;
+    }
 }
 
 TEST_F(Imports, TheSummaryAccountsForEveryEntryOfABadFile) {
@@ -275,12 +307,13 @@ TEST_F(Imports, TheSummaryAccountsForEveryEntryOfABadFile) {
 
 TEST_F(Imports, NewerThanTheAccountIsTheDayAfterItsLastEntry) {
     EmptyAccount();
-    EXPECT_EQ(DayAfterLastEntry(), 0u);
+    EXPECT_EQ(DayAfterLastEntry(EntriesShown()), 0u);
     Csv("1/3/2026,Sunday,b,0,0,0,F,t,0\n");
-    EXPECT_EQ(DayAfterLastEntry(), 0u) << "only a marker";
+    EXPECT_EQ(DayAfterLastEntry(EntriesShown()), 0u) << "only a marker";
     Csv("1/2/2026,a,b,1,5,5,F,n,5\n");
-    EXPECT_EQ(DayAfterLastEntry(), Today - 28);
-    EXPECT_EQ(Csv("1/2/2026,a,b,1,5,5,F,n,5\n2/2/2026,a,b,1,5,5,F,n,5\n", DayAfterLastEntry()), "1: 1/0/1/0/0 of 2");
+    EXPECT_EQ(DayAfterLastEntry(EntriesShown()), Today - 28);
+    EXPECT_EQ(Csv("1/2/2026,a,b,1,5,5,F,n,5\n2/2/2026,a,b,1,5,5,F,n,5\n", DayAfterLastEntry(EntriesShown())),
+              "1: 1/0/1/0/0 of 2");
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "exchange/export.h"
 #include "exchange/import.h"
 #include "exchange/qif_import.h"
+#include "frame/shown.h"
 #include "host/device.h"
 #include "host/fuzz.h"
 
@@ -30,11 +31,12 @@ class Importers : public Device {
 protected:
     void Import(Dice &dice) {
         const uint32_t firstDay = dice.Below(3) ? 0 : static_cast<uint32_t>(dice.Below(1 << 18));
+        const Place place = EntriesShown();
         SecurityList securities;
         const int results[] = {
-            ImportQIFFile("\\a.bin", firstDay, dice.Below(2) ? u"IBM" : u"", nullptr),
-            ImportOFXFile("\\a.bin", firstDay, nullptr),
-            ImportCSVFile("\\a.bin", firstDay, nullptr),
+            ImportQIFFile(place, "\\a.bin", firstDay, dice.Below(2) ? u"IBM" : u"", nullptr),
+            ImportOFXFile(place, "\\a.bin", firstDay, nullptr),
+            ImportCSVFile(place, "\\a.bin", firstDay, nullptr),
             ListSecurities("\\a.bin", &securities),
         };
         for (const int result : results)
@@ -67,7 +69,7 @@ TEST_F(Importers, AnyBytesAreAnsweredAndAccountedFor) {
         EXPECT_EQ(disk.OpenHandles, 0);
     }
     for (const auto exporter : {ExportQIFFile, ExportCSVFile, ExportTXTFile})
-        EXPECT_EQ(exporter("\\out.bin", 0, ExportAll, nullptr), 1);
+        EXPECT_EQ(exporter(EntriesShown(), "\\out.bin", 0, ExportAll, nullptr), 1);
     for (int n = 1; n <= state.RowCount; ++n)
         EXPECT_LE(TextsIn(ListWindow, Row(n)).size(), 6u);
 }
