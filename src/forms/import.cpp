@@ -185,8 +185,8 @@ void TellRefusal(int result) {
 
 int RefuseFile() {
     ShowProgress(0);
-    GiveActionUp(Help::ImportUnreadable);
     ShowFiles(); // it may have gone since it was listed
+    GiveActionUp(Help::ImportUnreadable);
     return TickRefused;
 }
 

@@ -1,7 +1,9 @@
 // An owner drops a statement into the device's root and takes it into the account, and sends an account out.
 #include "exchange_test.h"
 #include "forms/forms.h"
+#include "platform/history.h"
 #include <filesystem>
+#include <set>
 
 namespace {
 
@@ -131,6 +133,37 @@ TEST_F(Story, WhatCannotComeInIsToldAndLosesNothing) {
     Tick();
     EXPECT_EQ(form.Resource, 0);
     EXPECT_EQ(Rows().size(), 6u);
+}
+
+TEST_F(Story, WhatTheMachineWillNotReadIsToldByWhatItIs) {
+    PutFile(root, "a.ofx", Statement);
+    const auto files = Snapshot(root.DataFile(""));
+    std::set<std::string> told;
+    OpenImport(" ofx");
+    for (int n = 1;; ++n) {
+        SCOPED_TRACE(n);
+        if (!WithFailingDisk({.FailRead = n}, [&] { Tick(); }))
+            break;
+        EXPECT_EQ(form.Resource, 136);
+        EXPECT_EQ(Snapshot(root.DataFile("")), files);
+        told.insert(Line(1) + "/" + Line(2));
+    }
+    EXPECT_EQ(told, (std::set<std::string>{"Source data is invalid/", "Warning!/Can't read xx_Data directory"}));
+    EXPECT_EQ(form.Resource, 0);
+    EXPECT_EQ(Rows().size(), 6u);
+    EXPECT_EQ(UndoLabel(), CommandImport);
+    EXPECT_EQ(UndoAction(), 1);
+    EXPECT_EQ(Rows().size(), 5u) << "an import is one action";
+    // The root itself: the form says so, and no record is to blame.
+    for (int n = 1;; ++n) {
+        SCOPED_TRACE(n);
+        if (!WithFailingDisk({.FailOpen = n}, [&] { SendCommand(CommandImport); }))
+            break;
+        EXPECT_EQ(form.Resource, 136);
+        EXPECT_EQ(Line(1), "Source data is invalid");
+        Cross();
+    }
+    EXPECT_EQ(Line(1), "Select a file to import new entries");
 }
 
 TEST_F(Story, TheSecurityOfTheAccountIsTheOneProposed) {
