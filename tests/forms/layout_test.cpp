@@ -218,7 +218,7 @@ TEST_F(Layout, EveryFormFieldAndPartExplainsItself) {
         {150, Opening,         "122,41,0,2,3,0"},        {150, FromField,        "0,348,144,0,0,0"},
         {150, ToField,         "0,349,144,0,0,0"},       {150, LabelItem,        "0,345,346,347,0,0"},
         {150, DirectionItem,   "0,350,342,0,0,0"},
-        {151, Opening,         "132,358,2,3,117,0"},     {151, TextField,        "0,139,0,162,0,0"},
+        {151, Opening,         "122,41,0,2,3,0"},        {151, TextField,        "0,139,0,162,0,0"},
         {151, DescriptionField,"0,147,0,162,0,0"},       {151, DownItem,         "0,71,72,359,0,0"},
         {151, 100,             "0,360,361,0,0,0"},       {151, 101,              "0,356,0,357,0,0"},
         // clang-format on
