@@ -53,6 +53,7 @@ constexpr FieldHelp FieldHelps[] = {
 // What stands in the lists.
 FileList Files;
 SecurityList Securities;
+bool RootUnread; // the machine refused to read what is listed
 
 void ListFormats(int field) {
     for (const FormatRow &row : Formats)
@@ -103,10 +104,18 @@ void ShowFiles() {
     ShowSecurities();
 }
 
-// What can't be read of the owner's own files is no trouble of the records. 1 when there was any.
+// Reads the owner's own files into the lists.
+void ReadRoot(void (*show)()) {
+    const bool well = ActionRefused() == NotRefused;
+    show();
+    RootUnread = well && ActionRefused() != NotRefused;
+}
+
+// What can't be read of them is no trouble of the records. 1 when there was any.
 int TellUnread() {
-    if (ActionRefused() == NotRefused)
+    if (!RootUnread)
         return 0;
+    RootUnread = false;
     GiveActionUp(Help::ImportUnreadable);
     return 1;
 }
@@ -116,7 +125,7 @@ void Fill(int) {
     state.ExchangeKind = QifFile;
     SelectControlItem(FormatField, QifFile);
     SetFieldDate(DateField, DateProposed(1));
-    ShowFiles();
+    ReadRoot(ShowFiles);
 }
 
 void Changed(const Event &event) {
@@ -125,9 +134,9 @@ void Changed(const Event &event) {
     if (event.Control == FormatField) {
         const int chosen = SelectedControlItem(FormatField);
         state.ExchangeKind = chosen < 0 ? QifFile : chosen;
-        ShowFiles();
+        ReadRoot(ShowFiles);
     } else if (event.Control == FileField) {
-        ShowSecurities();
+        ReadRoot(ShowSecurities);
     }
     TellUnread();
 }

@@ -140,30 +140,30 @@ TEST_F(Story, WhatTheMachineWillNotReadIsToldByWhatItIs) {
     const auto files = Snapshot(root.DataFile(""));
     std::set<std::string> told;
     OpenImport(" ofx");
-    for (int n = 1;; ++n) {
+    for (int n = 1; form.Resource == 136; ++n) {
         SCOPED_TRACE(n);
-        if (!WithFailingDisk({.FailRead = n}, [&] { Tick(); }))
-            break;
-        EXPECT_EQ(form.Resource, 136);
         EXPECT_EQ(Snapshot(root.DataFile("")), files);
-        told.insert(Line(1) + "/" + Line(2));
+        if (n > 1)
+            told.insert(Line(1) + "/" + Line(2));
+        WithFailingDisk({.FailRead = n}, [&] { Tick(); });
     }
     EXPECT_EQ(told, (std::set<std::string>{"Source data is invalid/", "Warning!/Can't read xx_Data directory"}));
-    EXPECT_EQ(form.Resource, 0);
     EXPECT_EQ(Rows().size(), 6u);
     EXPECT_EQ(UndoLabel(), CommandImport);
     EXPECT_EQ(UndoAction(), 1);
     EXPECT_EQ(Rows().size(), 5u) << "an import is one action";
-    // The root itself: the form says so, and no record is to blame.
+    // The root and the lists; an account that can't be read opens no form.
+    told.clear();
     for (int n = 1;; ++n) {
         SCOPED_TRACE(n);
-        if (!WithFailingDisk({.FailOpen = n}, [&] { SendCommand(CommandImport); }))
-            break;
-        EXPECT_EQ(form.Resource, 136);
-        EXPECT_EQ(Line(1), "Source data is invalid");
+        const bool met = WithFailingDisk({.FailOpen = n}, [&] { SendCommand(CommandImport); });
+        told.insert(Line(1));
         Cross();
+        if (!met)
+            break;
     }
-    EXPECT_EQ(Line(1), "Select a file to import new entries");
+    EXPECT_EQ(told,
+              (std::set<std::string>{"Warning!", "Source data is invalid", "Select a file to import new entries"}));
 }
 
 TEST_F(Story, TheSecurityOfTheAccountIsTheOneProposed) {
