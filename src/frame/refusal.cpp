@@ -81,13 +81,16 @@ int FinishAction() {
 }
 
 void GiveActionUp() {
+    GiveActionUp(ActionRefused() == ReadRefused ? Help::NotRead : Help::NotWritten);
+}
+
+void GiveActionUp(Help help) {
     AbortAction();
-    const bool reading = ActionRefused() == ReadRefused;
     BeginAction();
     ReloadNoted();
     if (!state.OpenedForm) {
         SetGreys(state.CurrentScreen);
         RepaintScreen();
     }
-    RefuseTick(reading ? Help::NotRead : Help::NotWritten);
+    RefuseTick(help);
 }

@@ -1,6 +1,8 @@
 // What is shown after an action that was refused: everything as it was before the action, and the reason.
 #pragma once
 
+#include "resources/help_lines.h"
+
 // Notes where the owner is: screen, account and positions. At the begin of each action that an owner's event
 // starts.
 void NoteShown();
@@ -13,3 +15,5 @@ void NoteShown();
 // search and a range half chosen forgotten, and the owner is told why. An open form stays as it is. The next action
 // then runs.
 void GiveActionUp();
+// The same, told by lines of the caller's own: the trouble was with a file of the owner's, not with the records.
+void GiveActionUp(Help help);

@@ -63,6 +63,16 @@ void OpenConfiguration(int) {
     OpenConfigurationForm();
 }
 
+void ImportEntries(int) {
+    if (!OpenImportForm())
+        Beep();
+}
+
+void ExportEntries(int) {
+    if (!OpenExportForm())
+        Beep();
+}
+
 // --- The account
 
 // Every account of the current one's kind gets its columns. What is refused refuses all of them.
@@ -364,8 +374,8 @@ constexpr CommandRow Commands[] = {
     {CommandDeletePreceding, Deletable,      InForm::Nothing,  DeletePreceding},
     {CommandEmptyBin,        Everywhere,     InForm::Nothing,  EmptyTheBin},
     {CommandAbout,           Everywhere,     InForm::Nothing,  About},
-    {CommandExport,          Entries,        InForm::Beeps,    Refuse},
-    {CommandImport,          Entries,        InForm::Beeps,    Refuse},
+    {CommandExport,          EntriesOrGraph, InForm::Beeps,    ExportEntries},
+    {CommandImport,          EntriesOrGraph, InForm::Beeps,    ImportEntries},
     {CommandBackup,          Everywhere,     InForm::Nothing,  Refuse},
     {CommandRestore,         Everywhere,     InForm::Nothing,  Refuse},
     {CommandArchive,         Entries,        InForm::Beeps,    ArchivePreceding},

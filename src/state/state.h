@@ -91,9 +91,10 @@ struct Candidate {    // of the reconcile search
 struct WaitingEntry { // that waits to be placed by its date
     uint32_t Account;
     uint32_t Order; // in which it came
+    View Of;
     TRec Row;
 };
-inline constexpr int MostWaitingEntries = 5000; // the most that an import takes
+inline constexpr int MostWaitingEntries = 5001; // the most that an import takes, and a balance brought forward
 
 struct KnownAccount {
     uint32_t ID, AccType;
@@ -254,6 +255,8 @@ struct State {
     WorkingRow FormRow;       // the working copy of the row that the form is for
     RecDate DuplicateDate;    // to return to when the duplicate is dropped
     uint32_t FormTransfer;    // ID of the partner account picked for a new entry; every filling of the form clears it
+    int32_t DateOption;       // of import and export: 1 all entries, 2 and 3 as the form's buttons say
+    int32_t ExchangeKind;     // of import and export: kind of file, in the order of the form's list
     int32_t BlockIndex;       // of a recurring item: 0 first, 1 subsequent
     uint32_t BlockFollows;    // 1: the second block is still what the first one is
     int32_t ListedCategories; // rows of the category list that stand for their positions
