@@ -1,4 +1,5 @@
 // The commands of the bar and its menus.
+#include "analysis/graph_data.h"
 #include "forms/forms.h"
 #include "frame/header.h"
 #include "frame/message_window.h"
@@ -12,6 +13,7 @@
 #include "ledger/markers.h"
 #include "platform/shell.h"
 #include "resources/menus.h"
+#include "screens/graph_gestures.h"
 #include "screens/list_screen.h"
 #include "screens/opening.h"
 #include "screens/screens.h"
@@ -231,12 +233,12 @@ void EmptyTheBin(int) {
 
 // --- Archive
 
-void ShowAfterArchiving(int32_t top, int last) {
+void ShowAfterArchiving(int screen, int32_t top, int last) {
     CalcBalance(state.CurAccount.ID);
-    state.CurrentScreen = TransactionList;
+    state.CurrentScreen = screen;
     LoadTranFile(state.SelectedPos[AccountList], top);
     state.SelectedPos[TransactionList] = last ? state.EntryCount[TransactionList] : 1;
-    doTransactions(ListWindow, PaintAll);
+    state.Paint[screen](ListWindow, PaintAll);
 }
 
 void ArchivePreceding(int) {
@@ -245,13 +247,14 @@ void ArchivePreceding(int) {
         Beep();
         return;
     }
+    const int screen = state.CurrentScreen;
     const bool told = position >= ShowProgressFrom;
     if (told)
         OpenProgressForm(ArchiveDialog);
     Archive(state.SelectedPos[AccountList], position, told ? TellProgress : nullptr);
     if (told)
         CloseProgressForm();
-    ShowAfterArchiving(1, 0);
+    ShowAfterArchiving(screen, 1, 0);
 }
 
 void UnarchiveFollowing(int) {
@@ -267,7 +270,7 @@ void UnarchiveFollowing(int) {
     Unarchive(state.SelectedPos[AccountList], position, told ? TellProgress : nullptr);
     if (told)
         CloseProgressForm();
-    ShowAfterArchiving(0, 1);
+    ShowAfterArchiving(TransactionList, 0, 1);
 }
 
 // --- The bar
@@ -300,8 +303,7 @@ enum class InForm : uint8_t { Nothing, Beeps, Explains, Works };
 
 constexpr int Everywhere = 0x1FE, Accounts = 1 << AccountList, Entries = 1 << TransactionList,
               EntriesOrGraph = Entries | 1 << GraphList, AccountViews = Accounts | EntriesOrGraph,
-              NotBin = Everywhere & ~(1 << BinList), Modifiable = NotBin & ~(1 << GraphList),
-              Deletable = Everywhere & ~(1 << GraphList);
+              NotBin = Everywhere & ~(1 << BinList);
 
 struct CommandRow {
     int Id;
@@ -341,18 +343,18 @@ constexpr CommandRow Commands[] = {
     {CommandInsertDay,       Entries,        InForm::Nothing,  InsertDay},
     {CommandInsertReconcile, Entries,        InForm::Nothing,  InsertReconcile},
     {CommandInsertTotal,     Accounts,       InForm::Nothing,  InsertTotal},
-    {CommandModify,          Modifiable,     InForm::Explains, ModifyEntry},
-    {CommandDeleteOne,       Deletable,      InForm::Nothing,  DeleteOne},
-    {CommandDeleteStart,     Deletable,      InForm::Nothing,  DeleteRange},
-    {CommandDeleteFinish,    Deletable,      InForm::Nothing,  DeleteRange},
-    {CommandDeletePreceding, Deletable,      InForm::Nothing,  DeletePreceding},
+    {CommandModify,          NotBin,         InForm::Explains, ModifyEntry},
+    {CommandDeleteOne,       Everywhere,     InForm::Nothing,  DeleteOne},
+    {CommandDeleteStart,     Everywhere,     InForm::Nothing,  DeleteRange},
+    {CommandDeleteFinish,    Everywhere,     InForm::Nothing,  DeleteRange},
+    {CommandDeletePreceding, Everywhere,     InForm::Nothing,  DeletePreceding},
     {CommandEmptyBin,        Everywhere,     InForm::Nothing,  EmptyTheBin},
     {CommandAbout,           Everywhere,     InForm::Nothing,  Refuse},
     {CommandExport,          Entries,        InForm::Beeps,    Refuse},
     {CommandImport,          Entries,        InForm::Beeps,    Refuse},
     {CommandBackup,          Everywhere,     InForm::Nothing,  Refuse},
     {CommandRestore,         Everywhere,     InForm::Nothing,  Refuse},
-    {CommandArchive,         Entries,        InForm::Beeps,    ArchivePreceding},
+    {CommandArchive,         EntriesOrGraph, InForm::Beeps,    ArchivePreceding},
     {CommandUnarchive,       Entries,        InForm::Beeps,    UnarchiveFollowing},
     {CommandExit,            Everywhere,     InForm::Nothing,  Quit},
     {CommandCross,           Everywhere,     InForm::Nothing,  Cross},
@@ -365,6 +367,39 @@ constexpr CommandRow Commands[] = {
 };
 // clang-format on
 
+// On the graph these act on the entry of the selected point, which must be brought to the transactions first. Charts
+// have no points; there a filter works on what the transactions show as selected.
+enum class Works : uint8_t { OnPlainList, Filtered, AlsoInCharts };
+struct PointCommand {
+    int First, Last; // of the commands' numbers
+    Works Where;
+};
+// clang-format off
+constexpr PointCommand OnPoint[] = {
+    {CommandModify,          CommandModify,          Works::Filtered},
+    {ExcludeFlag,            ExcludeCategory,        Works::AlsoInCharts},
+    {ExcludeEntry,           ExcludeFollowing,       Works::AlsoInCharts},
+    {ShowEntry,              ShowEntry,              Works::AlsoInCharts},
+    {CommandDeleteOne,       CommandDeleteFinish,    Works::OnPlainList},
+    {CommandDeletePreceding, CommandDeletePreceding, Works::OnPlainList},
+    {CommandArchive,         CommandArchive,         Works::OnPlainList},
+};
+// clang-format on
+
+// 0 when the command needs a point and there is none that it may work on.
+int PointServes(int command) {
+    if (state.CurrentScreen != GraphList)
+        return 1;
+    for (const PointCommand &row : OnPoint) {
+        if (command < row.First || command > row.Last)
+            continue;
+        if (ChartShown())
+            return row.Where == Works::AlsoInCharts;
+        return BringSelectedPoint() && (row.Where != Works::OnPlainList || !state.FilterShown);
+    }
+    return 1;
+}
+
 } // namespace
 
 void DoCommand(int command) {
@@ -376,6 +411,8 @@ void DoCommand(int command) {
                 ExplainModify();
             else if (row.Form == InForm::Beeps)
                 Beep();
+        } else if (!PointServes(command)) {
+            row.Form == InForm::Explains ? ExplainModify() : Beep();
         } else if (row.Screens >> state.CurrentScreen & 1) {
             row.Do(command);
         } else {

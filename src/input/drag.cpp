@@ -232,6 +232,11 @@ void DoMouseMove(Window window, int x, int y) {
             DragEdge(x);
         return;
     }
+    if (state.PlotHeld && screen->MovePlot) {
+        if (window == ListWindow)
+            screen->MovePlot(x, y);
+        return;
+    }
     if (state.DragSource < 1)
         return;
     const int place = LinePos(window, x, y);
@@ -245,6 +250,9 @@ void DoButtonUp(Window window, int x, int y) {
     if (!screen || state.ActiveDialog != NoDialog)
         return;
     CoolTab();
+    if (state.PlotHeld && screen->ReleasePlot)
+        screen->ReleasePlot(x, y);
+    state.PlotHeld = 0;
     if (state.ColumnDragScreen != 0)
         ReleaseEdge();
     if (state.DropLineShown)

@@ -75,9 +75,10 @@ void MoveDown() {
 }
 
 void MoveSelection(Key key) {
-    if (state.CurrentScreen == GraphList)
-        return;
-    if (key == Key::Up)
+    const ListScreen *screen = ScreenOf(state.CurrentScreen);
+    if (screen && screen->PlotKey)
+        screen->PlotKey(key);
+    else if (key == Key::Up)
         MoveUp();
     else
         MoveDown();
@@ -95,10 +96,13 @@ void StepByKey(Key key) {
         ShowChoice(Steps);
 }
 
-void OpenSelected(Key) {
-    if (state.CurrentScreen == AccountList && InList(state.SelectedPos[AccountList]))
+void OpenSelected(Key key) {
+    const ListScreen *screen = ScreenOf(state.CurrentScreen);
+    if (screen && screen->PlotKey)
+        screen->PlotKey(key);
+    else if (state.CurrentScreen == AccountList && InList(state.SelectedPos[AccountList]))
         ShowEnteredAccount();
-    else if (state.CurrentScreen != GraphList)
+    else
         DoButtonDblclk(ListWindow, EntryRow);
 }
 

@@ -207,6 +207,7 @@ void DoButtonDown(Window window, int x, int y) {
         return;
     TurnEyes(window, x, y);
     state.DragSource = 0;
+    state.PlotHeld = 0;
     if (window == TopWindow) {
         if (state.FrontPageDone)
             PressTop(*screen, x, y);
@@ -219,8 +220,10 @@ void DoButtonDown(Window window, int x, int y) {
         TurnTabPage();
     else if (place < 0)
         TapTab(-place);
-    else if (screen->PressPlot && window == ListWindow)
+    else if (screen->PressPlot && window == ListWindow && y < state.RowCount * RowHeight) {
+        state.PlotHeld = 1;
         screen->PressPlot(x, y);
+    }
 }
 
 void DoDoubleTap(Window window, int x, int y) {

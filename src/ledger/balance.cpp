@@ -250,6 +250,7 @@ FixedAmount CalcView(uint32_t accountID, uint32_t archive, int withMarker) {
     int32_t position;
     if (!FindAccount(accountID, &account, &position))
         return 0;
+    state.ExtrapReload = 1; // what the graph foretold came from the entries as they were
     const uint32_t view = state.ArchiveView;
     state.ArchiveView = archive;
     Pass pass = {};

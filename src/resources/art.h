@@ -26,6 +26,9 @@ enum ImageId : int {
     DirectionArrows = 340, // conversion form: forward, reversed: 32 x 38 each
     EntryUp = 341,         // arrows of a form's top line, 20 x 18
     EntryDown = 342,
+    GraphIcons = 610,      // 19 x 19 each: the five modes, counting up, counting down, counting that has nothing to do
+    PointMark = 611,       // around the selected point of a plot
+    ZeroImage = 612,       // the zero button of the extrapolation
     ProgramIcon = 300,
 };
 // clang-format on
@@ -41,6 +44,6 @@ inline constexpr Image Images[] = {
     {TimesSign, 12, 12}, {FlagNone, 20, 26}, {FlagRed, 20, 26}, {FlagBlue, 20, 26}, {FlagYellow, 20, 26},
     {TwoPages, 19, 20}, {OnePage, 19, 20}, {ViewPictures, 40, 20}, {FormGround, 240, 268}, {BarSheet, 208, 16},
     {ToolsImage, 16, 16}, {CrossImage, 16, 16}, {TickImage, 16, 16}, {DirectionArrows, 64, 38}, {EntryUp, 20, 18},
-    {EntryDown, 20, 18}, {ProgramIcon, 64, 64},
+    {EntryDown, 20, 18}, {GraphIcons, 152, 19}, {PointMark, 7, 7}, {ZeroImage, 14, 14}, {ProgramIcon, 64, 64},
 };
 // clang-format on

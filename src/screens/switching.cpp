@@ -107,7 +107,8 @@ void StepScreen(int forward, In function) {
         ShowNextTransactions(forward);
         return;
     case GraphList:
-        ShowNextGraph(forward);
+        if (!GraphScreen.PlotKey(forward ? Key::Right : Key::Left))
+            ShowNextGraph(forward);
         return;
     case RecurringList:
     case TemplateList:

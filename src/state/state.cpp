@@ -21,6 +21,11 @@ void ResetState() {
     state.RecurringInOrder = 1;
     state.GraphScale = 1;
     state.BalanceView = 1;
+    state.PlotBand = 15;
+    state.PlotBase = 5;
+    state.PlotYScale = state.UnitsPerRow = state.RowsPerDay = 1;
+    state.SelectedSample = -1;
+    state.IncrementMode = state.ExtrapReload = 1;
     state.ColumnRepaintGate = 1;
     state.FirstSign = state.SecondSign = 1;
     state.LeftEye = state.RightEye = 9;

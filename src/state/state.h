@@ -18,7 +18,9 @@ inline constexpr int MessageLines = 6;
 inline constexpr int ScreenCount = 8;
 inline constexpr int RunBytes = 256 * 1064; // one run of records, of the widest kind
 inline constexpr int MostCandidates = 20;   // of the reconcile search: 2^20 subsets are still instant
-inline constexpr int32_t NoKey = 2000000;   // CurrentKey when nothing is enciphered
+inline constexpr int MostSamples = 100;     // of a plot: more would stand on one pixel of x
+inline constexpr int AxisRoom = 18;
+inline constexpr int32_t NoKey = 2000000; // CurrentKey when nothing is enciphered
 
 // What owns input: a form, an overlay, or nothing. The numbers stand in the tables of forms and greys.
 enum Dialog : int {
@@ -167,9 +169,46 @@ struct State {
     // Graph
     int32_t GraphMode; // 0 none yet, 1 graph, 2 regression, 3 extrapolation, 4 bars, 5 pies
     int32_t GraphScale;
-    uint32_t BalanceView;    // 1: the Balance column is plotted, 0: the value column
-    uint32_t BackToGraph;    // a form opened from the graph leads back to it
-    uint32_t GraphDecrement; // extrapolation: a tap on the box counts down
+    uint32_t BalanceView; // 1: the Balance column is plotted, 0: the value column
+    uint32_t BackToGraph; // a form opened from the graph leads back to it
+    // Its sample table: the newest entries of the account, as pixels of ListWindow; lives as long as a redraw. Samples
+    // count from 1, oldest first, and point 0 repeats point 1.
+    int32_t SamplePos[MostSamples + 1]; // record in the file
+    Point SamplePt[MostSamples + 1];
+    int32_t SampleCount, SampleTotal; // samples; all records of the file
+    FixedAmount SampleMin, SampleMax; // they take in zero
+    int32_t MinIndex, MaxIndex;       // samples that hold the extremes
+    int32_t SelectedSample;           // under the pointer; -1 before the first plot, 0 none
+    int32_t SelectedEntry;            // record selected on this tab, 0 none
+    uint32_t LastPlottedAccount;      // ID for which SelectedEntry was chosen
+    uint32_t LastPlottedView;         // bit 0 the archive, bit 1 a filter
+    // Scaling: pixels before PlotYScale
+    int32_t PlotBand, PlotBase; // height of a grid row; top of the plot
+    int64_t PlotZero;           // of the zero row below PlotBase
+    float PlotYScale;           // 7/12 above the message window
+    uint32_t PointerOn;
+    uint32_t PlotHeld;        // the stylus went down on the plot
+    Point AxisLine[AxisRoom]; // as drawn last, to be drawn again over the curve
+    int32_t AxisPoints;       // of AxisLine in use
+    Point LineEnds[2];        // of the regression line, as drawn
+    char16_t AxisText[16];    // the latest answer of Ystr
+    // Regression
+    float RegSlope, RegIntercept; // rows for a pixel of x; row at x 0
+    float UnitsPerRow;            // whole units for a row
+    float RowsPerDay;             // despite its name pixels of x for a day
+    int32_t FirstValue;           // whole units at the first sample
+    uint32_t FirstDay;            // day number of the first sample
+    int32_t DaySpan;              // first to last sample, 1 on the same day
+    // Extrapolation
+    RecDate FirstDate, LastDate;        // of the first and last sample
+    RecDate LeftDate, TargetDate;       // of the ends of the plot; TargetDate stands in the boxes
+    FixedAmount LeftValue, TargetValue; // predicted for them
+    int32_t ExtrapValue, ExtrapPercent; // of the boxes: whole units, -50 to 50
+    int32_t BoxSelection, BoxIndex;     // a Box of analysis/extrapolation.h; its part from 1
+    uint32_t IncrementMode;             // 1: a tap on a box counts up
+    uint32_t ExtrapReload;              // 1: all of this must be built again from the account
+    RecDate PointerDate;                // under the pointer
+    int32_t PointerX, PointerY;         // on the line, Y before PlotYScale
 
     // Hub
     int32_t HubState; // 0 closed, 1 hub, 2 calculator

@@ -63,7 +63,7 @@ constexpr int RowY(int row) {
 constexpr int TabX(int slot) {
     return (slot - 1) * 37 + 20;
 }
-constexpr int LowTabY = 280, BarY = 307;
+constexpr int LowTabY = 280, BarY = 307, IconY = 52, PlotY = 62;
 
 // clang-format off
 constexpr Step Steps[] = {
@@ -91,7 +91,10 @@ constexpr Step Steps[] = {
     Press(Qt::Key_F10), Press(Qt::Key_Return), Picture("notepad"), Press(Qt::Key_Escape),
     Press(Qt::Key_F10), Press(Qt::Key_Down), Press(Qt::Key_Right), Press(Qt::Key_Return), Picture("settings"),
     Press(Qt::Key_Escape),
-    Show(GraphList), Picture("graph"),
+    Show(GraphList), Picture("graph"), Tap(128, PlotY + 70), Picture("graph-point"),
+    Tap(33, IconY), Picture("regression"),
+    Tap(53, IconY), Picture("extrapolation"), Tap(83, PlotY + 12), Tap(189, PlotY + 12), Tap(130, PlotY + 12),
+    Tap(150, PlotY + 90), Picture("extrapolation-changed"), Tap(13, IconY),
     Show(TransactionList), DoubleTap(60, RowY(9)), Tap(215, 198), Picture("new-entry-advanced"), Press(Qt::Key_Escape),
     Drag(60, RowY(9), 130, RowY(9)), Picture("new-reconcile"), Press(Qt::Key_Escape),
     Tap(60, RowY(2)), Press(Qt::Key_F10), Press(Qt::Key_Right), Press(Qt::Key_Down), Press(Qt::Key_Down),
@@ -104,7 +107,8 @@ constexpr Step Steps[] = {
     Press(Qt::Key_Return), Picture("filtered"),
     Press(Qt::Key_F1), Picture("filtered-with-help"),
     Show(AccountList), Picture("accounts-with-help"),
-    Show(GraphList), Picture("graph-with-help"),
+    Show(GraphList), Picture("graph-with-help"), Tap(53, IconY), Tap(200, PlotY + 40), Picture("extrapolation-with-help"),
+    Tap(33, IconY), Press(Qt::Key_Up), Picture("regression-with-help"),
     Show(RecurringList), Picture("recurring-with-help"),
     Show(TemplateList), Picture("templates-with-help"),
     Show(BinList), Picture("bin-with-help"),
