@@ -18,10 +18,12 @@ uint32_t Today() {
     return today.DayNumber;
 }
 
-// The straight line's value for a day, unclipped.
+// The straight line's value for a day, not yet clipped to what the boxes show.
 int64_t StraightValue(int64_t day) {
+    constexpr int64_t Most = int64_t{1} << 40; // far beyond them, and a percentage of it still fits
     const auto days = static_cast<float>(day - static_cast<int64_t>(state.FirstDay));
-    return int64_t{state.FirstValue} - Cut(days * state.UnitsPerRow * state.RegSlope * state.RowsPerDay);
+    const auto rise = Cut<int64_t>(days * state.UnitsPerRow * state.RegSlope * state.RowsPerDay);
+    return state.FirstValue - std::clamp(rise, -Most, Most);
 }
 
 int Bends() {

@@ -42,6 +42,8 @@ int ReadRows(int file, int32_t first, int32_t count, TRecFile *rows) {
 
 // --- The walk from the newest entry backward
 
+constexpr FixedAmount LargestPlotted = INT64_MAX / 4; // two of them still have a distance
+
 struct Walk {
     int Slot = MostSamples + 1; // of the sample accepted last; filled from the end downward
     FixedAmount Value[MostSamples + 1];
@@ -76,7 +78,7 @@ void WalkBack(int file, Walk *walk) {
             const TRec &row = rows[last - first].Rec;
             if (row.RowKind == DayMarker)
                 continue;
-            Accept(walk, last, GetGraphValue(row));
+            Accept(walk, last, std::clamp(GetGraphValue(row), -LargestPlotted, LargestPlotted));
             if (walk->Slot == 1)
                 return;
         }
@@ -150,11 +152,6 @@ int64_t Share(FixedAmount value, FixedAmount span) {
     return height * value / span;
 }
 
-// max - min, which are on both sides of zero, at most what 64 bits hold.
-FixedAmount SpanOf(FixedAmount min, FixedAmount max) {
-    return max > INT64_MAX + min ? INT64_MAX : max - min;
-}
-
 } // namespace
 
 int ChartShown() {
@@ -211,7 +208,7 @@ void ScaleGraph(FixedAmount min, FixedAmount max, FixedAmount *span, float *xSte
     const bool extrapolation = state.GraphMode == Extrapolation;
     state.PlotBand = extrapolation ? ExtrapolationBand : UsualBand;
     state.PlotBase = extrapolation ? ExtrapolationBase : UsualBase;
-    *span = SpanOf(min, max);
+    *span = max - min;
     const int64_t above = *span == 0 || ChartShown() ? int64_t{state.PlotBand} * GridRows : Share(max, *span);
     state.PlotZero = state.PlotBand + above;
     constexpr auto Width = static_cast<float>(PlotRight - PlotLeft);

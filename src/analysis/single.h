@@ -4,12 +4,12 @@
 #include <cstdint>
 #include <limits>
 
-// What 32 bits can't hold becomes the nearest they can; what is no number becomes 0.
-inline int32_t Cut(float value) {
-    constexpr float Limit = 2147483648.0F;
+// What a whole number can't hold becomes the nearest it can; what is no number becomes 0.
+template <typename Whole = int32_t> Whole Cut(float value) {
+    constexpr float Limit = -static_cast<float>(std::numeric_limits<Whole>::min());
     if (value >= Limit)
-        return std::numeric_limits<int32_t>::max();
+        return std::numeric_limits<Whole>::max();
     if (value <= -Limit)
-        return std::numeric_limits<int32_t>::min();
-    return value == value ? static_cast<int32_t>(value) : 0;
+        return std::numeric_limits<Whole>::min();
+    return value == value ? static_cast<Whole>(value) : 0;
 }

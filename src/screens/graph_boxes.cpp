@@ -1,7 +1,7 @@
 // The row of boxes above an extrapolation: zero button, eight digits, percentage, date.
 #include "analysis/extrapolation.h"
 #include "analysis/graph_data.h"
-#include "drawing/cells.h"
+#include "drawing/colours.h"
 #include "drawing/geometry.h"
 #include "platform/text.h"
 #include "resources/art.h"
@@ -10,18 +10,19 @@
 
 namespace {
 
-constexpr Colour LinkPen = SeparatorGrey, ActiveLinkPen = Rgb(224, 24, 48), ThousandsPen = Rgb(0, 39, 159);
+constexpr Colour LinkPen = SeparatorGrey, ActiveLinkPen = Rgb(224, 24, 48), ThousandsPen = Rgb(0, 39, 159),
+                 FramePen = Rgb(150, 165, 190), NeutralFill = Rgb(244, 247, 252);
 
 bool IsSelected(int kind, int index) {
     return state.BoxSelection == kind && (kind == ZeroBox || kind == PercentBox || state.BoxIndex == index);
 }
 
 Rect DrawBox(int kind, int index) {
-    constexpr Bevel Pens = {White, SeparatorGrey};
     Rect box;
     ExtrapBoxRect(kind, index, &box);
-    DrawCell(ListWindow, box.Top - 1, box.Bottom, box.Left, box.Right + 1, Pens,
-             IsSelected(kind, index) ? PressedGold : WhiteBrush, RaisedCell);
+    FillRect(ListWindow, {box.Left, box.Top, box.Right + 1, box.Bottom + 1}, FramePen);
+    FillRect(ListWindow, {box.Left + 1, box.Top + 1, box.Right, box.Bottom},
+             IsSelected(kind, index) ? BrushColour(PressedGold) : NeutralFill);
     return box;
 }
 

@@ -51,11 +51,14 @@ void LookAfterRelease(int, int) {
 constexpr int IconsAndPlot = PaintColumns | PaintRows;
 // clang-format off
 constexpr Mode Modes[] = { // ORDER GRAPHMODE
-    {OfGraph,         OfGraph,            IconsAndPlot,               PaintEntryPlot,     SelectGraphPoint,   SelectGraphPoint,      LookAfterRelease, PlotKeyPressed},
-    {OfRegression,    OfRegressionInList, IconsAndPlot,               PaintEntryPlot,     SelectGraphPoint,   SelectGraphPoint,      LookAfterRelease, PlotKeyPressed},
-    {OfExtrapolation, NotInList,          IconsAndPlot | PaintCounts, PaintExtrapolation, PressExtrapolation, MoveOverExtrapolation, LookAfterRelease, BoxKeyPressed},
-    {OfBars,          OfBars,             PaintAll,                   nullptr,            nullptr,            nullptr,               nullptr,          nullptr},
-    {OfPie,           OfPie,              PaintAll,                   nullptr,            nullptr,            nullptr,               nullptr,          nullptr},
+    {OfGraph, OfGraph, IconsAndPlot,
+     PaintEntryPlot, SelectGraphPoint, SelectGraphPoint, LookAfterRelease, PlotKeyPressed},
+    {OfRegression, OfRegressionInList, IconsAndPlot,
+     PaintEntryPlot, SelectGraphPoint, SelectGraphPoint, LookAfterRelease, PlotKeyPressed},
+    {OfExtrapolation, NotInList, IconsAndPlot | PaintCounts,
+     PaintExtrapolation, PressExtrapolation, MoveOverExtrapolation, LookAfterRelease, BoxKeyPressed},
+    {OfBars, OfBars, PaintAll, nullptr, nullptr, nullptr, nullptr, nullptr},
+    {OfPie, OfPie, PaintAll, nullptr, nullptr, nullptr, nullptr, nullptr},
 };
 // clang-format on
 

@@ -7,6 +7,7 @@
 #include "platform/text.h"
 #include "resources/art.h"
 #include <algorithm>
+#include <initializer_list>
 
 namespace {
 
@@ -143,11 +144,12 @@ void DrawRibbon(const Point *points, int count, int brush) {
         return;
     }
     Point shifted[MostSamples + 1];
-    for (int k = depth - 1; k >= 1; --k) {
-        for (int i = 0; i < count; ++i)
-            shifted[i] = {points[i].X + k, points[i].Y - k};
-        DrawPolyline(ListWindow, shifted, count, colour);
-    }
+    for (int k = depth - 1; k >= 1; --k)
+        for (const int up : {k, k - 1}) { // without the second copy a slanted ribbon would have holes
+            for (int i = 0; i < count; ++i)
+                shifted[i] = {points[i].X + k, points[i].Y - up};
+            DrawPolyline(ListWindow, shifted, count, colour);
+        }
 }
 
 void DrawGraph() {
