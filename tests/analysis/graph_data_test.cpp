@@ -23,7 +23,6 @@ TEST_F(Plot, PutsEveryValueOnItsPixel) {
         {{0, 0}, PlainGraph, false, 165, "33,170 223,170"},
         {{1000000000, 2000000000}, PlainGraph, false, 165, "33,95 223,20"},
         {{-9000000000000000, 9000000000000000}, PlainGraph, false, 89, "33,168 223,20"}, // cut to what can be plotted
-        ,
     };
     for (const auto &row : cases) {
         Load(row.Balances, row.Mode, row.Messages);
