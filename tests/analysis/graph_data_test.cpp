@@ -107,6 +107,13 @@ TEST_F(Plot, ReadsTheFileOfTheViewAndOfTheFilter) {
     EXPECT_EQ(state.SampleCount, 2);
     EXPECT_EQ(state.SelectedEntry, 2) << "other entries: the last one is selected";
     EXPECT_EQ(state.ExtrapReload, 1U);
+    state.ArchiveView = 0;
+    LoadGraphData();
+    state.ExtrapReload = 0;
+    Write(Balances({1}), "E1_02AF5");
+    LoadGraphData();
+    EXPECT_EQ(state.SampleCount, 1);
+    EXPECT_EQ(state.ExtrapReload, 1U);
 }
 
 TEST_F(Plot, AnEntryIsWorthWhatTheColumnShows) {

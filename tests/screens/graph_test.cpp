@@ -135,6 +135,18 @@ TEST_F(Graph, CommandsWorkOnTheSelectedPointAlone) {
     EXPECT_EQ(Names<TRec>("E1_02R1"), "Opening balance,Rent");
 }
 
+TEST_F(Graph, NoOtherEntryGoesWhenMidnightMovedTheRows) {
+    EXPECT_EQ(state.SelectedEntry, 5); // the Visa payment, behind the Day marker
+    SetClock(2026, 3, 12);             // the marker now belongs behind it
+    machine.Beeps = 0;
+    SendKey(Key::Delete);
+    EXPECT_EQ(machine.Beeps, 1);
+    EXPECT_EQ(Entries(), "Opening balance,ATM,Rent,Visa payment,Thursday");
+    EXPECT_EQ(state.SelectedEntry, 4);
+    SendKey(Key::Delete);
+    EXPECT_EQ(Entries(), "Opening balance,ATM,Rent,Thursday");
+}
+
 TEST_F(Graph, TheLineOfBestFitStandsBehindTheCurveAndAboveItAgain) {
     Choose(Regression);
     EXPECT_EQ(state.LineEnds[0].Y, 15);
