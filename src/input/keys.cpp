@@ -4,6 +4,7 @@
 #include "input/input.h"
 #include "platform/shell.h"
 #include "resources/menus.h"
+#include "screens/graph_gestures.h"
 #include "screens/list_screen.h"
 #include "screens/opening.h"
 #include "screens/screens.h"
@@ -138,7 +139,9 @@ void TapTitle(Key key) {
     constexpr int TitleY = (HeaderBottom + TitlesBottom) / 2;
     const int column = static_cast<int>(key) - static_cast<int>(Key::Title1) + 1;
     const int32_t *edge = state.ColumnEdge[state.CurrentScreen];
-    if (state.CurrentScreen != GraphList && edge[column] > edge[column - 1])
+    if (state.CurrentScreen == GraphList)
+        DoButtonDown(TopWindow, TitleKeyX(column), TitleY);
+    else if (edge[column] > edge[column - 1])
         DoButtonDown(TopWindow, (edge[column - 1] + edge[column]) / 2, TitleY);
 }
 

@@ -266,6 +266,16 @@ constexpr TitleSpot Spots[] = {
 
 } // namespace
 
+int TitleKeyX(int title) {
+    if (title != 1) {
+        const TitleSpot &spot = Spots[title - 1];
+        return (spot.From + spot.To) / 2;
+    }
+    const int next = state.GraphMode % ModeIcons + 1;
+    const int mode = next == Extrapolation && state.AccountKind == ListAccount ? +BarChart : next;
+    return IconLeft + (mode - 1) * IconPitch + IconSize / 2;
+}
+
 void doGraph(Window window, int mask) {
     SettleMode();
     state.AccountKind = static_cast<int32_t>(state.CurAccount.AccType);

@@ -164,9 +164,14 @@ int PlotKeyPressed(Key key) {
 }
 
 int BoxKeyPressed(Key key) {
-    if (state.BoxSelection == NoBox)
+    if (state.BoxSelection == NoBox && key != Key::Enter)
         return 0;
     switch (key) {
+    case Key::Enter:
+        state.BoxSelection = state.BoxSelection == NoBox ? +DateBox : +NoBox;
+        state.BoxIndex = DayPart;
+        doGraph(ListWindow, PaintCounts);
+        return 1;
     case Key::Up:
     case Key::Down:
         state.PointerOn = 0;

@@ -224,6 +224,34 @@ TEST_F(Graph, ArrowKeysWorkTheBoxesAndWithoutOneTheAccounts) {
     EXPECT_EQ(Ids(), "0,263,0,287,0,0");
 }
 
+TEST_F(Graph, EveryTitleAndBoxIsWithinReachOfKeys) {
+    for (const int mode : {Regression, Extrapolation}) {
+        SendKey(Key::Title1);
+        EXPECT_EQ(state.GraphMode, mode);
+    }
+    SendKey(Key::Enter);
+    SendKey(Key::Up);
+    EXPECT_EQ(Boxes(), "1 | 7 | 4 | 0 | % | 10 | Mar | 2026");
+    SendKey(Key::Enter); // given up: the arrows go to the accounts again
+    SendKey(Key::Right);
+    EXPECT_EQ(state.SelectedPos[AccountList], 2);
+    SendKey(Key::Title2);
+    EXPECT_EQ(state.IncrementMode, 0U);
+    SendKey(Key::Title4);
+    EXPECT_EQ(state.ReconciledView, 1U);
+    SendKey(Key::Title3);
+    EXPECT_EQ(state.BalanceView, 0U);
+    for (const int mode : {BarChart, PieChart, PlainGraph, Regression}) {
+        SendKey(Key::Title1);
+        EXPECT_EQ(state.GraphMode, mode);
+    }
+    MakeAccount("Things", ListRow);
+    ShowScreen(GraphList);
+    ASSERT_EQ(state.GraphMode, Regression);
+    SendKey(Key::Title1);
+    EXPECT_EQ(state.GraphMode, BarChart);
+}
+
 TEST_F(Graph, TheBoxesLastUntilTheAccountChanges) {
     Choose(Extrapolation);
     TapPlot(220, 10); // a year on
