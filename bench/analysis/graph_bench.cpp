@@ -3,6 +3,8 @@
 #include "../records/rows.h"
 #include "analysis/extrapolation.h"
 #include "analysis/graph_data.h"
+#include "analysis/graph_value.h"
+#include "frame/shown.h"
 #include "screens/screens.h"
 
 namespace {
@@ -33,7 +35,7 @@ BENCHMARK(Graph)
 void Reading(benchmark::State &run) {
     const Plotted account(static_cast<int32_t>(run.range(0)), PlainGraph);
     for (auto _ : run)
-        LoadGraphData();
+        LoadGraphData(EntriesShown());
 }
 BENCHMARK(Reading)->ArgName("rows")->Arg(100)->Arg(1000)->Arg(100000)->Unit(benchmark::kMicrosecond);
 

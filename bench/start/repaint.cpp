@@ -1,5 +1,6 @@
 // A full repaint of an account's transactions, and a step of an extrapolation's date, on the real surface:
 // bench_repaint [ROUNDS]
+#include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/start.h"
 #include "platform/files.h"

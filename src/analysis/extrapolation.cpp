@@ -1,5 +1,6 @@
 #include "analysis/extrapolation.h"
 #include "analysis/graph_data.h"
+#include "analysis/graph_value.h"
 #include "analysis/regression.h"
 #include "analysis/single.h"
 #include "state/state.h"
@@ -50,9 +51,9 @@ RecDate DateOf(int64_t day) {
 }
 
 // Reads the date of a sample; today's when there is none.
-RecDate SampleDate(int sample) {
+RecDate SampleDate(const Place &place, int sample) {
     TRec row;
-    LoadTrec(sample > 0 ? state.SamplePos[sample] : 0, &row);
+    LoadTrec(place, sample > 0 ? state.SamplePos[sample] : 0, &row);
     return row.Date;
 }
 
@@ -86,15 +87,15 @@ uint32_t PredictDate(uint32_t day, int32_t value) {
     return ValidDay(found);
 }
 
-void RebuildExtrapolation() {
+void RebuildExtrapolation(const Place &place) {
     state.ExtrapReload = 0;
     state.PointerOn = 0;
     state.BoxSelection = NoBox;
     state.BoxIndex = 1;
     state.ExtrapPercent = 0;
-    state.FirstDate = state.LeftDate = SampleDate(state.SampleCount > 0);
+    state.FirstDate = state.LeftDate = SampleDate(place, state.SampleCount > 0);
     state.FirstDay = state.FirstDate.DayNumber;
-    state.LastDate = state.TargetDate = SampleDate(state.SampleCount);
+    state.LastDate = state.TargetDate = SampleDate(place, state.SampleCount);
     state.DaySpan = static_cast<int32_t>(state.LastDate.DayNumber - state.FirstDay);
     if (state.DaySpan == 0)
         state.DaySpan = 1;

@@ -1,10 +1,11 @@
 #include "analysis/graph_data.h"
+#include "analysis/graph_value.h"
 #include "analysis/single.h"
-#include "ledger/balance.h"
 #include "platform/text.h"
 #include "state/error_log.h"
 #include "state/state.h"
 #include "store/catalogue.h"
+#include "store/operations.h"
 #include "store/windows.h"
 #include <algorithm>
 #include <cstring>
@@ -13,20 +14,15 @@ namespace {
 
 constexpr FileKind Kind = FileKind::Transactions;
 
-// --- Reading: the one place where an account's rows come from
+// --- Reading
 
-int OpenRows(uint32_t *filtered) {
-    if (!state.DataUsable || state.CurAccount.ID == 0 || state.CurAccount.RowKind == HeadingRow)
+int OpenRows(const Place &place, uint32_t *filtered) {
+    if (!state.DataUsable || place.Account == 0)
         return -1;
-    const int file = OpenDataFile(Kind, OpenOrCreate, state.CurAccount.ID, filtered);
+    const int file = OpenPlace(place, OpenOrCreate, filtered);
     if (file < 0)
         ReportError(In::LoadTranFile, Trouble::TcreateFail);
     return file;
-}
-
-void CloseRows(int file) {
-    if (file >= 0)
-        CloseFile(file);
 }
 
 // All of a stretch of records, or 0: a read may give fewer than were asked for.
@@ -103,41 +99,6 @@ int VersionServes(int file) {
     return !ReadRecord(file, Kind, 1, &record) || AcceptVersion(record.Rec.Version, In::LoadTranFile);
 }
 
-// --- The worth of an entry
-
-FixedAmount InShares(int32_t units) {
-    return static_cast<int32_t>(static_cast<uint32_t>(units) * uint32_t{1000});
-}
-
-FixedAmount CashIfAny(const TRec &row) {
-    return row.Cash == 1 ? row.CashAmount : 0;
-}
-
-FixedAmount ColumnValue(const TRec &row, bool charts) {
-    const bool cleared = state.ReconciledView == 1;
-    const bool counts = !cleared || row.Cleared == 1;
-    const bool hidden = charts && row.Cash == 1;
-    switch (state.AccountKind) {
-    case BankAccount:
-    case ListAccount:
-        return counts ? TimesUnits(row.Units, row.Value) : 0;
-    case ShareNumber:
-        return counts && !hidden ? InShares(row.Units) : 0;
-    case SharePrice:
-        return hidden ? 0 : cleared ? row.ClearedValue : row.Value;
-    case ShareTotal:
-        return hidden ? 0 : InShares(cleared ? row.RunClearedUnits : row.RunUnits);
-    case ShareValue:
-        return !counts ? 0 : row.Cash == 1 ? row.CashAmount : row.NoCash == 1 ? 0 : TimesUnits(row.Units, row.Value);
-    case ShareCash:
-        return cleared ? row.RunCleared : row.RunTotal;
-    case CashPart:
-        return counts ? CashIfAny(row) : 0;
-    default:
-        return 0;
-    }
-}
-
 // --- Scaling
 
 constexpr int ExtrapolationBand = 13, UsualBand = 15, ExtrapolationBase = 25, UsualBase = 5;
@@ -154,35 +115,24 @@ int64_t Share(FixedAmount value, FixedAmount span) {
 
 } // namespace
 
-int ChartShown() {
-    return state.GraphMode == BarChart || state.GraphMode == PieChart;
+int LoadTrec(const Place &place, int32_t position, TRec *row) {
+    InitTRec(row);
+    return position >= 1 && place.Account != 0 && FetchRecord(place, position, row);
 }
 
-int LoadTrec(int32_t position, TRec *row) {
-    const int file = position < 1 ? -1 : OpenRows(nullptr);
-    TRecFile record;
-    const int read = file >= 0 && ReadRecord(file, Kind, position, &record);
-    CloseRows(file);
-    if (read)
-        *row = record.Rec;
-    else
-        InitTRec(row);
-    return read;
-}
-
-void LoadGraphData() {
+void LoadGraphData(const Place &place) {
     Walk walk;
-    state.AccountKind = static_cast<int32_t>(state.CurAccount.AccType);
     state.SampleCount = state.SampleTotal = 0;
     state.SampleMin = state.SampleMax = 0;
     state.MinIndex = state.MaxIndex = 0;
     uint32_t filtered = 0;
-    const int file = OpenRows(&filtered);
+    const int file = OpenRows(place, &filtered);
     if (file >= 0 && VersionServes(file)) {
         state.SampleTotal = CountRecords(file, Kind);
         WalkBack(file, &walk);
     }
-    CloseRows(file);
+    if (file >= 0)
+        CloseFile(file);
     state.PlotYScale = state.MessageWindowOn ? AboveMessages : FullHeight;
     CloseUp(&walk);
     state.SampleMin = std::min<FixedAmount>(state.SampleMin, 0);
@@ -194,10 +144,10 @@ void LoadGraphData() {
         state.SamplePt[i] = {Cut(static_cast<float>(i - 1) * xStep + static_cast<float>(PlotLeft)),
                              PlotRow(RowOfValue(walk.Value[i], span))};
     state.SamplePt[0] = state.SamplePt[1];
-    const uint32_t view = (state.ArchiveView == 1 ? 1U : 0U) | (filtered ? 2U : 0U);
-    if (state.CurAccount.ID == state.LastPlottedAccount && view == state.LastPlottedView)
+    const uint32_t view = (place.Of == View::Archive ? 1U : 0U) | (filtered ? 2U : 0U);
+    if (place.Account == state.LastPlottedAccount && view == state.LastPlottedView)
         return;
-    state.LastPlottedAccount = state.CurAccount.ID;
+    state.LastPlottedAccount = place.Account;
     state.LastPlottedView = view;
     state.SelectedEntry = state.SampleTotal;
     state.ExtrapReload = 1;
@@ -221,13 +171,6 @@ int PlotRow(int64_t row) {
 
 int64_t RowOfValue(FixedAmount value, FixedAmount span) {
     return state.PlotBase - (span == 0 ? 0 : Share(value, span)) + state.PlotZero;
-}
-
-FixedAmount GetGraphValue(const TRec &row) {
-    const bool charts = state.CurrentScreen == GraphList && ChartShown();
-    if (state.BalanceView == 1 && !charts)
-        return RowBalance(row, state.AccountKind, state.ReconciledView == 1);
-    return ColumnValue(row, charts);
 }
 
 int SampleOfEntry(int32_t position) {

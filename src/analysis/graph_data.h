@@ -1,25 +1,18 @@
 // What the blue tab plots: which entries are sampled, what each one contributes, and how amounts become rows of pixels.
 #pragma once
 
-#include "records/records.h"
-
-// ORDER GRAPHMODE, counted from 1; state.GraphMode 0 is none yet
-enum GraphModes : int { PlainGraph = 1, Regression, Extrapolation, BarChart, PieChart };
-
-int ChartShown();
-
-// A measure that the charts use beside those of an account: the cash part of an entry.
-inline constexpr int32_t CashPart = 7;
+#include "records/place.h"
 
 inline constexpr int PlotLeft = 33, PlotRight = 223; // x of the first and the last sample
 inline constexpr int GridRows = 10;                  // bands from the lowest to the highest value
 
-// One record of the file that is plotted. 0 and a row of defaults, dated today, when there is no such position.
-int LoadTrec(int32_t position, TRec *row);
+// One entry of an account. 0 and a row of defaults, dated today, when there is no such position.
+int LoadTrec(const Place &place, int32_t position, TRec *row);
 
-// Fills the sample table and the extremes from the newest entries of the current account, and its measure; at most
-// MostSamples, Day markers left out, by the view and the filter. A read that fails ends the table where it stands.
-void LoadGraphData();
+// Fills the sample table and the extremes from the newest entries of an account, by its measure state.AccountKind; at
+// most MostSamples, Day markers left out. A read that fails ends the table where it stands. Another account, view or
+// filter than before has its last entry selected and all that was foretold forgotten.
+void LoadGraphData(const Place &place);
 
 // Sets PlotBand, PlotBase and PlotZero for values from `min` to `max`, which take in zero. Gives what lies between
 // them, and the pixels of x between two samples.
@@ -29,10 +22,6 @@ void ScaleGraph(FixedAmount min, FixedAmount max, FixedAmount *span, float *xSte
 int PlotRow(int64_t row);
 // The plot row of a value, before PlotYScale, in a scale of `span` (0: the zero row).
 int64_t RowOfValue(FixedAmount value, FixedAmount span);
-
-// What an entry contributes to plots, charts and the hub, by state.AccountKind, BalanceView and ReconciledView.
-// Thousandths; a number of shares counts as whole units and wraps at 32 bits, deliberately.
-FixedAmount GetGraphValue(const TRec &row);
 
 // The first sample at or behind a record of the file, else the last; 0 when there are none.
 int SampleOfEntry(int32_t position);

@@ -1,5 +1,6 @@
 #include "analysis/regression.h"
 #include "analysis/graph_data.h"
+#include "analysis/graph_value.h"
 #include "analysis/single.h"
 #include "state/state.h"
 

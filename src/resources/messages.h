@@ -4,7 +4,8 @@
 
 #include <cstdint>
 
-inline constexpr int MessageRoom = 40, LastMessage = 488;
+inline constexpr int MessageLines = 6; // of the message window
+inline constexpr int MessageRoom = 40, LastMessage = 545;
 
 struct Message {
     int16_t Id;
@@ -487,5 +488,17 @@ inline constexpr Message Messages[] = {
     {486, u"The data are enciphered"},
     {487, u"and can't be opened without a pass code"},
     {488, u"This version has no way to ask for it"},
+    {489, u"Can't read xx_Data directory"},
+    {490, u"Another program uses the data"},
+    {491, u"They are left alone until it ends"},
+    {492, u"What was done last stands in the journal"},
+    {493, u"but the machine refuses to write it"},
+    {494, u"into the files. They are left alone"},
+    {540, u"This item has no account to go to"},
+    {541, u"Choose one in the account field"},
+    {542, u"Nothing up to here is dated"},
+    {543, u"up to today, so nothing is archived"},
+    {544, u"There are entries of accounts,"},
+    {545, u"but the list of the accounts is empty"},
 };
 // clang-format on

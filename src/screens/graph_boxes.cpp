@@ -1,6 +1,5 @@
 // The row of boxes above an extrapolation: zero button, eight digits, percentage, date.
 #include "analysis/extrapolation.h"
-#include "analysis/graph_data.h"
 #include "drawing/colours.h"
 #include "drawing/geometry.h"
 #include "platform/text.h"

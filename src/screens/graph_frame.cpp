@@ -2,13 +2,16 @@
 // table of modes: what each paints and how it answers stylus and keys.
 #include "analysis/extrapolation.h"
 #include "analysis/graph_data.h"
+#include "analysis/graph_value.h"
 #include "analysis/regression.h"
+#include "frame/changes.h"
 #include "frame/header.h"
 #include "frame/scroll.h"
+#include "frame/shown.h"
 #include "frame/tabs.h"
-#include "ledger/account_window.h"
 #include "platform/shell.h"
 #include "resources/art.h"
+#include "resources/geometry.h"
 #include "screens/graph_gestures.h"
 #include "screens/graph_plot.h"
 #include "screens/list_screen.h"
@@ -17,7 +20,6 @@
 #include "screens/screens.h"
 #include "state/error_log.h"
 #include "state/greys.h"
-#include "store/configuration.h"
 #include <iterator>
 
 namespace {
@@ -31,18 +33,14 @@ void PaintEntryPlot(int mask);
 void PaintExtrapolation(int mask);
 
 struct Mode {
-    HelpLines Lines, InListAccount;
+    Help Lines, InListAccount;
     int Mask;                    // what a tap on the icon paints
-    void (*Paint)(int mask);     // on ListWindow, whose ground is cleared with PaintRows; null: nothing
-    void (*Press)(int x, int y); // on ListWindow above the tabs; null: nothing, as below
-    void (*Move)(int x, int y);  // after such a press
+    void (*Paint)(int mask);     // on ListWindow, whose ground is cleared with PaintRows
+    void (*Press)(int x, int y); // on ListWindow above the tabs
+    void (*Move)(int x, int y);  // after such a press; null: nothing
     void (*Release)(int x, int y);
-    int (*PressKey)(Key key); // Up, Down, Left, Right, Enter; 0 not taken
+    int (*PressKey)(Key key); // 0 not taken
 };
-constexpr HelpLines OfGraph = {{0, 255, 0, 256, 257, 0}}, OfRegression = {{258, 0, 259, 260, 261, 262}},
-                    OfRegressionInList = {{258, 0, 259, 260, 0, 0}}, OfExtrapolation = {{263, 0, 264, 265, 0, 271}},
-                    NotInList = {{0, 263, 0, 287, 0, 0}}, OfBars = {{253, 0, 326, 331, 0, 0}},
-                    OfPie = {{324, 0, 326, 330, 0, 0}};
 
 void LookAfterRelease(int, int) {
     LookAtPoint();
@@ -51,14 +49,14 @@ void LookAfterRelease(int, int) {
 constexpr int IconsAndPlot = PaintColumns | PaintRows;
 // clang-format off
 constexpr Mode Modes[] = { // ORDER GRAPHMODE
-    {OfGraph, OfGraph, IconsAndPlot,
+    {Help::PlainGraph, Help::PlainGraph, IconsAndPlot,
      PaintEntryPlot, SelectGraphPoint, SelectGraphPoint, LookAfterRelease, PlotKeyPressed},
-    {OfRegression, OfRegressionInList, IconsAndPlot,
+    {Help::Regression, Help::RegressionOfList, IconsAndPlot,
      PaintEntryPlot, SelectGraphPoint, SelectGraphPoint, LookAfterRelease, PlotKeyPressed},
-    {OfExtrapolation, NotInList, IconsAndPlot | PaintCounts,
+    {Help::Extrapolation, Help::ExtrapolationOfList, IconsAndPlot | PaintCounts,
      PaintExtrapolation, PressExtrapolation, MoveOverExtrapolation, LookAfterRelease, BoxKeyPressed},
-    {OfBars, OfBars, PaintAll, nullptr, nullptr, nullptr, nullptr, nullptr},
-    {OfPie, OfPie, PaintAll, nullptr, nullptr, nullptr, nullptr, nullptr},
+    {Help::BarChart, Help::BarChart, PaintAll, nullptr, nullptr, nullptr, nullptr, nullptr},
+    {Help::PieChart, Help::PieChart, PaintAll, nullptr, nullptr, nullptr, nullptr, nullptr},
 };
 // clang-format on
 
@@ -96,7 +94,7 @@ void DrawIcons() {
 void DrawFlagStrip() {
     TRec row;
     const bool selected = (state.GraphMode == PlainGraph || state.GraphMode == Regression) && state.SelectedEntry > 0 &&
-                          LoadTrec(state.SelectedEntry, &row);
+                          FetchTran(state.SelectedEntry, &row);
     const bool flagged = selected && row.Flag >= 1 && row.Flag <= 3;
     FillRect(TopWindow, {1, HeaderBottom, IconLeft, TitlesBottom},
              flagged ? FlagColour(row.Flag) : BrushColour(TitleBrush));
@@ -114,7 +112,7 @@ void DrawColumns() {
 // --- Taps
 
 void ShowBarForMode() {
-    const int on = ChartShown();
+    const bool on = ChartShown();
     if (!on && state.ScrollBarShown)
         PassOverRepaint();
     ShowListScrollBar(on);
@@ -124,7 +122,7 @@ void ChooseMode(int x) {
     const int mode = (x - IconLeft - 1) / IconPitch + 1;
     const bool list = state.AccountKind == ListAccount;
     const Mode &chosen = Modes[mode - 1];
-    ShowLines(list ? chosen.InListAccount : chosen.Lines);
+    ShowHelp(list ? chosen.InListAccount : chosen.Lines);
     if (mode == Extrapolation && list) {
         Beep();
         return;
@@ -140,15 +138,13 @@ void ChooseMode(int x) {
 }
 
 void TurnCounting(int) {
-    static constexpr HelpLines Up = {{0, 267, 0, 268, 0, 0}}, Down = {{0, 269, 0, 270, 0, 0}},
-                               Elsewhere = {{0, 266, 0, 0, 0, 0}};
     if (state.GraphMode != Extrapolation) {
         Beep();
-        ShowLines(Elsewhere);
+        ShowHelp(Help::CountingElsewhere);
         return;
     }
     state.IncrementMode = !state.IncrementMode;
-    ShowLines(state.IncrementMode ? Up : Down);
+    ShowHelp(state.IncrementMode ? Help::CountingUp : Help::CountingDown);
     doGraph(ListWindow, PaintColumns);
 }
 
@@ -161,27 +157,26 @@ void PaintOtherMeasure() {
 void TapValueTitle(int x) {
     const bool wasBalance = state.BalanceView == 1;
     if (ChartShown()) {
-        ShowHelp(0, 286);
+        ShowHelp(Help::UnusedInMode);
         return;
     }
     state.BalanceView = 0;
     if (IsShare(state.AccountKind) && !wasBalance)
         StepMeasure(x);
     else if (!IsShare(state.AccountKind))
-        ShowHelp(0, state.ReconciledView ? 228 : 227);
+        ShowHelp(state.ReconciledView ? Help::ReconciledValueColumn : Help::ValueColumn);
     PaintOtherMeasure();
 }
 
 // Which balance the plot is of: the first tap after the value column only comes back to it.
 void TapBalanceTitle(int) {
-    static constexpr HelpLines Reconciled = {{64, 65, 66, 67, 56, AlertLine}}, All = {{68, 69, 70, 56, 0, AlertLine}};
-    const int last = state.GraphMode == Extrapolation ? 285 : 0;
     if (!state.BalanceView && state.ReconciledView) {
         state.ReconciledView = 0;
     } else {
         state.ReconciledView = state.BalanceView && !state.ReconciledView;
         state.BalanceView = 1;
-        ShowLines(state.ReconciledView ? Reconciled : All, last);
+        ShowHelp(state.ReconciledView ? Help::BalanceOfReconciled : Help::BalanceOfAll,
+                 state.GraphMode == Extrapolation ? AddedLine::RegressionBasis : AddedLine::None);
     }
     PaintOtherMeasure();
 }
@@ -210,7 +205,7 @@ int PlotKey(Key key) {
 void PaintEntryPlot(int mask) {
     if (!(mask & PaintRows))
         return;
-    LoadGraphData();
+    LoadGraphData(EntriesShown());
     SelectSample(SampleOfEntry(state.SelectedEntry));
     state.EntryCount[GraphList] = state.SampleTotal;
     state.SelectedPos[GraphList] = state.SelectedEntry;
@@ -222,12 +217,12 @@ void PaintEntryPlot(int mask) {
 
 void PaintExtrapolation(int mask) {
     if (mask & PaintRows) {
-        LoadGraphData();
+        LoadGraphData(EntriesShown());
         state.EntryCount[GraphList] = state.SampleTotal;
         state.SelectedPos[GraphList] = SampleOfEntry(state.SelectedEntry) ? state.SelectedEntry : 0;
         DrawFlagStrip();
         if (state.ExtrapReload) {
-            RebuildExtrapolation();
+            RebuildExtrapolation(EntriesShown());
             mask |= PaintCounts;
         }
         ScaleExtrapolation();
@@ -304,7 +299,7 @@ void doGraph(Window window, int mask) {
 const ListScreen GraphScreen = {
     .List = GraphList,
     .Paint = doGraph,
-    .TabHelp = {{{11, 12, 0, 250, 252, 0}}, {{11, 12, 0, 251, 252, 0}}, InArchiveView},
+    .TabHelp = {Help::GraphTab, Help::ArchivedGraphTab, InArchiveView},
     .Arrives = Arrival::Own,
     .Selection = RowChosen::Keep,
     .NeedsAccount = true,

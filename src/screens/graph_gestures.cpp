@@ -1,14 +1,16 @@
 #include "screens/graph_gestures.h"
 #include "analysis/extrapolation.h"
 #include "analysis/graph_data.h"
+#include "analysis/graph_value.h"
 #include "drawing/geometry.h"
 #include "frame/command_bar.h"
 #include "frame/header.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
 #include "screens/graph_plot.h"
 #include "screens/list_screen.h"
 #include "screens/opening.h"
 #include "screens/screens.h"
+#include "state/messages.h"
 #include "store/windows.h"
 #include <algorithm>
 #include <cstring>
@@ -16,9 +18,6 @@
 namespace {
 
 constexpr int BoxesAndPlot = PaintCounts | PaintRows;
-
-constexpr HelpLines PointHelp = {{38, 0, 272, 41, 0, 0}}, LineHelp = {{273, 0, 264, 265, 0, 0}},
-                    Missed = {{2, 3, 0, 0, 0, 0}};
 
 int PlotOfEntries() {
     return state.GraphMode == PlainGraph || state.GraphMode == Regression;
@@ -34,7 +33,7 @@ void SelectEntryPoint(int x, int y) {
         SelectSample(found);
     if (other || wasOn != (found > 0))
         doGraph(ListWindow, PaintRows);
-    ShowLines(found > 0 ? PointHelp : Missed);
+    ShowHelp(found > 0 ? Help::PointSelected : Help::PointMissed);
 }
 
 void SelectLinePoint(int x, int y) {
@@ -45,14 +44,13 @@ void SelectLinePoint(int x, int y) {
     const int changed = PointAtLine(x, y);
     if (changed || unselect)
         doGraph(ListWindow, unselect ? BoxesAndPlot : +PaintRows);
-    ShowLines(state.PointerOn ? LineHelp : Missed);
+    ShowHelp(state.PointerOn ? Help::LineSelected : Help::PointMissed);
 }
 
 // --- The row of boxes
 
 void ExplainPercent() {
-    static constexpr HelpLines OnDate = {{278, 0, 279, 280, 0, 0}}, OnValue = {{278, 0, 279, 281, 0, 0}};
-    ShowLines(state.PercentLink == LinkDate ? OnDate : OnValue);
+    ShowHelp(state.PercentLink == LinkDate ? Help::PercentOnDate : Help::PercentOnValue);
 }
 
 void StepTapped(const BoxHit &hit) {
@@ -63,24 +61,21 @@ void StepTapped(const BoxHit &hit) {
 }
 
 void TapZero(int selected) {
-    static constexpr HelpLines Zero = {{0, 283, 0, 284, 0, 0}};
     const bool pointerWasOn = state.PointerOn;
     state.PointerOn = 0;
     ZeroSelected(selected);
     doGraph(ListWindow, state.BoxSelection != NoBox || pointerWasOn ? BoxesAndPlot : +PaintCounts);
-    ShowLines(Zero);
+    ShowHelp(Help::ZeroButton);
 }
 
 void TapLink(int link) {
-    static constexpr HelpLines ToValue = {{279, 281, 0, 282, 0, 0}}, ToDate = {{279, 280, 0, 282, 0, 0}};
     state.PercentLink = link;
     state.PointerOn = 0;
     doGraph(ListWindow, BoxesAndPlot);
-    ShowLines(link == LinkValue ? ToValue : ToDate);
+    ShowHelp(link == LinkValue ? Help::LinkedToValue : Help::LinkedToDate);
 }
 
 void TapBox(int x) {
-    static constexpr HelpLines Value = {{0, 274, 0, 275, 0, 0}}, Date = {{0, 276, 0, 277, 0, 0}};
     const BoxHit hit = BoxAt(x);
     const int selected = state.BoxSelection;
     state.BoxSelection = NoBox;
@@ -99,7 +94,7 @@ void TapBox(int x) {
     default:
         state.PointerOn = 0;
         StepTapped(hit);
-        ShowLines(hit.Kind == ValueBox ? Value : Date);
+        ShowHelp(hit.Kind == ValueBox ? Help::ExtrapolatedValue : Help::ExtrapolatedDate);
     }
 }
 
@@ -114,7 +109,7 @@ void StepPoint(int forward) {
     SelectSample(sample);
     if (moved)
         doGraph(ListWindow, PaintRows);
-    ShowLines(PointHelp);
+    ShowHelp(Help::PointSelected);
 }
 
 } // namespace
@@ -191,7 +186,7 @@ int BoxKeyPressed(Key key) {
 int BringSelectedPoint() {
     const int32_t position = state.SelectedEntry;
     TRec before, after;
-    if (!PlotOfEntries() || !LoadTrec(position, &before))
+    if (!PlotOfEntries() || !FetchTran(position, &before))
         return 0;
     const int32_t top = state.TopPos[GraphList];
     state.CurrentScreen = TransactionList;
@@ -200,7 +195,7 @@ int BringSelectedPoint() {
     state.SelectedPos[TransactionList] = state.SelectedPos[GraphList] = position;
     state.TopPos[GraphList] = top;
     // A Day marker that has followed the calendar meanwhile may have moved the rows.
-    if (LoadTrec(position, &after) && std::memcmp(&before, &after, sizeof before) == 0)
+    if (FetchTran(position, &after) && std::memcmp(&before, &after, sizeof before) == 0)
         return 1;
     doGraph(ListWindow, PaintAll);
     return 0;

@@ -1,8 +1,10 @@
 // The outline of the plots: grid, axes, labels of amounts and days.
 #include "analysis/graph_data.h"
+#include "analysis/graph_value.h"
 #include "analysis/regression.h"
 #include "drawing/colours.h"
 #include "drawing/geometry.h"
+#include "frame/shown.h"
 #include "platform/text.h"
 #include "screens/graph_plot.h"
 #include <algorithm>
@@ -155,7 +157,7 @@ RecDate Normalised(RecDate date) {
 
 RecDate DateOfSample(int sample) {
     TRec row;
-    LoadTrec(state.SamplePos[sample], &row);
+    FetchTran(state.SamplePos[sample], &row);
     return row.Date;
 }
 

@@ -1,9 +1,11 @@
 #include "screens/graph_plot.h"
 #include "analysis/extrapolation.h"
 #include "analysis/graph_data.h"
+#include "analysis/graph_value.h"
 #include "analysis/regression.h"
 #include "drawing/colours.h"
 #include "drawing/geometry.h"
+#include "frame/shown.h"
 #include "platform/text.h"
 #include "resources/art.h"
 #include <algorithm>
@@ -72,7 +74,7 @@ Told ToldByPointer() {
         return told;
     }
     TRec row;
-    LoadTrec(state.SelectedEntry, &row);
+    FetchTran(state.SelectedEntry, &row);
     told.Day = row.Date;
     told.Amount = GetGraphValue(row);
     CopyText(told.Title, TextRoom, row.Name);

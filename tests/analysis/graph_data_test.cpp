@@ -48,7 +48,7 @@ TEST_F(Plot, TakesTheNewestHundredAndLeavesDayMarkersOut) {
         rows[marker].RowKind = DayMarker;
     rows[100].RowKind = ArchiveMarker; // all other kinds are plotted
     Write(rows);
-    LoadGraphData();
+    LoadGraphData(Shown);
     EXPECT_EQ(state.SampleTotal, 130);
     EXPECT_EQ(state.SampleCount, 100);
     EXPECT_EQ(state.SamplePos[100], 129);
@@ -73,13 +73,13 @@ TEST_F(Plot, TheNewestOfEqualExtremesKeepsTheIndex) {
 }
 
 TEST_F(Plot, AFileThatCannotBeReadGivesAnEmptyPlotAndIsReported) {
-    state.CurAccount.ID = 0;
-    LoadGraphData();
+    Shown = LiveRows(0);
+    LoadGraphData(Shown);
     EXPECT_EQ(state.SampleCount, 0);
-    state.CurAccount.ID = 5;
+    Shown = LiveRows(5);
     disk.Switches.Unwritable = true; // nor can the file be made
     const size_t told = machine.Terminal.size();
-    LoadGraphData();
+    LoadGraphData(Shown);
     EXPECT_EQ(state.SampleCount + state.SampleTotal, 0);
     ASSERT_GT(machine.Terminal.size(), told);
     EXPECT_NE(machine.Terminal.back().find("LoadTranFile TcreateFail"), std::string::npos) << machine.Terminal.back();
@@ -88,7 +88,7 @@ TEST_F(Plot, AFileThatCannotBeReadGivesAnEmptyPlotAndIsReported) {
     std::vector<TRec> rows = Balances({1, 2, 3});
     rows[0].Version = 2;
     Write(rows);
-    LoadGraphData();
+    LoadGraphData(Shown);
     EXPECT_EQ(state.SampleCount, 0);
     EXPECT_EQ(state.DataUsable, 0U);
 }
@@ -96,22 +96,22 @@ TEST_F(Plot, AFileThatCannotBeReadGivesAnEmptyPlotAndIsReported) {
 TEST_F(Plot, ReadsTheFileOfTheViewAndOfTheFilter) {
     Write(Balances({1, 2, 3}));
     Write(Balances({1, 2}), "E1_02R5");
-    LoadGraphData();
+    LoadGraphData(Shown);
     EXPECT_EQ(state.SampleCount, 3);
     state.ExtrapReload = 0;
-    LoadGraphData();
+    LoadGraphData(Shown);
     EXPECT_EQ(state.ExtrapReload, 0U);
     state.SelectedEntry = 1;
-    state.ArchiveView = 1;
-    LoadGraphData();
+    Shown = RowsOf(5, View::Archive);
+    LoadGraphData(Shown);
     EXPECT_EQ(state.SampleCount, 2);
     EXPECT_EQ(state.SelectedEntry, 2) << "other entries: the last one is selected";
     EXPECT_EQ(state.ExtrapReload, 1U);
-    state.ArchiveView = 0;
-    LoadGraphData();
+    Shown = LiveRows(5);
+    LoadGraphData(Shown);
     state.ExtrapReload = 0;
     Write(Balances({1}), "E1_02AF5");
-    LoadGraphData();
+    LoadGraphData(Shown);
     EXPECT_EQ(state.SampleCount, 1);
     EXPECT_EQ(state.ExtrapReload, 1U);
 }
@@ -168,11 +168,10 @@ TEST_F(Plot, AnEntryIsWorthWhatTheColumnShows) {
         state.AccountKind = one.Kind;
         state.BalanceView = one.Balance;
         state.ReconciledView = one.Reconciled;
-        state.GraphMode = one.Chart ? BarChart : PlainGraph;
         row.Cleared = (one.Flags & Cleared) != 0;
         row.Cash = (one.Flags & Cash) != 0;
         row.NoCash = (one.Flags & NoCash) != 0;
-        EXPECT_EQ(GetGraphValue(row), one.Value) << &one - cases;
+        EXPECT_EQ(GetGraphValue(row, one.Chart ? CountedIn::Segment : CountedIn::Plot), one.Value) << &one - cases;
     }
     state.AccountKind = ShareNumber;
     state.BalanceView = state.ReconciledView = 0;

@@ -3,6 +3,7 @@
 
 #include "analysis/extrapolation.h"
 #include "analysis/graph_data.h"
+#include "analysis/graph_value.h"
 #include "analysis/regression.h"
 #include "host/test_host.h"
 #include "state/state.h"
@@ -20,12 +21,11 @@ inline constexpr uint32_t Today = 155289; // 2 March 2026 as a day number
 class Plot : public testing::Test {
 protected:
     TestRoot Root;
+    Place Shown = LiveRows(5);
 
     Plot() {
         SetClock(2026, 3, 2);
         Root.MakeDataDirectory();
-        state.CurrentScreen = GraphList;
-        state.CurAccount.ID = 5;
         state.GraphMode = PlainGraph;
         for (char16_t const *&name : state.MonthNames)
             name = u"Mon";
@@ -52,7 +52,7 @@ protected:
         state.GraphMode = mode;
         state.MessageWindowOn = messages;
         Write(Balances(balances));
-        LoadGraphData();
+        LoadGraphData(Shown);
     }
     // "33,95 223,20".
     static std::string Points() {

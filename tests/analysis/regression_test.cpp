@@ -68,8 +68,8 @@ protected:
     void Begin(const std::vector<TRec> &rows) {
         state.GraphMode = Extrapolation;
         Write(rows);
-        LoadGraphData();
-        RebuildExtrapolation();
+        LoadGraphData(Shown);
+        RebuildExtrapolation(Shown);
         ScaleExtrapolation();
     }
     static std::string Target() {

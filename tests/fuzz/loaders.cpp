@@ -1,11 +1,11 @@
 // Any bytes in any data file: the store answers, reads nothing past its end, and the lists it then shows can be drawn.
+#include "frame/changes.h"
 #include "host/fuzz.h"
 #include "host/test_host.h"
 #include "platform/text.h"
 #include "state/state.h"
 #include "store/configuration.h"
 #include "store/index.h"
-#include "store/operations.h"
 #include "store/side_files.h"
 #include "store/windows.h"
 #include <gtest/gtest.h>

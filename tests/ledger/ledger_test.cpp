@@ -94,7 +94,7 @@ void Ledger::Fill(uint32_t account, const std::vector<Entry> &entries, bool arch
         std::memcpy(bytes.data() + i * sizeof record, &record, sizeof record);
     }
     WriteBytes(Root.DataFile(FileName(account, archive)), bytes);
-    CalcOneView(account, archive);
+    CalcOneView(RowsOf(account, archive ? View::Archive : View::Live));
     GoTo(account);
 }
 

@@ -1,7 +1,7 @@
 // The plots of the blue tab as an owner sees and works them, on the sample's Current account: 964 on 12 February, 764
 // on the 21st, 516 on the 23rd, 171.02 on 9 March.
 #include "analysis/extrapolation.h"
-#include "analysis/graph_data.h"
+#include "analysis/graph_value.h"
 #include "device.h"
 #include "drawing/colours.h"
 #include "resources/art.h"

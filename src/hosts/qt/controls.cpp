@@ -1,6 +1,8 @@
 // controls.h with the toolkit's own controls, children of the form's window. What the owner does is told after the
 // control has done its own work; what the program does tells nothing.
 #include "platform/controls.h"
+#include "hosts/qt/controls.h"
+#include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
 #include "platform/shell.h"
 #include <QAbstractItemView>

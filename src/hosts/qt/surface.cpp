@@ -2,7 +2,9 @@
 // the image, whole pixels of one colour. Slanted lines and shapes are antialiased from SmoothFrom on; below it they are
 // whole logical pixels too, since smoothing would only blur them.
 #include "platform/surface.h"
+#include "hosts/qt/art.h"
 #include "hosts/qt/device.h"
+#include "hosts/qt/surface.h"
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontMetricsF>
