@@ -27,7 +27,7 @@ double Now() {
 // An account that the index knows, with rows as in rows.h; balances right.
 struct AccountOnDisk : RowsOnDisk {
     explicit AccountOnDisk(int32_t count) : RowsOnDisk(count) {
-        LoadConfFile();
+        static_cast<void>(LoadConfFile());
         ARecFile account = {};
         InitARec(&account.Rec);
         account.Rec.ID = BenchAccount;

@@ -26,7 +26,7 @@ template <typename Rec> void AddSome(int list, void (*init)(Rec *)) {
 }
 
 void WriteGoodFiles() {
-    LoadConfFile();
+    EXPECT_EQ(LoadConfFile(), 1);
     AddSome(AccountList, InitARec);
     AddSome(TransactionList, InitTRec);
     AddSome(RecurringList, InitDDRec);
@@ -47,7 +47,7 @@ bool Terminated(const char16_t *text) {
 }
 
 void LoadEverything(Dice &dice) {
-    LoadConfFile();
+    EXPECT_EQ(LoadConfFile(), 1);
     UpdateBmap();
     for (int list = AccountList; list < ListCount; ++list)
         for (int i = 1; i < 5; ++i) {

@@ -160,7 +160,6 @@ TEST_F(Ledger, AFailingDiskLosesNoArchivedRow) {
                     SCOPED_TRACE(testing::Message() << (back ? "back" : "away") << (backdated ? " merged" : "")
                                                     << ", write " << n << (onward ? " and all after it" : ""));
                     const uint32_t bank = NewAccount(BankAccount);
-                    const int32_t position = IDtoRec(bank);
                     Fill(bank, {{-20, "a", 1000}, {-10, "b", 2000}}, true);
                     Fill(bank, {{backdated ? -15 : -5, "c", 4000}, {-4, "d", 8000}, {-3, "e", 16000}});
                     const std::vector<uint8_t> live = File(bank), archive = File(bank, true);

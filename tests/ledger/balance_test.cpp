@@ -73,7 +73,7 @@ TEST_F(Ledger, ShareRowsKeepSharesPriceAndCash) {
     EXPECT_EQ(Balances(shares), "1188500, 1000000"); // 60 * 4 + 948.5 and 100 * 2.5 + 750
     EXPECT_EQ(RowBalance(rows[5], ShareValue, 0), 1188500);
 
-    UpdateShareMode(IDtoRec(shares), ShareCash);
+    EXPECT_EQ(UpdateShareMode(IDtoRec(shares), ShareCash), 1);
     EXPECT_EQ(state.AccountKind, static_cast<int>(ShareCash));
     EXPECT_EQ(Account(shares).AccType, +ShareCash);
     std::string order = "2";

@@ -48,7 +48,7 @@ Ledger::Ledger() {
     SetClock(2026, 3, 2);
     Root.MakeDataDirectory();
     LoadHelp();
-    LoadConfFile();
+    EXPECT_EQ(LoadConfFile(), 1);
     LoadTodaysDate(&state.SharedToday);
 }
 

@@ -145,7 +145,7 @@ TEST_F(Store, EveryFieldLiesAtItsPlaceInTheFile) {
 
 TEST_F(Store, SingleRecordsLieAsTheyAlwaysDid) {
     SetClock(2026, 11, 22);
-    LoadConfFile();
+    EXPECT_EQ(LoadConfFile(), 1);
     const std::vector<uint8_t> columns = Bytes(
         888, "0:01 4:01 8:01 12:07 16:14 20:02 44:03 464:7102 468:AD03 476:9E 480:F401 484:D902 488:AD03 "
              "512:9E 516:F401 520:D902 524:AD03 532:7102 536:AD03 544:9E 548:F401 552:D902 556:AD03 564:BB 568:AD03 "
