@@ -89,7 +89,7 @@ void ShowNextTransactions(int forward) {
 void ShowNextGraph(int forward) {
     StepAccount(forward);
     state.SelectedPos[GraphList] = state.TopPos[GraphList] = 1;
-    state.GraphScale = 1;
+    state.BarZoom = 1;
     if (state.GraphMode == 3 && state.AccountKind == ListAccount)
         state.GraphMode = 2;
     doGraph(ListWindow, PaintAllButTabs);
