@@ -1,7 +1,7 @@
 // Charts of large accounts: from the account's file to segments in their order. Times are the process's own.
+#include "../records/rows.h"
 #include "analysis/charts.h"
 #include "platform/text.h"
-#include "../records/rows.h"
 #include "store/operations.h"
 #include <cstdio>
 

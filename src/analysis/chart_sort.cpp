@@ -80,8 +80,8 @@ int CompareNumbers(uint64_t a, uint64_t b) {
 // Whether `a` comes first. Equal keys go by their place, so that read backward the later one is first.
 bool Before(const GRec &a, const GRec &b) {
     const OrderRow &order = Order();
-    int compared = order.ByTitle ? CompareTitles(a.Title, b.Title)
-                                 : CompareNumbers(order.Number(a.Value), order.Number(b.Value));
+    int compared =
+        order.ByTitle ? CompareTitles(a.Title, b.Title) : CompareNumbers(order.Number(a.Value), order.Number(b.Value));
     if (compared == 0)
         compared = a.Link < b.Link ? -1 : 1;
     return order.Backward ? compared > 0 : compared < 0;

@@ -300,7 +300,8 @@ void CalcRatios() {
     uint64_t credits = 0, debits = 0, largestCredit = 0, largestDebit = 0;
     WalkGRecs([&](int32_t, const GRec &segment) {
         const uint64_t magnitude = MagnitudeOf(segment.Value);
-        uint64_t &sum = segment.Value < 0 ? debits : credits, &largest = segment.Value < 0 ? largestDebit : largestCredit;
+        uint64_t &sum = segment.Value < 0 ? debits : credits,
+                 &largest = segment.Value < 0 ? largestDebit : largestCredit;
         sum = AddMagnitudes(sum, magnitude);
         largest = std::max(largest, magnitude);
         return 1;

@@ -30,7 +30,7 @@ FixedAmount GetGraphValue(const TRec &row) {
     const bool cleared = state.ReconciledView == 1;
     if (state.BalanceView == 1 && !InAnalysis())
         return Balance(row, cleared);
-    const bool left = cleared && row.Cleared != 1;  // not on the statement yet
+    const bool left = cleared && row.Cleared != 1;         // not on the statement yet
     const bool moneyAlone = InAnalysis() && row.Cash == 1; // no shares came or went
     switch (state.AccountKind) {
     case BankAccount:

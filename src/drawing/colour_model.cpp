@@ -1,8 +1,8 @@
 #include "drawing/colour_model.h"
 #include <algorithm>
 
-// The hue wheel of 255 has six sextants of 42, with the thirds at 85 and 170. All arithmetic is on whole numbers, so that
-// a colour is the same on every machine; hue, luminosity and saturation are cut once, at the end.
+// The hue wheel of 255 has six sextants of 42, with the thirds at 85 and 170. All arithmetic is on whole numbers, so
+// that a colour is the same on every machine; hue, luminosity and saturation are cut once, at the end.
 
 namespace {
 

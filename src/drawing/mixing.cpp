@@ -32,8 +32,8 @@ void FindRgb(ColourState *colour) {
     colour->ColR = static_cast<int>(rgb >> 16 & 255);
     colour->ColG = static_cast<int>(rgb >> 8 & 255);
     colour->ColB = static_cast<int>(rgb & 255);
-    colour->ColC = std::max({colour->ColR, colour->ColG, colour->ColB}) -
-                   std::min({colour->ColR, colour->ColG, colour->ColB});
+    colour->ColC =
+        std::max({colour->ColR, colour->ColG, colour->ColB}) - std::min({colour->ColR, colour->ColG, colour->ColB});
 }
 
 void KeepReference(ColourState *colour) {

@@ -6,6 +6,7 @@
 #include "ledger/account_window.h"
 #include "ledger/moves.h"
 #include "platform/shell.h"
+#include "screens/chart_view.h"
 #include "screens/list_screen.h"
 #include "screens/screens.h"
 #include "store/configuration.h"
@@ -250,6 +251,8 @@ void DoButtonUp(Window window, int x, int y) {
     if (state.DropLineShown)
         DrawLine(state.DropLineRow, 0);
     state.DropLineRow = 0;
+    if (state.CurrentScreen == GraphList && window == ListWindow && ChartsShown())
+        StrokeCharts(x, y);
     if (state.DragSource > 0)
         ReleaseRow(*screen, LinePos(window, x, y), x);
     state.DragSource = 0;

@@ -4,6 +4,7 @@
 #include "input/input.h"
 #include "platform/shell.h"
 #include "resources/menus.h"
+#include "screens/chart_view.h"
 #include "screens/list_screen.h"
 #include "screens/opening.h"
 #include "screens/screens.h"
@@ -176,6 +177,8 @@ constexpr KeyRow Keys[] = {
 } // namespace
 
 void DoKeyDown(Key key) {
+    if (state.CurrentScreen == GraphList && state.ActiveDialog == NoDialog && ChartsShown() && KeyCharts(key))
+        return;
     for (const KeyRow &row : Keys) {
         if (key < row.First || key > row.Last)
             continue;

@@ -2,6 +2,7 @@
 #include "frame/command_bar.h"
 #include "frame/header.h"
 #include "input/input.h"
+#include "screens/chart_view.h"
 #include "screens/list_screen.h"
 #include "screens/screens.h"
 #include "state/messages.h"
@@ -39,6 +40,8 @@ int32_t TopAfter(ScrollCode code, int position) {
 
 void DoScroll(ScrollCode code, int position) {
     const int screen = state.CurrentScreen;
+    if (state.ActiveDialog == NoDialog && screen == GraphList && ChartsScroll())
+        ScrollCharts(code, position);
     if (state.ActiveDialog != NoDialog || screen == GraphList)
         return;
     ShowHelp(57, 58, 59, 0, 75, 61);

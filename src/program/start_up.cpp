@@ -1,4 +1,5 @@
 #include "program/start_up.h"
+#include "analysis/charts.h"
 #include "drawing/cells.h"
 #include "drawing/colour_model.h"
 #include "frame/command_bar.h"
@@ -182,6 +183,7 @@ void ShutDown(int keepFilters) {
         if (!keepFilters)
             ClearFilters();
         StoreConfFile();
+        EndCharts();
     }
     SyncFiles();
     LeaveLoop();

@@ -1,5 +1,5 @@
-// A row of the chart work file CHART: one segment of a pie, or one bar. The file is never enciphered and lives no longer
-// than the chart is shown.
+// A row of the chart work file CHART: one segment of a pie, or one bar. The file is never enciphered and lives no
+// longer than the chart is shown.
 #pragma once
 
 #include "records/records.h"
@@ -7,14 +7,14 @@
 struct GRec {
     char16_t Title[32];
     FixedAmount Value;
-    int32_t Entries;  // merged into this segment
-    int32_t Link;     // while the file is made: the segment before in the same chain, its place before sorting; then 0
-    int64_t CatID;    // by category
-    int32_t Year;     // by year
-    int8_t Month;     // by month, 1 to 12
+    int32_t Entries; // merged into this segment
+    int32_t Link;    // while the file is made: the segment before in the same chain, its place before sorting; then 0
+    int64_t CatID;   // by category
+    int32_t Year;    // by year
+    int8_t Month;    // by month, 1 to 12
     uint8_t Reserved[11];
-    int32_t Flag;     // by flag
-    int32_t IsCredit, IsDebit; // by sign: 1 in the "+" and in the "-" record
+    int32_t Flag;                               // by flag
+    int32_t IsCredit, IsDebit;                  // by sign: 1 in the "+" and in the "-" record
     float DebitPercent, CreditPercent, Percent; // of all debits, credits and magnitudes
     int32_t BarColour, PieColour;               // ChartColour, -1 for none
 };

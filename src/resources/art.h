@@ -27,6 +27,8 @@ enum ImageId : int {
     EntryUp = 341,         // arrows of a form's top line, 20 x 18
     EntryDown = 342,
     ProgramIcon = 300,
+    ConeBody = 484,        // what is seen of the cone below the pie
+    NothingCross = 486,    // on a chart without segments
 };
 // clang-format on
 
@@ -41,6 +43,6 @@ inline constexpr Image Images[] = {
     {TimesSign, 12, 12}, {FlagNone, 20, 26}, {FlagRed, 20, 26}, {FlagBlue, 20, 26}, {FlagYellow, 20, 26},
     {TwoPages, 19, 20}, {OnePage, 19, 20}, {ViewPictures, 40, 20}, {FormGround, 240, 268}, {BarSheet, 208, 16},
     {ToolsImage, 16, 16}, {CrossImage, 16, 16}, {TickImage, 16, 16}, {DirectionArrows, 64, 38}, {EntryUp, 20, 18},
-    {EntryDown, 20, 18}, {ProgramIcon, 64, 64},
+    {EntryDown, 20, 18}, {ProgramIcon, 64, 64}, {ConeBody, 114, 46}, {NothingCross, 17, 15},
 };
 // clang-format on

@@ -4,6 +4,7 @@
 #include "frame/tabs.h"
 #include "ledger/account_window.h"
 #include "platform/shell.h"
+#include "screens/chart_view.h"
 #include "screens/list_screen.h"
 #include "screens/measure.h"
 #include "screens/rows.h"
@@ -101,7 +102,7 @@ void DrawColumns() {
 // --- Taps
 
 void ShowBarForMode() {
-    const int on = ChartShown();
+    const int on = ChartsScroll();
     if (!on && state.ScrollBarShown)
         PassOverRepaint();
     ShowListScrollBar(on);
@@ -163,7 +164,9 @@ void TapBalanceTitle(int) {
     doGraph(ListWindow, PaintColumns | PaintRows);
 }
 
-void PressPlot(int, int y) {
+void PressPlot(int x, int y) {
+    if (ChartsShown())
+        PressCharts(x, y);
     if (y < state.RowCount * RowHeight && (state.GraphMode == PlainGraph || state.GraphMode == Regression))
         ShowHelp(0, 2, 3);
 }
@@ -187,7 +190,9 @@ void doGraph(Window window, int mask) {
         DrawHeaderArrows();
     if (mask & PaintColumns)
         DrawColumns();
-    if (mask & PaintRows)
+    if (mask & PaintRows && ChartsShown())
+        PaintCharts(window, mask);
+    else if (mask & PaintRows)
         FillRect(window, {0, 0, ScreenWidth, state.RowCount * RowHeight + 1}, White);
     if (mask & PaintCounts)
         UpdateCounts();

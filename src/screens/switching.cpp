@@ -1,4 +1,5 @@
 // From screen to screen, and from account to account.
+#include "analysis/charts.h"
 #include "frame/header.h"
 #include "frame/scroll.h"
 #include "ledger/account_window.h"
@@ -162,6 +163,8 @@ void EnterScreen(int screen) {
     if (!entered || screen == state.CurrentScreen)
         return;
     state.PreviousScreen = state.CurrentScreen;
+    if (state.PreviousScreen == GraphList)
+        EndCharts();
     if (screen == TransactionList) {
         EnterTransactions();
         return;

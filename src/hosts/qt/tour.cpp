@@ -64,6 +64,7 @@ constexpr int TabX(int slot) {
     return (slot - 1) * 37 + 20;
 }
 constexpr int LowTabY = 280, BarY = 307;
+constexpr int IconY = 52, BarX = 73, PieX = 93, GroupY = 72, OrderY = 89; // of the graph screen
 
 // clang-format off
 constexpr Step Steps[] = {
@@ -92,6 +93,14 @@ constexpr Step Steps[] = {
     Press(Qt::Key_F10), Press(Qt::Key_Down), Press(Qt::Key_Right), Press(Qt::Key_Return), Picture("settings"),
     Press(Qt::Key_Escape),
     Show(GraphList), Picture("graph"),
+    Tap(PieX, IconY), Picture("pie"), Tap(110, 190), Picture("pie-segment"), Tap(190, GroupY), Picture("pie-groups"),
+    Tap(190, GroupY + 9 + 28), Tap(190, OrderY), Picture("pie-orders"), Tap(170, OrderY + 9 + 49),
+    Picture("pie-by-category"), Press(Qt::Key_F1), Picture("pie-with-help"),
+    Tap(BarX, IconY), Picture("bars-with-help"), Press(Qt::Key_F1), Picture("bars"),
+    Tap(190, GroupY), Tap(190, GroupY + 9 + 49), Tap(40, 88), Picture("bars-by-month"),
+    Drag(100, 150, 60, 150), Picture("bars-stretched"), Drag(60, 150, 100, 150),
+    Tap(190, GroupY), Tap(190, GroupY + 9 + 91), Picture("debits-and-credits"),
+    Press(Qt::Key_F1), Picture("debits-and-credits-with-help"), Press(Qt::Key_F1), Tap(13, IconY),
     Show(TransactionList), DoubleTap(60, RowY(9)), Tap(215, 198), Picture("new-entry-advanced"), Press(Qt::Key_Escape),
     Drag(60, RowY(9), 130, RowY(9)), Picture("new-reconcile"), Press(Qt::Key_Escape),
     Tap(60, RowY(2)), Press(Qt::Key_F10), Press(Qt::Key_Right), Press(Qt::Key_Down), Press(Qt::Key_Down),
