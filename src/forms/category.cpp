@@ -2,6 +2,7 @@
 #include "drawing/colour_model.h"
 #include "drawing/colours.h"
 #include "forms/forms.h"
+#include "forms/palette.h"
 #include "frame/form.h"
 #include "platform/clock.h"
 #include "platform/text.h"
@@ -15,8 +16,8 @@ CatRec &Working() {
     return state.FormRow.Category;
 }
 
-// Items of this form alone: a category beside the central one, and the central one itself.
-enum BarItem : int { UpperBar = 100, CentreBar = 101, LowerBar = 102 };
+// Items of this form alone: the categories beside the central one, which is the ColourItem.
+enum BarItem : int { UpperBar = 100, LowerBar = 102 };
 
 // clang-format off
 constexpr Rect UpperBox = {25, 28, 215, 50}, CentreBox = {5, 53, 235, 91}, LowerBox = {25, 94, 215, 116};
@@ -28,7 +29,7 @@ constexpr FormPart Parts[] = {
     {TotalItem,          {188, 0, 218, 18},      {186, 0, 220, 18},      nullptr, Align::Left},
     {DuplicateItem,      {221, 0, 240, 20},      {220, 0, 240, 26},      nullptr},
     {UpperBar,           {},                     UpperBox,               nullptr},
-    {CentreBar,          {},                     CentreBox,              nullptr},
+    {ColourItem,         {},                     CentreBox,              nullptr},
     {LowerBar,           {},                     LowerBox,               nullptr},
     {LabelItem,          {94, 126, 128, 146},    {90, 126, 130, 146},    u"Name", Align::Right, TextField},
     {LabelItem,          {0, 154, 35, 174},      {0, 154, 36, 174},      u"Ref",  Align::Right, DescriptionField},
@@ -39,7 +40,6 @@ constexpr HelpRow Help[] = {
     {UpItem,           {0, 71, 72, 359, 0, 0}},
     {DownItem,         {0, 71, 72, 359, 0, 0}},
     {UpperBar,         {0, 360, 361, 0, 0, 0}},
-    {CentreBar,        {0, 356, 0, 357, 0, 0}},
     {LowerBar,         {0, 360, 361, 0, 0, 0}},
 };
 // clang-format on
@@ -108,12 +108,16 @@ void Fill(int initialise) {
     SetFieldText(DescriptionField, Working().Description);
 }
 
+void TakeTyped(CatRec *row) {
+    if (FieldTouched(TextField))
+        GetControlText(TextField, row->Name, TextRoom);
+    if (FieldTouched(DescriptionField))
+        GetControlText(DescriptionField, row->Description, TextRoom);
+}
+
 int SaveCategory() {
     CatRec row = Working();
-    if (FieldTouched(TextField))
-        GetControlText(TextField, row.Name, TextRoom);
-    if (FieldTouched(DescriptionField))
-        GetControlText(DescriptionField, row.Description, TextRoom);
+    TakeTyped(&row);
     if (!state.DuplicateOn)
         return ModRecFile(0, state.SelectedPos[CategoryList], &row);
     row.CatID = NewCatID();
@@ -143,6 +147,10 @@ void Tapped(int item) {
         Step(1);
     else if (item == DuplicateItem && !state.DuplicateOn)
         Fill(1);
+    else if (item == ColourItem) {
+        TakeTyped(&Working());
+        OpenPalette();
+    }
 }
 
 // A new category, at the end of the list: it stays there whatever becomes of the form.

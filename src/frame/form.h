@@ -33,6 +33,7 @@ enum FormItem : int {
     ThirdChoiceItem = 56,
     TypeItem = 57, // of the account form, where it says "Jeopardy"
     ProgressItem = 58,
+    ColourItem = 101, // of the category form: leads to the palette
 };
 
 // Bits of the mask of DrawDialogDecor.

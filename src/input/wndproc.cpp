@@ -1,4 +1,5 @@
 // Every event finds its handler here.
+#include "forms/palette.h"
 #include "frame/form.h"
 #include "frame/header.h"
 #include "input/input.h"
@@ -33,7 +34,7 @@ void DoPaint() {
 } // namespace
 
 void WndProc(const Event &event) {
-    if (state.OpenedForm && HandleFormEvent(event))
+    if (HandlePaletteEvent(event) || (state.OpenedForm && HandleFormEvent(event)))
         return;
     switch (event.Kind) {
     case EventKind::PointerDown:

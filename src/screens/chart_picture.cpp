@@ -166,8 +166,10 @@ void PaintRow(int row, const GRec &segment) {
     if (selected)
         Frame(box, Black);
     const int right = box.Right - (above || below ? 13 : 2);
-    PaintText(ListWindow, segment.Title, {box.Left + 3, box.Top, right, box.Bottom}, Align::Left,
-              selected ? Font::Bold : Font::Normal, InkOn(ground));
+    // A title that is a little too wide is drawn narrower; the heading has room for the long ones.
+    const int room = right - box.Left - 3, nearlyFits = TextWidth(segment.Title, Font::Normal) * 3 <= room * 4;
+    PaintText(ListWindow, segment.Title, {box.Left + 3, box.Top, right, box.Bottom}, Align::Left, Font::Normal,
+              InkOn(ground), nearlyFits);
     if (above || below) {
         FillRect(ListWindow, {right + 1, top + 1, box.Right - 1, top + TableRowHeight - 2}, Paper);
         Arrow((right + box.Right) / 2, top + 4, above);
@@ -207,10 +209,10 @@ void PaintBar(int row, const GRec &segment) {
         WriteWhole(text, value);
     const int width = TextWidth(text, Font::SmallBold);
     if (width + 2 * Pad <= ColumnLimit - left)
-        PaintText(ListWindow, text, {left + Pad, top - 1, ColumnLimit - Pad, bottom + 1}, Align::Right, Font::SmallBold,
+        PaintText(ListWindow, text, {left + Pad, top - 3, ColumnLimit - Pad, bottom + 1}, Align::Right, Font::SmallBold,
                   White);
     else
-        PaintText(ListWindow, text, {1, top - 2, left - Depth - Pad, bottom + 1}, Align::Right, Font::SmallBold,
+        PaintText(ListWindow, text, {1, top - 3, left - Depth - Pad, bottom + 1}, Align::Right, Font::SmallBold,
                   value < 0 ? AlertRed : Black, 1);
 }
 
@@ -267,7 +269,8 @@ void PaintConeBody(const Rect &box) {
 void DrawPie() {
     const Rect box = PieBox();
     PaintConeBody(box);
-    FillEllipse(ListWindow, {box.Left - 1, box.Top - 1, box.Right + 2, box.Bottom + 2}, EmptyPie, Rim);
+    const Rect rim = {box.Left - 1, box.Top - 1, box.Right + 2, box.Bottom + 2};
+    FillEllipse(ListWindow, rim, Rim, Rim);
     Pie pie;
     MakePieOutline(box, pie.Outline);
     pie.Middle = {(box.Left + box.Right) / 2, (box.Top + box.Bottom) / 2};
@@ -289,6 +292,7 @@ void DrawPie() {
         return 1;
     });
     if (sum == 0) {
+        FillEllipse(ListWindow, rim, EmptyPie, Rim);
         PaintNothing(box);
         return;
     }
@@ -323,7 +327,7 @@ void PaintPairColumn(int column, const GRec &segment, uint64_t largest) {
         const Point shade[] = {{left + PairWidth / 2, top}, {right, top + head - 1}, {right - 12, top + head - 1}};
         FillPolygon(ListWindow, shade, 3, faces.End, faces.End);
     }
-    const int over = std::max(top - 14, LowerHeading.Bottom + 1);
+    const int over = std::max(top - 14, LowerHeading.Bottom);
     PaintAmount(ListWindow, segment.Value, {left - 3, over, right + 3, over + 13}, 2, Align::Centre);
 }
 
