@@ -3,6 +3,7 @@
 #include "analysis/graph_value.h"
 #include "drawing/colour_model.h"
 #include "drawing/colours.h"
+#include "ledger/filter.h"
 #include "platform/text.h"
 #include "state/error_log.h"
 #include "state/state.h"
@@ -12,6 +13,11 @@
 #include <cstring>
 
 namespace {
+
+static_assert(static_cast<int>(FilterBy::Name) == ByName && static_cast<int>(FilterBy::Category) == ByCategory &&
+              static_cast<int>(FilterBy::Ref) == ByRef && static_cast<int>(FilterBy::Month) == ByMonth &&
+              static_cast<int>(FilterBy::Year) == ByYear && static_cast<int>(FilterBy::Flag) == ByFlag &&
+              static_cast<int>(FilterBy::Sign) == BySign);
 
 // --- The segment of an entry
 
@@ -185,7 +191,7 @@ void Append(Build *build, GRec segment) {
 int32_t Find(const Build &build, const GRec &key, GRec *found) {
     int32_t row = Heads()[HashOf(key, build.Group)];
     while (row > 0 && ReadChart(build.File, row, 1, found) == 1 && !SameSegmentOf(build.Group, key, *found))
-        row = found->Link < row ? found->Link : 0;
+        row = found->Link;
     return row;
 }
 
@@ -329,6 +335,17 @@ void CalcRatios() {
         }
     }
     CloseFile(file);
+}
+
+void CriteriaFromSegment(const GRec &segment, FilterCriteria *criteria) {
+    *criteria = {};
+    CopyText(criteria->Name, TextRoom, segment.Title);
+    CopyText(criteria->Memo, TextRoom, segment.Title);
+    criteria->CatID = segment.CatID;
+    criteria->Month = segment.Month;
+    criteria->Year = static_cast<uint32_t>(segment.Year);
+    criteria->Flag = static_cast<uint32_t>(segment.Flag);
+    criteria->Value = segment.IsDebit ? -1 : 0;
 }
 
 void EndCharts() {

@@ -35,6 +35,8 @@ int32_t ConvertRecToGRec(uint32_t accountID);
 void CalcRatios();
 // Puts CHART into state.AnalysisOrder. Loses what stood in state.RunBuffer.
 void SortGRecs();
+// What an entry must have to be in a segment, as a filter asks for it (FilterBy has the numbers of the groups).
+void CriteriaFromSegment(const GRec &segment, struct FilterCriteria *criteria);
 // Removes CHART.
 void EndCharts();
 

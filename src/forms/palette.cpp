@@ -10,7 +10,9 @@
 #include "resources/menus.h"
 #include "state/messages.h"
 #include <algorithm>
+#include <cmath>
 #include <iterator>
+#include <numbers>
 #include <utility>
 
 namespace {
@@ -111,16 +113,38 @@ void PaintMark() {
     }
 }
 
+constexpr int MiddleLuminosity = 127; // at which hues and saturations are told apart best
+
+// Sectors of the purest colours: they make the rim smooth, the colours in it are painted over them.
+void PaintRim() {
+    constexpr int Sectors = 72, Radius = ConeSize / 2;
+    const Point middle = {ConeBox.Left + Radius, ConeBox.Top + Radius};
+    const auto onRim = [&](int sector) {
+        const double angle = sector * 2 * std::numbers::pi / Sectors;
+        return Point{static_cast<int>(std::lround(middle.X - std::cos(angle) * (Radius - 1) - 0.5)),
+                     static_cast<int>(std::lround(middle.Y - std::sin(angle) * (Radius - 1) - 0.5))};
+    };
+    for (int sector = 0; sector < Sectors; ++sector) {
+        const Point corners[] = {middle, onRim(sector), onRim(sector + 1)};
+        const Point within = {(corners[1].X + corners[2].X) / 2, (corners[1].Y + corners[2].Y) / 2};
+        int hue, saturation;
+        ConeColour(ConeUnit(within.X - ConeBox.Left) + 1, ConeUnit(within.Y - ConeBox.Top) + 1, &hue, &saturation);
+        const Colour colour = HlsToRgb(hue, MiddleLuminosity, 255);
+        FillPolygon(HostWindow, corners, 3, colour, colour);
+    }
+}
+
 // Hues around, saturation from the middle out, all of one luminosity.
 void PaintCone() {
-    constexpr int MiddleLuminosity = 127;
+    constexpr int RimUnits = 6; // left to the rim's sectors
     const Rect around = {ConeBox.Left - 4, ConeBox.Top - 4, ConeBox.Right + 4, ConeBox.Bottom + 4};
     PaintGround(around);
     FillEllipse(HostWindow, {ConeBox.Left - 1, ConeBox.Top - 1, ConeBox.Right + 1, ConeBox.Bottom + 1}, Black, Black);
+    PaintRim();
     for (int y = 0; y < ConeSize; ++y)
         for (int x = 0; x < ConeSize; ++x) {
             const int across = ConeUnit(x) + 1, down = ConeUnit(y) + 1;
-            if (ConeAngle(across, down).Radius >= ConeRim - 1)
+            if (ConeAngle(across, down).Radius >= ConeRim - RimUnits)
                 continue;
             int hue, saturation;
             ConeColour(across, down, &hue, &saturation);
@@ -137,7 +161,7 @@ int ValueAtRow(int row) {
 // What each place of the slider would make of the colour; hue and saturation are shown at a luminosity that lets them
 // be seen.
 void PaintSlider() {
-    constexpr int MiddleLuminosity = 127, Knob = 6;
+    constexpr int Knob = 6;
     const int32_t link = state.Mixed.ColLink;
     PaintGround({SliderBox.Left - 1, SliderBox.Top - 4, SliderBox.Right + Knob + 4, SliderBox.Bottom + 4});
     PaintFramed({SliderBox.Left - 1, SliderBox.Top - 1, SliderBox.Right + 1, SliderBox.Bottom + 1}, Black);

@@ -1,4 +1,5 @@
 // The commands of the bar and its menus.
+#include "analysis/charts.h"
 #include "forms/forms.h"
 #include "frame/header.h"
 #include "frame/message_window.h"
@@ -12,6 +13,7 @@
 #include "ledger/markers.h"
 #include "platform/shell.h"
 #include "resources/menus.h"
+#include "screens/chart_view.h"
 #include "screens/list_screen.h"
 #include "screens/opening.h"
 #include "screens/screens.h"
@@ -122,17 +124,23 @@ constexpr FilterCommand Filters[] = {
 
 void Filter(int id) {
     const int screen = state.CurrentScreen;
-    const int32_t position = state.SelectedPos[TransactionList];
-    TRec row;
-    if (!FetchTran(position, &row)) {
+    const int bySegment = screen == GraphList && ChartsShown();
+    const int32_t position = state.SelectedPos[bySegment ? GraphList : TransactionList];
+    TRec row = {};
+    GRec segment;
+    if (!(bySegment ? LoadGRec(position, &segment) : FetchTran(position, &row))) {
         Beep();
         return;
     }
     FilterCriteria criteria;
-    CriteriaFromRow(row, position, &criteria);
+    if (bySegment)
+        CriteriaFromSegment(segment, &criteria);
+    else
+        CriteriaFromRow(row, position, &criteria);
     for (const FilterCommand &filter : Filters)
-        if (filter.Id == id &&
-            !ApplyFilter(state.CurAccount.ID, filter.Keep, filter.Field, criteria, row.Date.DayNumber)) {
+        if (filter.Id == id && !ApplyFilter(state.CurAccount.ID, filter.Keep,
+                                            bySegment ? static_cast<FilterBy>(state.AnalysisGroup) : filter.Field,
+                                            criteria, row.Date.DayNumber)) {
             Beep();
             return;
         }

@@ -4,6 +4,7 @@
 #include "drawing/colour_model.h"
 #include "drawing/colours.h"
 #include "host/device.h"
+#include "host/fuzz.h"
 #include "screens/chart_layout.h"
 #include "screens/screens.h"
 #include "store/windows.h"
@@ -533,6 +534,63 @@ TEST_F(Charts, ListsHeadingStrokesAndKeysWorkAsTheHelpSays) {
     SendKey(Key::Escape);
     EXPECT_EQ(state.DroppedList, static_cast<int>(NoDropList));
     EXPECT_TRUE(Remains(ListWindow).empty());
+}
+
+TEST_F(Charts, ASegmentIsFilteredByWhatItsEntriesShare) {
+    const std::vector<Entry> entries = {{"a", -4000, 2025, 1, "x", 1, 0},
+                                        {"b", 3000, 2026, 2, "", 2, 0},
+                                        {"a", -2000, 2026, 1, "", 0, 0},
+                                        {"c", 1000, 2024, 3, "x", 0, 0}};
+    for (int group = ByName; group <= GroupCount; ++group) {
+        if (group == ByCategory)
+            continue; // all of these have none
+        SCOPED_TRACE(group);
+        Write(entries);
+        Show(PieIconX);
+        Pick(GroupList, group - 1);
+        Pick(OrderList, FromAToZ);
+        SendKey(Key::Down); // the second segment
+        const std::vector<GRec> before = Segments();
+        EXPECT_TRUE(SendCommand(ExcludeEntry));
+        const std::vector<GRec> after = Segments();
+        ASSERT_EQ(after.size(), group == BySign ? 2 : before.size() - 1);
+        int32_t left = 0;
+        for (const GRec &segment : after)
+            left += segment.Entries;
+        EXPECT_EQ(left, 4 - before[1].Entries);
+        SendCommand(CommandFilterOff);
+        EXPECT_EQ(Segments().size(), before.size());
+        state.SelectedPos[GraphList] = 2;
+        EXPECT_TRUE(SendCommand(ShowEntry));
+        EXPECT_EQ(Segments()[group == BySign ? 1 : 0].Value, before[1].Value);
+        SendCommand(CommandFilterOff);
+        ShowScreen(AccountList);
+    }
+}
+
+TEST_F(Charts, DamagedAccountsAreChartedAsFarAsTheyCanBeRead) {
+    std::vector<Entry> entries;
+    for (int n = 0; n < 30; ++n)
+        entries.push_back({"Name " + std::to_string(n % 7), n * 100 - 900, 2026, n % 12 + 1, "ref", 2, n % 3});
+    Write(entries);
+    Show(PieIconX);
+    const std::vector<uint8_t> good = ReadBytes(root.DataFile("E1_02A1"));
+    for (const uint64_t seed : FuzzSeeds(60)) {
+        SCOPED_TRACE(seed);
+        std::vector<uint8_t> bytes = DamagedBytes(seed, good);
+        if (!bytes.empty())
+            bytes[0] = 1; // of this version, or nothing would be read
+        WriteBytes(root.DataFile("E1_02A1"), bytes);
+        state.AnalysisGroup = static_cast<int>(seed % GroupCount) + 1;
+        state.AnalysisOrder = static_cast<int>(seed % OrderCount);
+        state.GraphMode = seed % 2 ? PieMode : BarMode;
+        doGraph(ListWindow, EveryBand);
+        size_t entriesIn = 0;
+        for (const GRec &segment : Segments())
+            entriesIn += static_cast<size_t>(segment.Entries);
+        ASSERT_LE(entriesIn, bytes.size() / sizeof(TRecFile));
+        TapList(60, 110);
+    }
 }
 
 TEST_F(Charts, DebitsStandAgainstCredits) {
