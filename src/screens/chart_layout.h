@@ -72,6 +72,8 @@ inline bool IsPair() {
     return state.GraphMode == BarMode && state.AnalysisGroup == BySign;
 }
 
+// Of the segments that count by the order.
+uint64_t LargestMagnitude();
 // Where a bar of a magnitude begins, 10 to ColumnLimit.
 int BarLeft(uint64_t magnitude);
 // A bar that is longer than there is room.

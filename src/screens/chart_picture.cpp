@@ -178,13 +178,6 @@ void PaintRow(int row, const GRec &segment) {
 
 // --- Bars
 
-uint64_t LargestMagnitude() {
-    const uint64_t credit = MagnitudeOf(state.LargestCredit), debit = MagnitudeOf(state.LargestDebit);
-    return state.AnalysisOrder == DebitsOnly    ? debit
-           : state.AnalysisOrder == CreditsOnly ? credit
-                                                : std::max(credit, debit);
-}
-
 void PaintBar(int row, const GRec &segment) {
     constexpr int Depth = 3, Pad = 4; // the third dimension, up to the left
     const FixedAmount value = ValueOf(segment);
@@ -355,6 +348,13 @@ void DrawCreditDebit() {
 }
 
 } // namespace
+
+uint64_t LargestMagnitude() {
+    const uint64_t credit = MagnitudeOf(state.LargestCredit), debit = MagnitudeOf(state.LargestDebit);
+    return state.AnalysisOrder == DebitsOnly    ? debit
+           : state.AnalysisOrder == CreditsOnly ? credit
+                                                : std::max(credit, debit);
+}
 
 int BarLeft(uint64_t magnitude) {
     constexpr int LeastLeft = 10;

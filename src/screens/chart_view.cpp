@@ -29,8 +29,8 @@ const ChartHelp &Help() {
 
 void ExplainChart() {
     const ChartHelp &help = Help();
-    if (state.EntryCount[GraphList] == 0)
-        ShowHelp(0, 463);
+    if (LargestMagnitude() == 0)
+        ShowHelp(0, 463); // no segments, or none that counts by the order
     else
         ShowHelp(0, help.Tapping, help.Where, 0, help.TopLeft);
 }
@@ -250,7 +250,7 @@ int ChartsScroll() {
     return ChartsShown() && !IsPair();
 }
 
-void PaintCharts(Window, int) {
+void PaintCharts() {
     state.DroppedList = NoDropList;
     Rebuild();
     Repaint();

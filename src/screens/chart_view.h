@@ -10,7 +10,7 @@ int ChartsShown();
 int ChartsScroll();
 
 // Makes the work file anew and paints all between titles and tabs, with counts and thumb.
-void PaintCharts(Window window, int mask);
+void PaintCharts();
 // A press on the chart, and the release that ends it (state.PressX and PressY say where it began).
 void PressCharts(int x, int y);
 void StrokeCharts(int x, int y);

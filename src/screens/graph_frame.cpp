@@ -191,7 +191,7 @@ void doGraph(Window window, int mask) {
     if (mask & PaintColumns)
         DrawColumns();
     if (mask & PaintRows && ChartsShown())
-        PaintCharts(window, mask);
+        PaintCharts();
     else if (mask & PaintRows)
         FillRect(window, {0, 0, ScreenWidth, state.RowCount * RowHeight + 1}, White);
     if (mask & PaintCounts)

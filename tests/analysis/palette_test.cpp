@@ -68,6 +68,10 @@ TEST(Mixing, EachParameterMovesTheOthers) {
     SetColourParameter(LinkContrast, 0);
     SetColourParameter(LinkContrast, 150);
     EXPECT_EQ(ColourOf(state.Mixed), Rgb(200, 100, 50));
+    SetColourParameter(LinkContrast, 0);
+    LinkColourParameter(LinkContrast); // now it is taken from the grey
+    SetColourParameter(LinkContrast, 150);
+    EXPECT_EQ(ColourOf(state.Mixed), Rgb(200, 125, 50));
 }
 
 TEST(Mixing, TheConeGivesTheColourThatStandsThere) {
