@@ -100,10 +100,15 @@ constexpr int ConeUnit(int pixel) { // pixels of the cone's box to its units
     return pixel * ConeSpan / ConeSize;
 }
 
+Point MarkOf(const ColourState &colour) {
+    return {ConeBox.Left + colour.MarkX * ConeSize / ConeSpan, ConeBox.Top + colour.MarkY * ConeSize / ConeSpan};
+}
+
+constexpr int MarkReach = 3;
+
 void PaintMark() {
-    const int x = ConeBox.Left + state.Mixed.MarkX * ConeSize / ConeSpan,
-              y = ConeBox.Top + state.Mixed.MarkY * ConeSize / ConeSpan;
-    for (const auto &[reach, pen] : {std::pair{3, Black}, std::pair{2, White}}) {
+    const auto [x, y] = MarkOf(state.Mixed);
+    for (const auto &[reach, pen] : {std::pair{MarkReach, Black}, std::pair{2, White}}) {
         const Point ring[] = {{x - reach, y - reach},
                               {x + reach, y - reach},
                               {x + reach, y + reach},
@@ -134,23 +139,42 @@ void PaintRim() {
     }
 }
 
-// Hues around, saturation from the middle out, all of one luminosity.
-void PaintCone() {
-    constexpr int RimUnits = 6; // left to the rim's sectors
-    const Rect around = {ConeBox.Left - 4, ConeBox.Top - 4, ConeBox.Right + 4, ConeBox.Bottom + 4};
-    PaintGround(around);
-    FillEllipse(HostWindow, {ConeBox.Left - 1, ConeBox.Top - 1, ConeBox.Right + 1, ConeBox.Bottom + 1}, Black, Black);
-    PaintRim();
-    for (int y = 0; y < ConeSize; ++y)
-        for (int x = 0; x < ConeSize; ++x) {
-            const int across = ConeUnit(x) + 1, down = ConeUnit(y) + 1;
+constexpr int RimUnits = 6; // of the radius, left to the rim's sectors
+
+// Hues around, saturation from the middle out, all of one luminosity: what lies in a part of the cone's box.
+void PaintHues(const Rect &part) {
+    for (int y = part.Top; y < part.Bottom; ++y)
+        for (int x = part.Left; x < part.Right; ++x) {
+            const int across = ConeUnit(x - ConeBox.Left) + 1, down = ConeUnit(y - ConeBox.Top) + 1;
             if (ConeAngle(across, down).Radius >= ConeRim - RimUnits)
                 continue;
             int hue, saturation;
             ConeColour(across, down, &hue, &saturation);
-            const int left = ConeBox.Left + x, top = ConeBox.Top + y;
-            FillRect(HostWindow, {left, top, left + 1, top + 1}, HlsToRgb(hue, MiddleLuminosity, saturation));
+            FillRect(HostWindow, {x, y, x + 1, y + 1}, HlsToRgb(hue, MiddleLuminosity, saturation));
         }
+}
+
+void PaintCone() {
+    const Rect around = {ConeBox.Left - 4, ConeBox.Top - 4, ConeBox.Right + 4, ConeBox.Bottom + 4};
+    PaintGround(around);
+    FillEllipse(HostWindow, {ConeBox.Left - 1, ConeBox.Top - 1, ConeBox.Right + 1, ConeBox.Bottom + 1}, Black, Black);
+    PaintRim();
+    PaintHues(ConeBox);
+    PaintMark();
+}
+
+// The mark where it is now; of the cone only what lay under the old one, unless that reached the rim.
+void MoveMark(const ColourState &before) {
+    constexpr int Clear = ConeRim - RimUnits - 2 * MarkReach * ConeSpan / ConeSize;
+    const ColourState &now = state.Mixed;
+    if (before.MarkX == now.MarkX && before.MarkY == now.MarkY)
+        return;
+    if (ConeAngle(before.MarkX, before.MarkY).Radius > Clear) {
+        PaintCone();
+        return;
+    }
+    const auto [x, y] = MarkOf(before);
+    PaintHues({x - MarkReach, y - MarkReach, x + MarkReach + 1, y + MarkReach + 1});
     PaintMark();
 }
 
@@ -210,8 +234,8 @@ void PaintPreview() {
               Font::Bold, ink, 1);
 }
 
-void PaintColour() {
-    PaintCone();
+void PaintColour(const ColourState &before) {
+    MoveMark(before);
     PaintSlider();
     PaintParameters();
     PaintPreview();
@@ -220,7 +244,8 @@ void PaintColour() {
 void PaintPalette() {
     PaintGround({0, 0, ScreenWidth, state.MessageWindowOn ? MessageTopInForm : VisibleBottom});
     PaintSquares();
-    PaintColour();
+    PaintCone();
+    PaintColour(state.Mixed);
     if (state.MessageWindowOn && state.Paint[0])
         state.Paint[0](HostWindow, EveryBand);
 }
@@ -243,10 +268,11 @@ void SetCurrent(Colour colour) {
 }
 
 void ChooseSquare(int entry) {
+    const ColourState before = state.Mixed;
     state.PaletteSquare = entry;
     SetCurrent(state.Palette[entry]);
     PaintSquares();
-    PaintColour();
+    PaintColour(before);
     ShowHelp(0, 389, 368, 369);
 }
 
@@ -300,15 +326,17 @@ void Link(int32_t link) {
 }
 
 void SetLinked(int value) {
+    const ColourState before = state.Mixed;
     SetColourParameter(state.Mixed.ColLink, value);
-    PaintColour();
+    PaintColour(before);
 }
 
 void FollowStylus(int x, int y) {
+    const ColourState before = state.Mixed;
     if (state.PaletteHeld == SliderHeld)
         SetLinked(ValueAtRow(std::clamp(y - SliderBox.Top, 0, SliderRows - 1)));
     else if (state.PaletteHeld == ConeHeld && SetColourFromCone(ConeUnit(x - ConeBox.Left), ConeUnit(y - ConeBox.Top)))
-        PaintColour();
+        PaintColour(before);
 }
 
 constexpr Rect Reach(const Rect &box, int pixels) {

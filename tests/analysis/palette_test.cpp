@@ -243,6 +243,11 @@ TEST_F(PaletteScreen, SliderConeAndKeysMoveTheLinkedParameter) {
     SendEvent({.Kind = EventKind::PointerMove, .Where = HostWindow, .X = 210, .Y = 4});
     EXPECT_EQ(state.Mixed.ColR, 0);
 
+    // Where the mark was, the cone is whole again.
+    TapAt(140, 60);
+    TapAt(120, 40);
+    EXPECT_FALSE(ColourIn(HostWindow, {136, 56, 145, 65}, White) || ColourIn(HostWindow, {136, 56, 145, 65}, Black));
+    EXPECT_TRUE(ColourIn(HostWindow, {115, 35, 125, 45}, White));
     TapAt(136 - 30, 54);
     EXPECT_EQ(state.Mixed.ColH, 233);
     EXPECT_GT(state.Mixed.ColS, 140);
