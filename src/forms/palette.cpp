@@ -126,8 +126,8 @@ void PaintRim() {
     const Point middle = {ConeBox.Left + Radius, ConeBox.Top + Radius};
     const auto onRim = [&](int sector) {
         const double angle = sector * 2 * std::numbers::pi / Sectors;
-        return Point{static_cast<int>(std::lround(middle.X - std::cos(angle) * (Radius - 1) - 0.5)),
-                     static_cast<int>(std::lround(middle.Y - std::sin(angle) * (Radius - 1) - 0.5))};
+        return Point{static_cast<int>(std::lround(middle.X - std::cos(angle) * (Radius - 1.25) - 0.5)),
+                     static_cast<int>(std::lround(middle.Y - std::sin(angle) * (Radius - 1.25) - 0.5))};
     };
     for (int sector = 0; sector < Sectors; ++sector) {
         const Point corners[] = {middle, onRim(sector), onRim(sector + 1)};
