@@ -133,7 +133,7 @@ void LoadGraphData(const Place &place) {
     }
     if (file >= 0)
         CloseFile(file);
-    state.PlotYScale = state.MessageWindowOn ? AboveMessages : FullHeight;
+    state.PlotYScale = VerticalScale();
     CloseUp(&walk);
     state.SampleMin = std::min<FixedAmount>(state.SampleMin, 0);
     state.SampleMax = std::max<FixedAmount>(state.SampleMax, 0);
@@ -163,6 +163,10 @@ void ScaleGraph(FixedAmount min, FixedAmount max, FixedAmount *span, float *xSte
     state.PlotZero = state.PlotBand + above;
     constexpr auto Width = static_cast<float>(PlotRight - PlotLeft);
     *xStep = state.SampleCount >= 2 ? Width / static_cast<float>(state.SampleCount - 1) : Width;
+}
+
+float VerticalScale() {
+    return state.MessageWindowOn ? AboveMessages : FullHeight;
 }
 
 int PlotRow(int64_t row) {

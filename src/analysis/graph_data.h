@@ -18,6 +18,9 @@ void LoadGraphData(const Place &place);
 // them, and the pixels of x between two samples.
 void ScaleGraph(FixedAmount min, FixedAmount max, FixedAmount *span, float *xStep);
 
+// What every vertical length passes through: less than 1 above the message window.
+float VerticalScale();
+
 // Row of ListWindow of a plot row before PlotYScale; cut toward zero.
 int PlotRow(int64_t row);
 // The plot row of a value, before PlotYScale, in a scale of `span` (0: the zero row).

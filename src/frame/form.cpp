@@ -101,7 +101,7 @@ struct PartKey {
 constexpr PartKey PartKeys[] = {
     {Key::RowUp,          {UpItem,         NoItem}},
     {Key::RowDown,        {DownItem,       NoItem}},
-    {Key::FlagPart,       {FlagItem,       NoItem}},
+    {Key::FlagPart,       {FlagItem,       ColourItem}},
     {Key::FirstSignPart,  {FirstSignItem,  NoItem}},
     {Key::SecondSignPart, {SecondSignItem, NoItem}},
     {Key::ClearedPart,    {ClearedItem,    NoItem}},

@@ -85,7 +85,7 @@ void GiveActionUp() {
     const bool reading = ActionRefused() == ReadRefused;
     BeginAction();
     ReloadNoted();
-    if (!state.OpenedForm) {
+    if (state.ActiveDialog == NoDialog) {
         SetGreys(state.CurrentScreen);
         RepaintScreen();
     }

@@ -1,4 +1,5 @@
 #include "input/commands.h"
+#include "analysis/charts.h"
 #include "analysis/graph_value.h"
 #include "forms/forms.h"
 #include "forms/progress.h"
@@ -132,18 +133,35 @@ constexpr FilterCommand Filters[] = {
 };
 // clang-format on
 
-void Filter(int id) {
+// What the selected segment or entry has; 0 when there is none. `day` is that of the entry.
+int TakeCriteria(const FilterCommand &command, FilterBy *field, FilterCriteria *criteria, uint32_t *day) {
+    if (state.CurrentScreen == GraphList && ChartShown()) {
+        GRec segment;
+        if (!LoadGRec(state.SelectedPos[GraphList], &segment))
+            return 0;
+        *field = static_cast<FilterBy>(state.AnalysisGroup);
+        *day = 0;
+        CriteriaFromSegment(segment, criteria);
+        return 1;
+    }
     const int32_t position = state.SelectedPos[TransactionList];
     TRec row;
+    if (!FetchTran(position, &row))
+        return 0;
+    *field = command.Field;
+    *day = row.Date.DayNumber;
+    CriteriaFromRow(row, EntriesShown(), position, state.AccountKind, criteria);
+    return 1;
+}
+
+void Filter(int id) {
     FilterCriteria criteria;
+    FilterBy field;
+    uint32_t day;
     const FilterCommand *filter = std::find_if(std::begin(Filters), std::end(Filters),
                                                [id](const FilterCommand &command) { return command.Id == id; });
-    if (filter == std::end(Filters) || !FetchTran(position, &row)) {
-        Beep();
-        return;
-    }
-    CriteriaFromRow(row, EntriesShown(), position, state.AccountKind, &criteria);
-    if (!FilterAccount(state.CurAccount.ID, filter->Keep, filter->Field, criteria, row.Date.DayNumber)) {
+    if (filter == std::end(Filters) || !TakeCriteria(*filter, &field, &criteria, &day) ||
+        !FilterAccount(state.CurAccount.ID, filter->Keep, field, criteria, day)) {
         Beep();
         return;
     }

@@ -79,10 +79,9 @@ void SelectBelow() {
 }
 
 void MoveSelection(Key key) {
-    const ListScreen *screen = ScreenOf(state.CurrentScreen);
-    if (screen && screen->PlotKey)
-        screen->PlotKey(key);
-    else if (key == Key::Up)
+    if (state.CurrentScreen == GraphList)
+        return;
+    if (key == Key::Up)
         SelectAbove();
     else
         SelectBelow();
@@ -100,13 +99,10 @@ void StepByKey(Key key) {
         ShowChoice(Steps);
 }
 
-void OpenSelected(Key key) {
-    const ListScreen *screen = ScreenOf(state.CurrentScreen);
-    if (screen && screen->PlotKey)
-        screen->PlotKey(key);
-    else if (state.CurrentScreen == AccountList && InList(state.SelectedPos[AccountList]))
+void OpenSelected(Key) {
+    if (state.CurrentScreen == AccountList && InList(state.SelectedPos[AccountList]))
         ShowEnteredAccount();
-    else
+    else if (state.CurrentScreen != GraphList)
         DoButtonDblclk(ListWindow, EntryRow);
 }
 
@@ -186,6 +182,9 @@ constexpr KeyAction KeyActions[] = {
 } // namespace
 
 void DoKeyDown(Key key) {
+    const ListScreen *screen = ScreenOf(state.CurrentScreen);
+    if (screen && screen->PlotKey && screen->PlotKey(key))
+        return;
     for (const KeyAction &row : KeyActions) {
         if (key < row.First || key > row.Last)
             continue;

@@ -1,6 +1,7 @@
 #include "input/scrolling.h"
 #include "frame/command_bar.h"
 #include "frame/header.h"
+#include "screens/chart_view.h"
 #include "screens/list_screen.h"
 #include "state/messages.h"
 
@@ -37,6 +38,8 @@ int32_t TopAfter(ScrollCode code, int position) {
 
 void DoScroll(ScrollCode code, int position) {
     const int screen = state.CurrentScreen;
+    if (state.ActiveDialog == NoDialog && screen == GraphList && ChartsScroll())
+        ScrollCharts(code, position);
     if (state.ActiveDialog != NoDialog || screen == GraphList)
         return;
     ShowHelp(Help::ScrollBar);

@@ -1,4 +1,5 @@
 #include "input/wndproc.h"
+#include "forms/palette.h"
 #include "frame/form.h"
 #include "frame/header.h"
 #include "input/commands.h"
@@ -31,7 +32,7 @@ void DoPaint() {
 } // namespace
 
 void WndProc(const Event &event) {
-    if (state.OpenedForm && HandleFormEvent(event))
+    if (HandlePaletteEvent(event) || (state.OpenedForm && HandleFormEvent(event)))
         return;
     switch (event.Kind) {
     case EventKind::PointerDown:

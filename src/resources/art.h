@@ -30,6 +30,8 @@ enum ImageId : int {
     PointMark = 611,       // around the selected point of a plot
     ZeroImage = 612,       // the zero button of the extrapolation
     ProgramIcon = 300,
+    ConeBody = 484,        // what is seen of the cone below the pie
+    NothingCross = 486,    // on a chart without segments
 };
 // clang-format on
 
@@ -45,5 +47,6 @@ inline constexpr Image Images[] = {
     {TwoPages, 19, 20}, {OnePage, 19, 20}, {ViewPictures, 40, 20}, {FormGround, 240, 268}, {BarSheet, 208, 16},
     {ToolsImage, 16, 16}, {CrossImage, 16, 16}, {TickImage, 16, 16}, {DirectionArrows, 64, 38}, {EntryUp, 20, 18},
     {EntryDown, 20, 18}, {GraphIcons, 152, 19}, {PointMark, 7, 7}, {ZeroImage, 14, 14}, {ProgramIcon, 64, 64},
+    {ConeBody, 114, 46}, {NothingCross, 17, 15},
 };
 // clang-format on

@@ -12,6 +12,7 @@
 #include "platform/shell.h"
 #include "resources/art.h"
 #include "resources/geometry.h"
+#include "screens/chart_view.h"
 #include "screens/graph_gestures.h"
 #include "screens/graph_plot.h"
 #include "screens/list_screen.h"
@@ -39,7 +40,7 @@ struct Mode {
     void (*Press)(int x, int y); // on ListWindow above the tabs
     void (*Move)(int x, int y);  // after such a press; null: nothing
     void (*Release)(int x, int y);
-    int (*PressKey)(Key key); // 0 not taken
+    int (*PressKey)(Key key); // 0: not taken
 };
 
 void LookAfterRelease(int, int) {
@@ -55,8 +56,10 @@ constexpr Mode Modes[] = { // ORDER GRAPHMODE
      PaintEntryPlot, SelectGraphPoint, SelectGraphPoint, LookAfterRelease, PlotKeyPressed},
     {Help::Extrapolation, Help::ExtrapolationOfList, IconsAndPlot | PaintCounts,
      PaintExtrapolation, PressExtrapolation, MoveOverExtrapolation, LookAfterRelease, BoxKeyPressed},
-    {Help::BarChart, Help::BarChart, PaintAll, nullptr, nullptr, nullptr, nullptr, nullptr},
-    {Help::PieChart, Help::PieChart, PaintAll, nullptr, nullptr, nullptr, nullptr, nullptr},
+    {Help::BarChart, Help::BarChart, PaintAll,
+     PaintCharts, PressCharts, nullptr, StrokeCharts, KeyCharts},
+    {Help::PieChart, Help::PieChart, PaintAll,
+     PaintCharts, PressCharts, nullptr, StrokeCharts, KeyCharts},
 };
 // clang-format on
 
@@ -112,7 +115,7 @@ void DrawColumns() {
 // --- Taps
 
 void ShowBarForMode() {
-    const bool on = ChartShown();
+    const bool on = ChartsScroll();
     if (!on && state.ScrollBarShown)
         PassOverRepaint();
     ShowListScrollBar(on);
@@ -184,8 +187,7 @@ void TapBalanceTitle(int) {
 // --- The plot: what happens on ListWindow is the mode's
 
 void PressPlot(int x, int y) {
-    if (CurrentMode().Press)
-        CurrentMode().Press(x, y);
+    CurrentMode().Press(x, y);
 }
 
 void MovePlot(int x, int y) {
@@ -194,12 +196,11 @@ void MovePlot(int x, int y) {
 }
 
 void ReleasePlot(int x, int y) {
-    if (CurrentMode().Release)
-        CurrentMode().Release(x, y);
+    CurrentMode().Release(x, y);
 }
 
 int PlotKey(Key key) {
-    return CurrentMode().PressKey && CurrentMode().PressKey(key);
+    return CurrentMode().PressKey(key);
 }
 
 void PaintEntryPlot(int mask) {
@@ -287,8 +288,7 @@ void doGraph(Window window, int mask) {
     }
     if (mask & PaintRows)
         ClearPlot(window, mask);
-    if (CurrentMode().Paint)
-        CurrentMode().Paint(mask);
+    CurrentMode().Paint(mask);
     if (mask & (PaintCounts | PaintRows))
         UpdateCounts();
     if (mask & PaintTabs)

@@ -138,7 +138,7 @@ void SelectRow(int position) {
         return;
     LoadCurrentAccount();
     if (other)
-        state.GraphScale = 1;
+        state.BarZoom = 1;
 }
 
 void PaintTitles(const ColumnTitle *titles, int count, int brush, int lastBrush) {

@@ -76,7 +76,7 @@ struct ListScreen {
     // What follows such a press until the release, and the release; null: nothing.
     void (*MovePlot)(int x, int y) = nullptr;
     void (*ReleasePlot)(int x, int y) = nullptr;
-    // Up, Down, Left, Right or Enter. 0: not taken, what another screen does follows.
+    // Any key, before it means what it means elsewhere. 0: not taken.
     int (*PlotKey)(Key key) = nullptr;
     void (*Stroke)(int position); // null: none; also asked for a position past the end
     bool (*CanReorder)();         // null: never

@@ -19,7 +19,9 @@ void ResetState() {
     state.CurrentKey = NoKey;
     state.DrawDepth = 3;
     state.RecurringInOrder = 1;
-    state.GraphScale = 1;
+    state.BarZoom = 1;
+    state.AnalysisGroup = 1;
+    state.Mixed.ColLink = LinkRed;
     state.BalanceView = 1;
     state.PlotBand = 15;
     state.PlotBase = 5;

@@ -96,6 +96,16 @@ union WorkingRow { // by the form that is open
 };
 inline constexpr int ShownFields = 32, ShownRoom = 40;
 
+// A colour being mixed: seven linked parameters, each 0 to 255. ORDER COLOURLINK: red, green, blue, contrast, hue,
+// luminosity, saturation
+enum ColourLink : int32_t { LinkRed = 2, LinkGreen, LinkBlue, LinkContrast, LinkHue, LinkLuminosity, LinkSaturation };
+struct ColourState {
+    int32_t ColR, ColG, ColB, ColH, ColS, ColL, ColC;
+    int32_t ColLink;          // the parameter on the slider
+    int32_t RefR, RefG, RefB; // what contrast is taken from: the colour when it was linked
+    int32_t MarkX, MarkY;     // of the cone's marker, 0 to 255
+};
+
 inline constexpr int EveryBand = 1023; // the mask that means everything to a paint procedure
 using PaintProcedure = void (*)(Window window, int mask);
 
@@ -194,7 +204,7 @@ struct State {
 
     // Graph
     int32_t GraphMode; // 0 none yet, 1 graph, 2 regression, 3 extrapolation, 4 bars, 5 pies
-    int32_t GraphScale;
+    int32_t BarZoom;   // of bars: 1, 3, 9 ... 243
     uint32_t BalanceView; // 1: the Balance column is plotted, 0: the value column
     uint32_t BackToGraph; // a form opened from the graph leads back to it
     // Its sample table: the newest entries of the account, as pixels of ListWindow; lives as long as a redraw. Samples
@@ -236,12 +246,24 @@ struct State {
     RecDate PointerDate;                // under the pointer
     int32_t PointerX, PointerY;         // on the line, Y before PlotYScale
 
+    // Charts of the graph screen: its EntryCount, TopPos and SelectedPos are segments of the chart work file
+    int32_t AnalysisGroup, AnalysisOrder;    // of analysis/charts.h
+    uint32_t ShowPercent;                    // bars are labelled with percentages
+    int32_t DroppedList;                     // 0 none, 1 the groups, 2 the orders
+    FixedAmount LargestCredit, LargestDebit; // magnitudes, of one segment
+
     // Hub
     int32_t HubState; // 0 closed, 1 hub, 2 calculator
 
     // Palette: entries count from 1; entry i + 60 is i moved in hue
     Colour Palette[125];
-    Colour CategoryColour; // of CategoryBrush, set for each category row
+    ColourState Mixed;                // the colour on the palette screen
+    int32_t PaletteSquare;            // entry that a second tap stores the colour into, 0 none
+    uint32_t CategoryArmed;           // the next tap on the category gives it the colour
+    int32_t PaletteHeld;              // part under the stylus that follows it, 0 none
+    int32_t DigitsTyped;              // into the linked parameter since something else was done
+    const struct Form *PaletteReturn; // form to go back to
+    Colour CategoryColour;            // of CategoryBrush, set for each category row
 
     // Report of the last import, shown by the message ids -1 to -6. ORDER REPORTLINE: well formed, badly formed,
     // skipped as requested, unreadable, file too big, and the number of entries that the file held

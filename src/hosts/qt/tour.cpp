@@ -63,7 +63,8 @@ constexpr int RowY(int row) {
 constexpr int TabX(int slot) {
     return (slot - 1) * 37 + 20;
 }
-constexpr int LowTabY = 280, BarY = 307, IconY = 52, PlotY = 62;
+constexpr int LowTabY = 280, BarY = 307;
+constexpr int IconY = 52, PlotY = 62, BarX = 73, PieX = 93, GroupY = 72, OrderY = 89; // of the graph screen
 
 // clang-format off
 constexpr Step Steps[] = {
@@ -85,7 +86,10 @@ constexpr Step Steps[] = {
     DoubleTap(50, RowY(1)), Picture("template"), Press(Qt::Key_Escape),
     Tap(TabX(6), LowTabY), Picture("bin"),
     Show(CategoryList), Picture("categories"),
-    DoubleTap(100, RowY(1)), Picture("category"), Press(Qt::Key_Escape),
+    DoubleTap(100, RowY(1)), Picture("category"),
+    Tap(120, 98), Picture("palette"), Tap(41, 127), Tap(180, 145), Tap(210, 70), Picture("palette-mixed"),
+    Tap(160, 195), Press(Qt::Key_F1), Picture("palette-with-help"), Tap(160, 195), Press(Qt::Key_F1),
+    Press(Qt::Key_Return), Picture("category-recoloured"), Press(Qt::Key_Escape),
     Show(ConversionList), Picture("conversions"),
     DoubleTap(50, RowY(1)), Picture("conversion"), Press(Qt::Key_Escape),
     Press(Qt::Key_F10), Press(Qt::Key_Return), Picture("notepad"), Press(Qt::Key_Escape),
@@ -96,6 +100,14 @@ constexpr Step Steps[] = {
     Tap(53, IconY), Picture("extrapolation"), Tap(83, PlotY + 12), Tap(189, PlotY + 12), Tap(130, PlotY + 12),
     Tap(150, PlotY + 90), Picture("extrapolation-changed"), Tap(13, IconY),
     Press(Qt::Key_Left),
+    Tap(200, 33), Tap(PieX, IconY), Picture("pie"), Tap(110, 190), Picture("pie-segment"), Tap(190, GroupY), Picture("pie-groups"),
+    Tap(190, GroupY + 30), Tap(190, OrderY), Picture("pie-orders"), Tap(170, OrderY + 58),
+    Picture("pie-by-category"), Press(Qt::Key_F1), Picture("pie-with-help"),
+    Tap(BarX, IconY), Picture("bars-with-help"), Press(Qt::Key_F1), Picture("bars"),
+    Tap(190, GroupY), Tap(190, GroupY + 58), Tap(40, 88), Picture("bars-by-month"),
+    Drag(100, 150, 60, 150), Picture("bars-stretched"), Drag(60, 150, 100, 150),
+    Tap(190, GroupY), Tap(190, GroupY + 100), Picture("debits-and-credits"),
+    Press(Qt::Key_F1), Picture("debits-and-credits-with-help"), Press(Qt::Key_F1), Tap(13, IconY),
     Show(TransactionList), DoubleTap(60, RowY(9)), Tap(215, 198), Picture("new-entry-advanced"), Press(Qt::Key_Escape),
     Drag(60, RowY(9), 130, RowY(9)), Picture("new-reconcile"), Press(Qt::Key_Escape),
     Tap(60, RowY(2)), Press(Qt::Key_F10), Press(Qt::Key_Right), Press(Qt::Key_Down), Press(Qt::Key_Down),
