@@ -15,7 +15,6 @@
 
 namespace {
 
-constexpr int LargeHub = 2;               // of state.HubState
 constexpr int TextLeft = 2, ListLead = 3; // above the first line when no form is open
 constexpr int CountRight = 35, ReportLeft = 37;
 

@@ -45,6 +45,8 @@ enum class Key : uint8_t {
     Header, // a tap on the header's title
     FlagPart, FirstSignPart, SecondSignPart, ClearedPart, FreePart, DuplicatePart, ViewPart, // taps on parts of a form
     OtherSidePart, // the other block of a recurring item, the other direction of a conversion
+    HubButton, // the command bar's
+    HubKeys, // and the codes behind it: the key of the hub with that number, from 0
 };
 
 enum class ScrollCode : uint8_t { LineUp, LineDown, PageUp, PageDown, ThumbTrack, Top, Bottom };

@@ -52,6 +52,8 @@ enum class NextStep : uint8_t {
     Left,          // nothing is heard any more
 };
 
+enum HubStates : int32_t { HubClosed, SmallHub, LargeHub }; // the large one is the calculator
+
 enum class ReconcileStep : int32_t { Idle, Impossible, Solved, Computing };
 
 struct Candidate {    // of the reconcile search
@@ -172,7 +174,19 @@ struct State {
     uint32_t GraphDecrement; // extrapolation: a tap on the box counts down
 
     // Hub
-    int32_t HubState; // 0 closed, 1 hub, 2 calculator
+    int32_t HubState;         // a HubStates
+    FixedAmount CalcX, CalcY; // first and second operand
+    FixedAmount CalcZ;        // result
+    FixedAmount CalcMemory;
+    int32_t CalcLine;              // the active line: LineXKey, LineYKey or LineZKey of resources/hub_keys.h
+    int32_t CalcOp;                // PlusKey to DivideKey
+    int32_t EntryState;            // -1 the next digit begins a number, 0 whole digits, 1 to 3 that decimal, 4 full
+    uint32_t CalcError;            // 1: the display shows stars
+    int32_t CalcDecimals;          // shown: 2 or 3
+    uint32_t HubPicking;           // 1 while the conversions are shown for a rate to be picked
+    int32_t PickScreen;            // to return to then
+    int32_t PickSelected, PickTop; // of the conversions before
+    int32_t CoveredFocus;          // control that had the focus of the form under the calculator
 
     // Palette: entries count from 1; entry i + 60 is i moved in hue
     Colour Palette[125];
