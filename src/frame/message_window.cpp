@@ -159,17 +159,21 @@ void ToggleHelpMode(int reload, int keepDialog) {
 }
 
 void LeaveHelpOrHub(int button) {
-    if (button == CommandHub && state.HubState != 0) {
+    if (button == CommandHub && state.HubState != HubClosed) {
         ShowWindow(state.HubState == LargeHub ? HostWindow : HubWindow, 0);
-        state.HubState = 0;
-        if (!state.HelpMode)
+        state.HubState = HubClosed;
+        if (!state.HelpMode && state.MessageWindowOn)
+            ToggleHelpMode(1, 0); // the room was the hub's
+        else if (!state.HelpMode)
             PaintScreen(PaintAll);
         const int16_t *line = state.MessageLine;
         ShowHelpMessage(state.MessageAlign, 1, line[0], line[1], line[2], line[3], line[4], line[5]);
     } else if (state.HelpMode) {
         state.HelpMode = 0;
-        state.MessageWindowOn = 1;
-        ToggleHelpMode(1, 0);
+        if (state.HubState == HubClosed) { // an open hub stays, and with it the room that it stands in
+            state.MessageWindowOn = 1;
+            ToggleHelpMode(1, 0);
+        }
         ShowEyes(ShutEye);
     }
 }

@@ -12,6 +12,7 @@
 #include "ledger/markers.h"
 #include "platform/shell.h"
 #include "resources/menus.h"
+#include "screens/hub.h"
 #include "screens/list_screen.h"
 #include "screens/opening.h"
 #include "screens/screens.h"
@@ -291,8 +292,17 @@ void Eyes(int) {
     ToggleEyes();
 }
 
+void Hub(int) {
+    TurnHub();
+}
+
 void Refuse(int) {
     Beep();
+}
+
+// What lies in front of the list has its own uses for what the owner does.
+bool ListIsCovered() {
+    return state.ActiveDialog != NoDialog || state.HubState == LargeHub || state.HubPicking;
 }
 
 // What a command does while a form is open.
@@ -358,7 +368,7 @@ constexpr CommandRow Commands[] = {
     {CommandCross,           Everywhere,     InForm::Nothing,  Cross},
     {CommandLeftEye,         Everywhere,     InForm::Works,    Eyes},
     {CommandRightEye,        Everywhere,     InForm::Works,    Eyes},
-    {CommandHub,             Everywhere,     InForm::Works,    Refuse},
+    {CommandHub,             Everywhere,     InForm::Works,    Hub},
     {CommandClose,           Everywhere,     InForm::Works,    Quit},
     {CommandOk,              Everywhere,     InForm::Works,    QuitFiltered},
     {CommandBeep,            Everywhere,     InForm::Works,    Refuse},
@@ -371,7 +381,7 @@ void DoCommand(int command) {
     for (const CommandRow &row : Commands) {
         if (row.Id != command)
             continue;
-        if (state.ActiveDialog != NoDialog && row.Form != InForm::Works) {
+        if (ListIsCovered() && row.Form != InForm::Works) {
             if (row.Form == InForm::Explains)
                 ExplainModify();
             else if (row.Form == InForm::Beeps)

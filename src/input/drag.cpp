@@ -225,7 +225,7 @@ void DropRow(int tab) {
 
 void DoMouseMove(Window window, int x, int y) {
     const ListScreen *screen = ScreenOf(state.CurrentScreen);
-    if (!screen || state.ActiveDialog != NoDialog)
+    if (!screen || (state.ActiveDialog != NoDialog && !state.HubPicking))
         return;
     if (state.ColumnDragScreen == screen->List && state.ColumnGrab > 0) {
         if (window == TopWindow)
@@ -242,7 +242,7 @@ void DoMouseMove(Window window, int x, int y) {
 
 void DoButtonUp(Window window, int x, int y) {
     const ListScreen *screen = ScreenOf(state.CurrentScreen);
-    if (!screen || state.ActiveDialog != NoDialog)
+    if (!screen || (state.ActiveDialog != NoDialog && !state.HubPicking))
         return;
     CoolTab();
     if (state.ColumnDragScreen != 0)

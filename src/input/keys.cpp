@@ -170,6 +170,7 @@ constexpr KeyRow Keys[] = {
     {Key::New,    Key::New,    nullptr,        CommandNew},
     {Key::Modify, Key::Modify, nullptr,        CommandModify},
     {Key::Tick,   Key::Tick,   nullptr,        CommandTick},
+    {Key::HubButton, Key::HubButton, nullptr,  CommandHub},
 };
 // clang-format on
 

@@ -39,7 +39,7 @@ int32_t TopAfter(ScrollCode code, int position) {
 
 void DoScroll(ScrollCode code, int position) {
     const int screen = state.CurrentScreen;
-    if (state.ActiveDialog != NoDialog || screen == GraphList)
+    if ((state.ActiveDialog != NoDialog && !state.HubPicking) || state.HubState == LargeHub || screen == GraphList)
         return;
     ShowHelp(57, 58, 59, 0, 75, 61);
     ShowEyes(OpenEye);

@@ -4,6 +4,7 @@
 #include "input/input.h"
 #include "platform/surface.h"
 #include "resources/menus.h"
+#include "screens/hub.h"
 #include "screens/list_screen.h"
 #include "screens/screens.h"
 #include "state/messages.h"
@@ -22,7 +23,7 @@ void DoPaint() {
         return;
     }
     const int screen = state.CurrentScreen;
-    if (state.ActiveDialog == NoDialog && state.Paint[screen]) {
+    if ((state.ActiveDialog == NoDialog || state.HubPicking) && state.Paint[screen]) {
         state.Paint[screen](ListWindow, PaintAll);
         if (screen == AccountList || screen == RecurringList)
             RecHLon(state.SelectedPos[screen], 1);
@@ -33,7 +34,10 @@ void DoPaint() {
 } // namespace
 
 void WndProc(const Event &event) {
-    if (state.OpenedForm && HandleFormEvent(event))
+    if (HubHears(event))
+        return;
+    const bool forForm = !HubCoversForm() || event.Kind == EventKind::Control;
+    if (state.OpenedForm && forForm && HandleFormEvent(event))
         return;
     switch (event.Kind) {
     case EventKind::PointerDown:

@@ -27,6 +27,12 @@ enum ImageId : int {
     EntryUp = 341,         // arrows of a form's top line, 20 x 18
     EntryDown = 342,
     ProgramIcon = 300,
+    HubGround = 360,       // background of the hub
+    CalculatorGround = 361,
+    HubKeyFaces = 362,     // 28 x 22 at pitch 30 x 24: digit, function, operator, back; below them pressed
+    LargeKeyFaces = 363,   // the same, 38 x 24 at pitch 40 x 26
+    BlueCone = 364,
+    HubArrows = 365,       // 28 x 30 at pitch 30: read, nothing to read, write, nowhere to write
 };
 // clang-format on
 
@@ -41,6 +47,7 @@ inline constexpr Image Images[] = {
     {TimesSign, 12, 12}, {FlagNone, 20, 26}, {FlagRed, 20, 26}, {FlagBlue, 20, 26}, {FlagYellow, 20, 26},
     {TwoPages, 19, 20}, {OnePage, 19, 20}, {ViewPictures, 40, 20}, {FormGround, 240, 268}, {BarSheet, 208, 16},
     {ToolsImage, 16, 16}, {CrossImage, 16, 16}, {TickImage, 16, 16}, {DirectionArrows, 64, 38}, {EntryUp, 20, 18},
-    {EntryDown, 20, 18}, {ProgramIcon, 64, 64},
+    {EntryDown, 20, 18}, {ProgramIcon, 64, 64}, {HubGround, 240, 82}, {CalculatorGround, 240, 268}, {HubKeyFaces, 120, 48},
+    {LargeKeyFaces, 160, 52}, {BlueCone, 30, 30}, {HubArrows, 120, 30},
 };
 // clang-format on

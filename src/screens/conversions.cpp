@@ -44,7 +44,7 @@ void Stroke(int position) {
 }
 
 int CanReorder() {
-    return 1;
+    return !state.HubPicking; // a form may be open for a row, by its place
 }
 
 constexpr TitleSpot Spots[] = {{2, 6, 0, ScreenWidth - 1, 16, ToggleRefColumn}};

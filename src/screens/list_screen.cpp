@@ -5,6 +5,7 @@
 #include "frame/scroll.h"
 #include "frame/tabs.h"
 #include "ledger/account_window.h"
+#include "screens/hub_face.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
 #include "store/configuration.h"
@@ -39,6 +40,14 @@ void PaintListRows(const ListScreen &screen, Window window) {
     for (int position = top; position < top + state.RowCount; ++position)
         screen.PaintRow(window, position, InList(position) && screen.Marked(position) ? MarkedRow : PlainRow);
     state.HighlightPos = 0;
+}
+
+// No tab can be tapped while a rate is picked.
+void PaintTabStrip(Window window) {
+    if (state.HubPicking)
+        FillRect(window, {0, TabTop(state.RowCount), ScreenWidth, TabTop(state.RowCount) + TabBand}, White);
+    else
+        DrawTabs();
 }
 
 } // namespace
@@ -87,7 +96,7 @@ void PaintScreen(const ListScreen &screen, Window window, int mask) {
     }
     PaintSeparators(window);
     if (mask & PaintTabs)
-        DrawTabs();
+        PaintTabStrip(window);
     SetScrollBarThumb(state.TopPos[screen.List], state.EntryCount[screen.List] + 2);
 }
 
@@ -101,6 +110,7 @@ void RecHLon(int position, int refreshCounts) {
     }
     if (refreshCounts)
         UpdateCounts();
+    DrawHubArrows();
 }
 
 void RecHLoff() {
