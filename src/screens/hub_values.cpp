@@ -50,6 +50,8 @@ bool ColumnOfMoney() {
 
 // What the value column of a money account means by a row.
 FixedAmount MoneyOf(const TRec &row) {
+    if (row.RowKind == ReconcileEntry)
+        return row.Value; // it stands for no units
     if (row.Cash == 1)
         return row.CashAmount;
     const bool totals = row.RowKind == ArchiveMarker || row.RowKind == DeletedMarker;

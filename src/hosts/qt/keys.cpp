@@ -4,6 +4,7 @@
 #include "hosts/qt/device.h"
 #include "platform/controls.h"
 #include "platform/shell.h"
+#include "resources/hub_keys.h"
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -36,6 +37,9 @@ constexpr KeyRow Control(int qtKey, Key key, Where place = OnScreens) {
 }
 constexpr KeyRow WithAlt(int qtKey, Key key) {
     return {qtKey, Qt::AltModifier, Does::SendKey, static_cast<int>(key)};
+}
+constexpr Key KeyOfHub(HubKeyNumber key) {
+    return static_cast<Key>(static_cast<int>(Key::HubKeys) + key);
 }
 constexpr KeyRow Scroll(int qtKey, ScrollCode code) {
     return {qtKey, Qt::NoModifier, Does::SendScroll, static_cast<int>(code), OnScreens, true};
@@ -77,6 +81,19 @@ constexpr KeyRow Keys[] = {
     // The tick is the default of a form.
     Press(Qt::Key_Return, Key::Tick, InForms), Press(Qt::Key_Enter, Key::Tick, InForms),
     {Qt::Key_F10, Qt::NoModifier, Does::OpenMenu, 0, Anywhere},
+    Press(Qt::Key_F11, Key::HubButton, Anywhere), Press(Qt::Key_F12, KeyOfHub(ConeKey), Anywhere),
+    Press(Qt::Key_F8, KeyOfHub(ReadKey)),   Press(Qt::Key_F9, KeyOfHub(WriteKey)),
+};
+
+// What is written on the hub's other keys, whatever it takes to type it.
+constexpr struct {
+    char16_t Typed;
+    HubKeyNumber Key;
+} HubCharacters[] = {
+    {u'.', PointKey}, {u',', PointKey},  {u'+', PlusKey},        {u'-', MinusKey}, {u'*', TimesKey},
+    {u'/', DivideKey}, {u'=', EqualsKey}, {u'%', PercentKey},    {u'n', SignKey},  {u'o', NextOperatorKey},
+    {u'x', LineXKey}, {u'y', LineYKey},  {u'z', LineZKey},       {u's', StoreKey}, {u'm', RecallKey},
+    {u'p', PiKey},    {u'r', RootKey},   {u'i', ReciprocalKey},  {u'd', DecimalsKey}, {u'c', ConversionsKey},
 };
 // clang-format on
 
@@ -97,11 +114,25 @@ const KeyRow *RowOf(const QKeyEvent &event, Where place) {
     return nullptr;
 }
 
+// True when the character was one of the hub's.
+bool TakeCharacter(const QKeyEvent &event) {
+    const bool plain = !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    if (!plain || event.text().size() != 1)
+        return false;
+    for (const auto &row : HubCharacters)
+        if (event.text()[0] == QChar(row.Typed)) {
+            Deliver({.Kind = EventKind::Key, .Code = static_cast<int>(KeyOfHub(row.Key))});
+            return true;
+        }
+    return false;
+}
+
 bool Take(const QKeyEvent &event) {
-    const Where place = OpenFormNumber() ? InForms : OnScreens;
+    const bool inForm = OpenFormNumber() && !host.Windows[DialogWindow]->isHidden(); // else the calculator covers it
+    const Where place = inForm ? InForms : OnScreens;
     const KeyRow *const row = RowOf(event, place);
     if (!row)
-        return false;
+        return !inForm && TakeCharacter(event);
     if (place == InForms && row->Modifiers == Qt::NoModifier && IsTheControls(event.key(), host.Frame->focusWidget()))
         return false;
     if (event.isAutoRepeat() && !row->Repeats)
