@@ -103,6 +103,7 @@ void RelayList(int reload, int mask) {
 }
 
 void OpenMessages(int reload, int keepDialog) {
+    const bool listShrinks = state.RowCount != RowsAboveMessages; // an open hub has made the room already
     state.MessageWindowOn = 1;
     state.RowCount = RowsAboveMessages;
     if (!keepDialog)
@@ -112,7 +113,7 @@ void OpenMessages(int reload, int keepDialog) {
             PlaceListScrollBar();
         RelayList(reload, PaintAll);
     }
-    if (state.ActiveDialog == NoDialog)
+    if (state.ActiveDialog == NoDialog && listShrinks)
         PassOverRepaint();
     if (state.ActiveDialog == NewAccountDialog)
         ShowHelpMessage(1, 1, 1, 115, 117, 4, 0, 0);
