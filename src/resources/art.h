@@ -47,7 +47,7 @@ inline constexpr Image Images[] = {
     {TimesSign, 12, 12}, {FlagNone, 20, 26}, {FlagRed, 20, 26}, {FlagBlue, 20, 26}, {FlagYellow, 20, 26},
     {TwoPages, 19, 20}, {OnePage, 19, 20}, {ViewPictures, 40, 20}, {FormGround, 240, 268}, {BarSheet, 208, 16},
     {ToolsImage, 16, 16}, {CrossImage, 16, 16}, {TickImage, 16, 16}, {DirectionArrows, 64, 38}, {EntryUp, 20, 18},
-    {EntryDown, 20, 18}, {ProgramIcon, 64, 64}, {HubGround, 240, 82}, {CalculatorGround, 240, 268}, {HubKeyFaces, 120, 48},
+    {EntryDown, 20, 18}, {ProgramIcon, 64, 64}, {HubGround, 240, 79}, {CalculatorGround, 240, 268}, {HubKeyFaces, 120, 48},
     {LargeKeyFaces, 160, 52}, {BlueCone, 30, 30}, {HubArrows, 120, 30},
 };
 // clang-format on

@@ -45,8 +45,8 @@ struct HubKeyPlace {
     const char16_t *Legend;
 };
 
-// The panel stands at the bottom of the screen, below the tabs of a short list and below the fields of a form.
-inline constexpr Rect HubPlace = {0, 186, 240, 268}, CalculatorPlace = {0, 0, 240, 268}; // in TopWindow
+// The panel stands where the message window of a form begins, below its fields and below the tabs of a short list.
+inline constexpr Rect HubPlace = {0, 189, 240, 268}, CalculatorPlace = {0, 0, 240, 268}; // in TopWindow
 
 // clang-format off
 inline constexpr HubKeyPlace HubPanel[] = {
@@ -59,14 +59,14 @@ inline constexpr HubKeyPlace HubPanel[] = {
     {5,         HubFace::Digit,    {146, 30, 174,  52},    {145, 29, 175,  54},    u"5"},
     {6,         HubFace::Digit,    {176, 30, 204,  52},    {175, 29, 205,  54},    u"6"},
     {0,         HubFace::Digit,    {206, 30, 234,  52},    {205, 29, 240,  54},    u"0"},
-    {1,         HubFace::Digit,    {116, 54, 144,  76},    {114, 54, 145,  82},    u"1"},
-    {2,         HubFace::Digit,    {146, 54, 174,  76},    {145, 54, 175,  82},    u"2"},
-    {3,         HubFace::Digit,    {176, 54, 204,  76},    {175, 54, 205,  82},    u"3"},
-    {BackKey,   HubFace::Back,     {206, 54, 234,  76},    {205, 54, 240,  82},    u"←"},
+    {1,         HubFace::Digit,    {116, 54, 144,  76},    {114, 54, 145,  79},    u"1"},
+    {2,         HubFace::Digit,    {146, 54, 174,  76},    {145, 54, 175,  79},    u"2"},
+    {3,         HubFace::Digit,    {176, 54, 204,  76},    {175, 54, 205,  79},    u"3"},
+    {BackKey,   HubFace::Back,     {206, 54, 234,  76},    {205, 54, 240,  79},    u"←"},
     {ConeKey,   HubFace::Cone,     {  5,  8,  35,  38},    {  0,  1,  41,  40},    u""},
     {WriteKey,  HubFace::Write,    { 45,  7,  73,  37},    { 42,  1,  81,  40},    u""},
     {ReadKey,   HubFace::Read,     { 84,  7, 112,  37},    { 81,  1, 114,  40},    u""},
-    {SignKey,   HubFace::Sign,     {  2, 42,  14,  54},    {  0, 40,  16,  82},    u""},
+    {SignKey,   HubFace::Sign,     {  2, 42,  14,  54},    {  0, 40,  16,  79},    u""},
 };
 
 inline constexpr HubKeyPlace CalculatorKeys[] = {

@@ -9,7 +9,7 @@ using namespace testhost;
 
 namespace {
 
-constexpr int PanelTop = 212, PageTop = 26; // on the device
+constexpr int PanelTop = 215, PageTop = 26; // on the device
 
 class Hub : public Device {
 protected:
@@ -63,7 +63,7 @@ TEST_F(Hub, EveryKeyIsHitWhereItIsSeenAndNoTwoAreOneAnother) {
         int Hub, X, Y, Key;
     } points[] = {
         {SmallHub, 120, 1, 7},           {SmallHub, 120, 28, 7},         {SmallHub, 120, 29, 4},
-        {SmallHub, 120, 53, 4},          {SmallHub, 120, 54, 1},         {SmallHub, 239, 81, BackKey},
+        {SmallHub, 120, 53, 4},          {SmallHub, 120, 54, 1},         {SmallHub, 239, 78, BackKey},
         {SmallHub, 120, 0, NoHubKey},    {SmallHub, 120, -1, AboveHub},  {SmallHub, 60, 60, NoHubKey},
         {LargeHub, 59, 110, NoHubKey},   {LargeHub, 60, 101, DivideKey}, {LargeHub, 92, 124, TimesKey},
         {LargeHub, 124, 110, MinusKey},  {LargeHub, 156, 110, PlusKey},  {LargeHub, 189, 110, EqualsKey},
@@ -212,6 +212,10 @@ TEST_F(Hub, ShareColumnsTakeAndGiveTheirOwnMeasure) {
         TapHub(WriteKey);
         EXPECT_EQ(Fields(Entry(2, account), "Units Value"), column.Written) << column.Kind;
         EXPECT_EQ(machine.Beeps, column.Kind > static_cast<int>(SharePrice) ? 1 : 0) << column.Kind;
+        state.CalcX = INT64_C(3000000000000); // more shares than a record holds
+        if (column.Kind == static_cast<int>(ShareNumber))
+            TapHub(WriteKey);
+        EXPECT_EQ(Fields(Entry(2, account), "Units Value"), column.Written) << column.Kind;
     }
 }
 
@@ -332,6 +336,8 @@ TEST_F(Hub, TheCalculatorHidesAFormAndGivesItBackUntouched) {
 TEST_F(Hub, ARateIsPickedIntoTheLineThatIsActive) {
     OpenOn(TransactionList, 2);
     TapHub(ConeKey);
+    SendCommand(CommandNew);
+    EXPECT_EQ(state.ActiveDialog, NoDialog) << "no form opens unseen";
     TapHub(LineYKey);
     TapHub(ConversionsKey);
     EXPECT_EQ(Lines(), "/Conversion details/are also accessible through/the Zent calculator//");
@@ -363,6 +369,9 @@ TEST_F(Hub, ARateIsPickedIntoTheLineThatIsActive) {
     Open();
     SendCommand(CommandHub);
     TapHub(ConversionsKey);
+    const auto rates = ReadBytes(root.DataFile("E1_08CUR"));
+    Drag(60, RowMiddle(2).Y, 60, RowMiddle(5).Y);
+    EXPECT_EQ(ReadBytes(root.DataFile("E1_08CUR")), rates);
     OpenRow(5);
     EXPECT_EQ(state.CalcY, 2222);
     TapHub(ConeKey);
@@ -399,6 +408,10 @@ TEST_F(Hub, OpenedOnAnyTabItLeavesTheTabsInReachAndClosesWithoutATrace) {
         }
         SendKey(Key::Help);
     }
+    state.DataUsable = 0;
+    Open();
+    EXPECT_EQ(state.HubState, HubClosed) << "where no data are, nothing is there to read";
+    state.DataUsable = 1;
     // The lines last until the program ends.
     Open();
     TypeOnHub("42");

@@ -63,7 +63,7 @@ constexpr int RowY(int row) {
 constexpr int TabX(int slot) {
     return (slot - 1) * 37 + 20;
 }
-constexpr int LowTabY = 280, BarY = 307, HubButtonX = 125, HubY = 212;
+constexpr int LowTabY = 280, BarY = 307, HubButtonX = 125, HubY = 215;
 
 // clang-format off
 constexpr Step Steps[] = {
