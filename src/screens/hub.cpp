@@ -113,6 +113,7 @@ void BeginPicking() {
     state.PickScreen = state.CurrentScreen;
     state.PickSelected = state.SelectedPos[ConversionList];
     state.PickTop = state.TopPos[ConversionList];
+    CoverForm();
     ShowConversions();
     ShowPanel();
     ShowHelp(0, 345, 346, 347);

@@ -1,6 +1,7 @@
 #include "screens/hub_face.h"
 #include "analysis/calculator.h"
 #include "drawing/colours.h"
+#include "drawing/geometry.h"
 #include "resources/art.h"
 #include "screens/hub_values.h"
 #include "state/state.h"
@@ -166,6 +167,9 @@ int HubHit(int x, int y) {
 void DrawHub() {
     if (state.HubState == HubClosed)
         return;
+    // Between the tabs and the panel, where longer lists have rows.
+    if (!IsLarge())
+        FillRect(ListWindow, {0, TabTop(RowsAboveMessages) + TabBand, ScreenWidth, HubPlace.Top - ListTop}, White);
     const Rect &whole = IsLarge() ? CalculatorPlace : HubPlace;
     RestoreGround({0, 0, whole.Right, whole.Bottom - whole.Top});
     DrawFaces(HubFace::Digit, HubFace::Cone);

@@ -391,6 +391,7 @@ TEST_F(Hub, OpenedOnAnyTabItLeavesTheTabsInReachAndClosesWithoutATrace) {
             const int rows = state.RowCount;
             Open();
             EXPECT_EQ(state.RowCount, 7) << screen;
+            EXPECT_EQ(ColourAt(ListWindow, 20, HubPlace.Top - 37), Rgb(255, 255, 255)) << "no row shows under the tabs";
             EXPECT_FALSE(CommandEnabled(CommandNotepad));
             EXPECT_EQ(Lines().substr(0, 38), "HUB is the Zent focus for data control");
             EXPECT_GE(PanelTop, TabMiddle(1).Y + 8) << "the tabs stay in sight";
