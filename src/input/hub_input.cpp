@@ -65,6 +65,32 @@ int HubKeyOf(Key key) {
                                                                                 : static_cast<int>(NoHubKey);
 }
 
+// What is written on the hub's keys besides the digits.
+struct HubCharacter {
+    char16_t Typed;
+    HubKeyNumber Key;
+};
+// clang-format off
+constexpr HubCharacter Characters[] = {
+    {u'.', PointKey},  {u',', PointKey},  {u'+', PlusKey},       {u'-', MinusKey},    {u'*', TimesKey},
+    {u'/', DivideKey}, {u'=', EqualsKey}, {u'%', PercentKey},    {u'n', SignKey},     {u'o', NextOperatorKey},
+    {u'x', LineXKey},  {u'y', LineYKey},  {u'z', LineZKey},      {u's', StoreKey},    {u'm', RecallKey},
+    {u'p', PiKey},     {u'r', RootKey},   {u'i', ReciprocalKey}, {u'd', DecimalsKey}, {u'c', ConversionsKey},
+};
+// clang-format on
+
+// The calculator hears every character; the panel leaves those that it has no use for to the list.
+bool TakesCharacter(int typed) {
+    if (state.ActiveDialog != NoDialog && !HubCoversForm())
+        return false;
+    for (const HubCharacter &row : Characters)
+        if (row.Typed == typed) {
+            HubKey(row.Key);
+            return true;
+        }
+    return state.HubState == LargeHub || state.HubPicking;
+}
+
 // The list of rates can be walked, turned and scrolled, but not left by a key that shows another.
 bool WorksWhilePicking(Key key) {
     return key == Key::Up || key == Key::Down || key == Key::Enter || key == Key::Stroke;
@@ -102,6 +128,8 @@ bool HubHears(const Event &event) {
         return TakesCommand(event.Code);
     case EventKind::Key:
         return TakesKey(static_cast<Key>(event.Code));
+    case EventKind::Character:
+        return TakesCharacter(event.Code);
     case EventKind::Paint:
         DrawHub();
         if (HubCoversForm())

@@ -59,6 +59,7 @@ void WndProc(const Event &event) {
         DoCommand(event.Code);
         return;
     case EventKind::Control:
+    case EventKind::Character:
         return;
     case EventKind::Scroll:
         DoScroll(static_cast<ScrollCode>(event.Code), event.Position);

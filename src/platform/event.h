@@ -20,6 +20,7 @@ enum class EventKind : uint8_t {
     PointerUp,   // Where, X, Y
     DoubleTap,   // Where, X, Y; stands for the second PointerDown, its PointerUp follows
     Key,         // Code is a Key
+    Character,   // Code is the unit typed on a screen, when it is no Key
     Command,     // Code is a menu command or bar button
     Control,     // Control id and Change of the open form
     Scroll,      // Code is a ScrollCode, Position for the thumb

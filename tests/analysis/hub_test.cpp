@@ -423,7 +423,7 @@ TEST_F(Hub, OpenedOnAnyTabItLeavesTheTabsInReachAndClosesWithoutATrace) {
     SendKey(Key::Digit7);
     SendKey(Key::Backspace);
     SendKey(static_cast<Key>(static_cast<int>(Key::HubKeys) + ConeKey));
-    SendKey(static_cast<Key>(static_cast<int>(Key::HubKeys) + PlusKey));
+    SendEvent({.Kind = EventKind::Character, .Code = '+'});
     SendKey(Key::Digit8);
     SendKey(Key::Enter);
     EXPECT_EQ(TextAt(HostWindow, {80, 67, 232, 95}), "50.000") << "a keyboard works it too";

@@ -31,6 +31,8 @@ static std::string Words(const Event &event) {
         if (event.Code >= static_cast<int>(Key::HubKeys))
             return "hub " + std::to_string(event.Code - static_cast<int>(Key::HubKeys));
         return std::string("key ") + KeyNames[code];
+    case EventKind::Character:
+        return std::string("character ") + static_cast<char>(event.Code);
     case EventKind::Command:
         return "command " + std::to_string(event.Code);
     case EventKind::Control:

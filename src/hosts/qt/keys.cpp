@@ -81,19 +81,8 @@ constexpr KeyRow Keys[] = {
     // The tick is the default of a form.
     Press(Qt::Key_Return, Key::Tick, InForms), Press(Qt::Key_Enter, Key::Tick, InForms),
     {Qt::Key_F10, Qt::NoModifier, Does::OpenMenu, 0, Anywhere},
-    Press(Qt::Key_F11, Key::HubButton, Anywhere), Press(Qt::Key_F12, KeyOfHub(ConeKey), Anywhere),
+    Control(Qt::Key_H, Key::HubButton, Anywhere), Control(Qt::Key_K, KeyOfHub(ConeKey), Anywhere),
     Press(Qt::Key_F8, KeyOfHub(ReadKey)),   Press(Qt::Key_F9, KeyOfHub(WriteKey)),
-};
-
-// What is written on the hub's other keys, whatever it takes to type it.
-constexpr struct {
-    char16_t Typed;
-    HubKeyNumber Key;
-} HubCharacters[] = {
-    {u'.', PointKey}, {u',', PointKey},  {u'+', PlusKey},        {u'-', MinusKey}, {u'*', TimesKey},
-    {u'/', DivideKey}, {u'=', EqualsKey}, {u'%', PercentKey},    {u'n', SignKey},  {u'o', NextOperatorKey},
-    {u'x', LineXKey}, {u'y', LineYKey},  {u'z', LineZKey},       {u's', StoreKey}, {u'm', RecallKey},
-    {u'p', PiKey},    {u'r', RootKey},   {u'i', ReciprocalKey},  {u'd', DecimalsKey}, {u'c', ConversionsKey},
 };
 // clang-format on
 
@@ -114,17 +103,15 @@ const KeyRow *RowOf(const QKeyEvent &event, Where place) {
     return nullptr;
 }
 
-// True when the character was one of the hub's.
+// What is typed on a screen and no key of the table.
 bool TakeCharacter(const QKeyEvent &event) {
-    const bool plain = !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
-    if (!plain || event.text().size() != 1)
+    const QString typed = event.text();
+    if (typed.isEmpty() || !typed[0].isPrint() ||
+        event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
         return false;
-    for (const auto &row : HubCharacters)
-        if (event.text()[0] == QChar(row.Typed)) {
-            Deliver({.Kind = EventKind::Key, .Code = static_cast<int>(KeyOfHub(row.Key))});
-            return true;
-        }
-    return false;
+    for (const QChar unit : typed)
+        Deliver({.Kind = EventKind::Character, .Code = unit.unicode()});
+    return true;
 }
 
 bool Take(const QKeyEvent &event) {
