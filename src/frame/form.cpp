@@ -118,9 +118,9 @@ void TapByKey(Key key) {
             TapItem(row.Items[1]);
 }
 
-// No key reaches the list under a form; the eyes alone stay the screens' own.
+// No key reaches the list under a form; the eyes and the hub alone stay the screens' own.
 int HandleKey(Key key) {
-    if (key == Key::Help)
+    if (key == Key::Help || key >= Key::HubButton)
         return 0;
     if (key == Key::Tick || key == Key::Enter)
         TickForm();
@@ -159,7 +159,7 @@ int Dialog_Init(const Form *form) {
         PlaceListScrollBar();
     }
     if (form->WithPanel) {
-        if (state.HubState == 1) {
+        if (state.HubState == SmallHub) {
             SipControl(LowerMode);
             SipControl(InputFormMode);
         } else {

@@ -16,6 +16,7 @@
 #include "platform/shell.h"
 #include "resources/menus.h"
 #include "screens/graph_gestures.h"
+#include "screens/hub.h"
 #include "screens/inserting.h"
 #include "screens/list_screen.h"
 #include "screens/moving.h"
@@ -324,8 +325,17 @@ void Eyes(int) {
     ToggleEyes();
 }
 
+void Hub(int) {
+    TurnHub();
+}
+
 void Refuse(int) {
     Beep();
+}
+
+// What lies in front of the list has its own uses for what the owner does.
+bool ListIsCovered() {
+    return state.ActiveDialog != NoDialog || state.HubState == LargeHub || state.HubPicking;
 }
 
 // What a command does while a form is open.
@@ -390,7 +400,7 @@ constexpr CommandRow Commands[] = {
     {CommandCross,           Everywhere,     InForm::Nothing,  Cross},
     {CommandLeftEye,         Everywhere,     InForm::Works,    Eyes},
     {CommandRightEye,        Everywhere,     InForm::Works,    Eyes},
-    {CommandHub,             Everywhere,     InForm::Works,    Refuse},
+    {CommandHub,             Everywhere,     InForm::Works,    Hub},
     {CommandClose,           Everywhere,     InForm::Works,    Quit},
     {CommandOk,              Everywhere,     InForm::Works,    QuitFiltered},
     {CommandBeep,            Everywhere,     InForm::Works,    Refuse},
@@ -436,7 +446,7 @@ void DoCommand(int command) {
     for (const CommandRow &row : Commands) {
         if (row.Id != command)
             continue;
-        if (state.ActiveDialog != NoDialog && row.Form != InForm::Works) {
+        if (ListIsCovered() && row.Form != InForm::Works) {
             if (row.Form == InForm::Explains)
                 ExplainModify();
             else if (row.Form == InForm::Beeps)

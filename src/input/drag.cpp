@@ -135,7 +135,7 @@ void ReleaseRow(const ListScreen &screen, int place, int x) {
 
 void DoMouseMove(Window window, int x, int y) {
     const ListScreen *screen = ScreenOf(state.CurrentScreen);
-    if (!screen || state.ActiveDialog != NoDialog)
+    if (!screen || (state.ActiveDialog != NoDialog && !state.HubPicking))
         return;
     if (state.ColumnDragScreen == screen->List && state.ColumnGrab > 0) {
         if (window == TopWindow)
@@ -157,7 +157,7 @@ void DoMouseMove(Window window, int x, int y) {
 
 void DoButtonUp(Window window, int x, int y) {
     const ListScreen *screen = ScreenOf(state.CurrentScreen);
-    if (!screen || state.ActiveDialog != NoDialog)
+    if (!screen || (state.ActiveDialog != NoDialog && !state.HubPicking))
         return;
     CoolTab();
     if (state.PlotHeld && screen->ReleasePlot)

@@ -176,6 +176,7 @@ constexpr KeyAction KeyActions[] = {
     {Key::New,    Key::New,     nullptr,        CommandNew},
     {Key::Modify, Key::Modify,  nullptr,        CommandModify},
     {Key::Tick,   Key::Tick,    nullptr,        CommandTick},
+    {Key::HubButton, Key::HubButton, nullptr,   CommandHub},
 };
 // clang-format on
 
@@ -183,7 +184,7 @@ constexpr KeyAction KeyActions[] = {
 
 void DoKeyDown(Key key) {
     const ListScreen *screen = ScreenOf(state.CurrentScreen);
-    if (screen && screen->PlotKey && screen->PlotKey(key))
+    if (state.ActiveDialog == NoDialog && screen && screen->PlotKey && screen->PlotKey(key))
         return;
     for (const KeyAction &row : KeyActions) {
         if (key < row.First || key > row.Last)

@@ -38,10 +38,13 @@ int32_t TopAfter(ScrollCode code, int position) {
 
 void DoScroll(ScrollCode code, int position) {
     const int screen = state.CurrentScreen;
-    if (state.ActiveDialog == NoDialog && screen == GraphList && ChartsScroll())
-        ScrollCharts(code, position);
-    if (state.ActiveDialog != NoDialog || screen == GraphList)
+    if ((state.ActiveDialog != NoDialog && !state.HubPicking) || state.HubState == LargeHub)
         return;
+    if (screen == GraphList) {
+        if (ChartsScroll())
+            ScrollCharts(code, position);
+        return;
+    }
     ShowHelp(Help::ScrollBar);
     ShowEyes(OpenEye);
     int32_t top = TopAfter(code, position);

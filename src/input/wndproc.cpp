@@ -4,11 +4,13 @@
 #include "frame/header.h"
 #include "input/commands.h"
 #include "input/drag.h"
+#include "input/hub_input.h"
 #include "input/keys.h"
 #include "input/press.h"
 #include "input/scrolling.h"
 #include "platform/surface.h"
 #include "resources/menus.h"
+#include "screens/hub.h"
 #include "screens/list_screen.h"
 #include "state/messages.h"
 
@@ -21,7 +23,7 @@ void DoPaint() {
         return;
     }
     const int screen = state.CurrentScreen;
-    if (state.ActiveDialog == NoDialog && state.Paint[screen]) {
+    if ((state.ActiveDialog == NoDialog || state.HubPicking) && state.Paint[screen]) {
         state.Paint[screen](ListWindow, PaintAll);
         if (screen == AccountList || screen == RecurringList)
             RecHLon(state.SelectedPos[screen], 1);
@@ -32,7 +34,10 @@ void DoPaint() {
 } // namespace
 
 void WndProc(const Event &event) {
-    if (HandlePaletteEvent(event) || (state.OpenedForm && HandleFormEvent(event)))
+    if (HubHears(event) || (state.HubState != LargeHub && HandlePaletteEvent(event)))
+        return;
+    const bool forForm = !HubCoversForm() || event.Kind == EventKind::Control;
+    if (state.OpenedForm && forForm && HandleFormEvent(event))
         return;
     switch (event.Kind) {
     case EventKind::PointerDown:
@@ -54,6 +59,7 @@ void WndProc(const Event &event) {
         DoCommand(event.Code);
         return;
     case EventKind::Control:
+    case EventKind::Character:
         return;
     case EventKind::Scroll:
         DoScroll(static_cast<ScrollCode>(event.Code), event.Position);

@@ -32,6 +32,12 @@ enum ImageId : int {
     ProgramIcon = 300,
     ConeBody = 484,        // what is seen of the cone below the pie
     NothingCross = 486,    // on a chart without segments
+    HubGround = 360,       // background of the hub
+    CalculatorGround = 361,
+    HubKeyFaces = 362,     // 28 x 22 at pitch 30 x 24: digit, function, operator, back; below them pressed
+    LargeKeyFaces = 363,   // the same, 38 x 24 at pitch 40 x 26
+    BlueCone = 364,
+    HubArrows = 365,       // 28 x 30 at pitch 30: read, nothing to read, write, nowhere to write
 };
 // clang-format on
 
@@ -47,6 +53,7 @@ inline constexpr Image Images[] = {
     {TwoPages, 19, 20}, {OnePage, 19, 20}, {ViewPictures, 40, 20}, {FormGround, 240, 268}, {BarSheet, 208, 16},
     {ToolsImage, 16, 16}, {CrossImage, 16, 16}, {TickImage, 16, 16}, {DirectionArrows, 64, 38}, {EntryUp, 20, 18},
     {EntryDown, 20, 18}, {GraphIcons, 152, 19}, {PointMark, 7, 7}, {ZeroImage, 14, 14}, {ProgramIcon, 64, 64},
-    {ConeBody, 114, 46}, {NothingCross, 17, 15},
+    {ConeBody, 114, 46}, {NothingCross, 17, 15}, {HubGround, 240, 79}, {CalculatorGround, 240, 268}, {HubKeyFaces, 120, 48},
+    {LargeKeyFaces, 160, 52}, {BlueCone, 30, 30}, {HubArrows, 120, 30},
 };
 // clang-format on

@@ -52,6 +52,8 @@ enum class AddedLine : int16_t {
     SET(AccountsLost,                 128,         0,       544,       545,       133,         0)  \
     SET(NotRead,                        0,       128,       489,         0,         0,         0)  \
     /* Header, tab strip, titles, scroll bar, keys */                                            \
+    SET(Hub,                        466,       467,       468,       469,       470,       471)  \
+    SET(HubOverForm,                466,       467,       470,       471,         0,         0)  \
     SET(SelectedNumber,               0,       207,         0,         0,         0,         0)  \
     SET(EntryCount,                   0,       208,         0,         0,         0,         0)  \
     SET(AccountArrows,               71,        72,        73,         0,        75,        76)  \

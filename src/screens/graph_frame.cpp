@@ -15,6 +15,7 @@
 #include "screens/chart_view.h"
 #include "screens/graph_gestures.h"
 #include "screens/graph_plot.h"
+#include "screens/hub_face.h"
 #include "screens/list_screen.h"
 #include "screens/measure.h"
 #include "screens/rows.h"
@@ -293,6 +294,7 @@ void doGraph(Window window, int mask) {
         UpdateCounts();
     if (mask & PaintTabs)
         DrawTabs();
+    DrawHubArrows();
 }
 
 // clang-format off

@@ -54,6 +54,8 @@ enum class NextStep : uint8_t {
     Left,          // nothing is heard any more
 };
 
+enum HubStates : int32_t { HubClosed, SmallHub, LargeHub }; // the large one is the calculator
+
 enum class ReconcileStep : int32_t { Idle, Impossible, Solved, Computing };
 
 // Why DataUsable is 0. ORDER DATAREFUSAL
@@ -203,8 +205,8 @@ struct State {
     uint32_t ColumnRepaintGate;
 
     // Graph
-    int32_t GraphMode; // 0 none yet, 1 graph, 2 regression, 3 extrapolation, 4 bars, 5 pies
-    int32_t BarZoom;   // of bars: 1, 3, 9 ... 243
+    int32_t GraphMode;    // 0 none yet, 1 graph, 2 regression, 3 extrapolation, 4 bars, 5 pies
+    int32_t BarZoom;      // of bars: 1, 3, 9 ... 243
     uint32_t BalanceView; // 1: the Balance column is plotted, 0: the value column
     uint32_t BackToGraph; // a form opened from the graph leads back to it
     // Its sample table: the newest entries of the account, as pixels of ListWindow; lives as long as a redraw. Samples
@@ -253,7 +255,19 @@ struct State {
     FixedAmount LargestCredit, LargestDebit; // magnitudes, of one segment
 
     // Hub
-    int32_t HubState; // 0 closed, 1 hub, 2 calculator
+    int32_t HubState;         // a HubStates
+    FixedAmount CalcX, CalcY; // first and second operand
+    FixedAmount CalcZ;        // result
+    FixedAmount CalcMemory;
+    int32_t CalcLine;              // the active line: LineXKey, LineYKey or LineZKey of resources/hub_keys.h
+    int32_t CalcOp;                // PlusKey to DivideKey
+    int32_t EntryState;            // -1 the next digit begins a number, 0 whole digits, 1 to 3 that decimal, 4 full
+    uint32_t CalcError;            // 1: the display shows stars
+    int32_t CalcDecimals;          // shown: 2 or 3
+    uint32_t HubPicking;           // 1 while the conversions are shown for a rate to be picked
+    int32_t PickScreen;            // to return to then
+    int32_t PickSelected, PickTop; // of the conversions before
+    int32_t CoveredFocus;          // control that had the focus of the form under the calculator
 
     // Palette: entries count from 1; entry i + 60 is i moved in hue
     Colour Palette[125];

@@ -63,7 +63,7 @@ constexpr int RowY(int row) {
 constexpr int TabX(int slot) {
     return (slot - 1) * 37 + 20;
 }
-constexpr int LowTabY = 280, BarY = 307;
+constexpr int LowTabY = 280, BarY = 307, HubButtonX = 125, HubY = 215;
 constexpr int IconY = 52, PlotY = 62, BarX = 73, PieX = 93, GroupY = 72, OrderY = 89; // of the graph screen
 
 // clang-format off
@@ -108,6 +108,13 @@ constexpr Step Steps[] = {
     Drag(100, 150, 60, 150), Picture("bars-stretched"), Drag(60, 150, 100, 150),
     Tap(190, GroupY), Tap(190, GroupY + 100), Picture("debits-and-credits"),
     Press(Qt::Key_F1), Picture("debits-and-credits-with-help"), Press(Qt::Key_F1), Tap(13, IconY),
+    Show(TransactionList), Tap(60, RowY(2)), Tap(HubButtonX, BarY), Tap(98, HubY + 22), Picture("hub"),
+    Tap(HubButtonX, BarY), Picture("calculator"),
+    Tap(109, 139), Tap(165, 233), Tap(122, 259), Tap(205, 139), Picture("calculated"),
+    Tap(35, 228), DoubleTap(50, RowY(1)), Picture("picked-rate"),
+    Tap(35, 228), Picture("pick-a-rate"), Press(Qt::Key_Escape),
+    DoubleTap(60, RowY(9)), Tap(HubButtonX, BarY), Tap(45, 101), Tap(130, HubY + 65), Tap(160, HubY + 65),
+    Picture("hub-types-into-a-form"), Press(Qt::Key_Escape), Press(Qt::Key_Escape),
     Show(TransactionList), DoubleTap(60, RowY(9)), Tap(215, 198), Picture("new-entry-advanced"), Press(Qt::Key_Escape),
     Drag(60, RowY(9), 130, RowY(9)), Picture("new-reconcile"), Press(Qt::Key_Escape),
     Tap(60, RowY(2)), Press(Qt::Key_F10), Press(Qt::Key_Right), Press(Qt::Key_Down), Press(Qt::Key_Down),
