@@ -506,6 +506,7 @@ int HandlePaletteEvent(const Event &event) {
     case EventKind::Paint:
         PaintPalette();
         return 1;
+    case EventKind::Character:
     case EventKind::Control:
     case EventKind::Scroll:
         return 1;
