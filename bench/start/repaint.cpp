@@ -1,4 +1,5 @@
-// A full repaint of an account's transactions on the real surface: bench_repaint [ROUNDS]
+// A full repaint of an account's transactions, and a step of an extrapolation's date, on the real surface:
+// bench_repaint [ROUNDS]
 #include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/start.h"
@@ -12,6 +13,30 @@
 #include <cstdio>
 #include <cstdlib>
 #include <vector>
+
+// The median of what one event takes at each scale.
+static void Measure(const char *what, const Event &event, int rounds, int toReach) {
+    for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
+        host.Frame->resize(qRound(DeviceWidth * scale), qRound(DeviceHeight * scale));
+        QApplication::processEvents();
+        std::vector<double> taken;
+        for (int round = 0; round < rounds; ++round) {
+            state.RepaintSkip = 0; // each request is carried out
+            QElapsedTimer timer;
+            timer.start();
+            HandleEvent(event);
+            taken.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+        }
+        std::nth_element(taken.begin(), taken.begin() + rounds / 2, taken.end());
+        printf("%s at scale %g: %.2f ms (to reach: %d)\n", what, scale, taken[static_cast<size_t>(rounds / 2)],
+               toReach);
+    }
+}
+
+static void Press(Window window, int x, int y) {
+    HandleEvent({.Kind = EventKind::PointerDown, .Where = window, .X = x, .Y = y});
+    HandleEvent({.Kind = EventKind::PointerUp, .Where = window, .X = x, .Y = y});
+}
 
 int main(int count, char **words) {
     const int rounds = count > 1 ? std::max(1, atoi(words[1])) : 201;
@@ -27,19 +52,10 @@ int main(int count, char **words) {
     Deliver({.Kind = EventKind::Key, .Code = static_cast<int>(Key::Enter)}); // opens the first account
     if (state.CurrentScreen != TransactionList)
         return 1;
-    for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
-        host.Frame->resize(qRound(DeviceWidth * scale), qRound(DeviceHeight * scale));
-        QApplication::processEvents();
-        std::vector<double> taken;
-        for (int round = 0; round < rounds; ++round) {
-            state.RepaintSkip = 0; // each request is carried out
-            QElapsedTimer timer;
-            timer.start();
-            HandleEvent({.Kind = EventKind::Paint});
-            taken.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
-        }
-        std::nth_element(taken.begin(), taken.begin() + rounds / 2, taken.end());
-        printf("repaint at scale %g: %.2f ms (to reach: 2)\n", scale, taken[static_cast<size_t>(rounds / 2)]);
-    }
+    Measure("repaint", {.Kind = EventKind::Paint}, rounds, 2);
+    Deliver({.Kind = EventKind::Key, .Code = static_cast<int>(Key::Tab3)});
+    Press(TopWindow, 53, 25); // extrapolation
+    Press(ListWindow, 165, 10);
+    Measure("a box step", {.Kind = EventKind::Key, .Code = static_cast<int>(Key::Up)}, rounds, 5);
     return 0;
 }

@@ -1,8 +1,8 @@
 #include "drawing/colour_model.h"
 #include <algorithm>
 
-// The hue wheel of 255 has six sextants of 42, with the thirds at 85 and 170. All arithmetic is on whole numbers, each
-// step cut, so that a colour is the same on every machine.
+// The hue wheel of 255 has six sextants of 42, with the thirds at 85 and 170. All arithmetic is on whole numbers, so
+// that a colour is the same on every machine; hue, luminosity and saturation are cut once, at the end.
 
 namespace {
 
@@ -43,16 +43,16 @@ Hls RgbToHls(int red, int green, int blue) {
     else
         colour.S = std::max(0, (contrast * 2 * Full - sum) / (2 * (2 * Full + 1 - sum)));
 
-    // How far each channel is below the greatest, in sextants, rounded.
-    const auto below = [&](int channel) { return ((most - channel) * 2 * Sextant + contrast) / (2 * (contrast + 1)); };
+    // Around the wheel from the greatest channel's third, by how far the two others lie apart, as one fraction.
+    const int parts = contrast + 1;
+    int hue;
     if (red == most)
-        colour.H = below(blue) - below(green);
+        hue = (green - blue) * Sextant;
     else if (green == most)
-        colour.H = below(red) + Third - below(blue);
+        hue = Third * parts + (blue - red) * Sextant;
     else
-        colour.H = below(green) + TwoThirds - below(red);
-    if (colour.H < 0)
-        colour.H += Full;
+        hue = TwoThirds * parts + (red - green) * Sextant;
+    colour.H = (hue < 0 ? hue + Full * parts : hue) / parts;
     return colour;
 }
 

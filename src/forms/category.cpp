@@ -3,6 +3,7 @@
 #include "drawing/colours.h"
 #include "drawing/palette.h"
 #include "forms/forms.h"
+#include "forms/palette.h"
 #include "frame/changes.h"
 #include "frame/form.h"
 #include "frame/refusal.h"
@@ -16,8 +17,8 @@ CatRec &Working() {
     return state.FormRow.Category;
 }
 
-// Items of this form alone: a category beside the central one, and the central one itself.
-enum BarItem : int { UpperBar = 100, CentreBar = 101, LowerBar = 102 };
+// Items of this form alone: the categories beside the central one, which is the ColourItem.
+enum BarItem : int { UpperBar = 100, LowerBar = 102 };
 
 // clang-format off
 constexpr Rect UpperBox = {25, 28, 215, 50}, CentreBox = {5, 53, 235, 91}, LowerBox = {25, 94, 215, 116};
@@ -29,7 +30,7 @@ constexpr FormPart Parts[] = {
     {TotalItem,          {188, 0, 218, 18},      {186, 0, 220, 18},      nullptr, Align::Left},
     {DuplicateItem,      {221, 0, 240, 20},      {220, 0, 240, 26},      nullptr},
     {UpperBar,           {},                     UpperBox,               nullptr},
-    {CentreBar,          {},                     CentreBox,              nullptr},
+    {ColourItem,         {},                     CentreBox,              nullptr},
     {LowerBar,           {},                     LowerBox,               nullptr},
     {LabelItem,          {94, 126, 128, 146},    {90, 126, 130, 146},    u"Name", Align::Right, TextField},
     {LabelItem,          {0, 154, 35, 174},      {0, 154, 36, 174},      u"Ref",  Align::Right, DescriptionField},
@@ -40,7 +41,6 @@ constexpr FieldHelp FieldHelps[] = {
     {UpItem,           Help::CategoryArrow},
     {DownItem,         Help::CategoryArrow},
     {UpperBar,         Help::CategoryBeside},
-    {CentreBar,        Help::CentralCategory},
     {LowerBar,         Help::CategoryBeside},
 };
 // clang-format on
@@ -101,12 +101,16 @@ void Fill(int initialise) {
     SetFieldText(DescriptionField, Working().Description);
 }
 
+void TakeTyped(CatRec *row) {
+    if (FieldTouched(TextField))
+        GetControlText(TextField, row->Name, TextRoom);
+    if (FieldTouched(DescriptionField))
+        GetControlText(DescriptionField, row->Description, TextRoom);
+}
+
 int SaveCategory() {
     CatRec row = Working();
-    if (FieldTouched(TextField))
-        GetControlText(TextField, row.Name, TextRoom);
-    if (FieldTouched(DescriptionField))
-        GetControlText(DescriptionField, row.Description, TextRoom);
+    TakeTyped(&row);
     if (!state.DuplicateOn)
         return ModRecFile(0, state.SelectedPos[CategoryList], &row);
     row.CatID = NewCatID();
@@ -138,6 +142,10 @@ void Tapped(int item) {
         Step(1);
     else if (item == DuplicateItem && !state.DuplicateOn)
         Fill(1);
+    else if (item == ColourItem) {
+        TakeTyped(&Working());
+        OpenPalette();
+    }
 }
 
 // A new category, at the end of the list: it stays there whatever becomes of the form.

@@ -92,35 +92,37 @@ int HandleCommand(int command) {
     return 1;
 }
 
-// The keys that stand for taps on parts; of two parts, the one that the form has.
+// The keys that stand for taps on parts; of several parts, the one that the form has.
 struct PartKey {
     Key Pressed;
-    int Items[2]; // FormItem
+    int Items[3]; // FormItem, NoItem from the last one on
 };
 // clang-format off
 constexpr PartKey PartKeys[] = {
-    {Key::RowUp,          {UpItem,         NoItem}},
-    {Key::RowDown,        {DownItem,       NoItem}},
-    {Key::FlagPart,       {FlagItem,       FirstChoiceItem}},
-    {Key::FirstSignPart,  {FirstSignItem,  SecondChoiceItem}},
-    {Key::SecondSignPart, {SecondSignItem, ThirdChoiceItem}},
-    {Key::ClearedPart,    {ClearedItem,    NoItem}},
-    {Key::FreePart,       {FreeItem,       NoItem}},
-    {Key::DuplicatePart,  {DuplicateItem,  NoItem}},
-    {Key::ViewPart,       {ViewItem,       NoItem}},
-    {Key::OtherSidePart,  {NextItem,       DirectionItem}},
+    {Key::RowUp,            {UpItem,         NoItem,           NoItem}},
+    {Key::RowDown,          {DownItem,       NoItem,           NoItem}},
+    {Key::FlagPart,         {FlagItem,       FirstChoiceItem,  ColourItem}},
+    {Key::FirstSignPart,    {FirstSignItem,  SecondChoiceItem, NoItem}},
+    {Key::SecondSignPart,   {SecondSignItem, ThirdChoiceItem,  NoItem}},
+    {Key::ClearedPart,      {ClearedItem,    NoItem,           NoItem}},
+    {Key::FreePart,         {FreeItem,       NoItem,           NoItem}},
+    {Key::DuplicatePart,    {DuplicateItem,  NoItem,           NoItem}},
+    {Key::ViewPart,         {ViewItem,       NoItem,           NoItem}},
+    {Key::OtherSidePart,    {NextItem,       DirectionItem,    NoItem}},
 };
 // clang-format on
 
 void TapByKey(Key key) {
     for (const PartKey &row : PartKeys)
-        if (row.Pressed == key && !TapItem(row.Items[0]))
-            TapItem(row.Items[1]);
+        if (row.Pressed == key)
+            for (const int item : row.Items)
+                if (TapItem(item))
+                    break;
 }
 
-// No key reaches the list under a form; the eyes alone stay the screens' own.
+// No key reaches the list under a form; the eyes and the hub alone stay the screens' own.
 int HandleKey(Key key) {
-    if (key == Key::Help)
+    if (key == Key::Help || key >= Key::HubButton)
         return 0;
     if (key == Key::Tick || key == Key::Enter)
         TickForm();
@@ -159,7 +161,7 @@ int Dialog_Init(const Form *form) {
         PlaceListScrollBar();
     }
     if (form->WithPanel) {
-        if (state.HubState == 1) {
+        if (state.HubState == SmallHub) {
             SipControl(LowerMode);
             SipControl(InputFormMode);
         } else {

@@ -36,6 +36,7 @@ enum FormItem : int {
     ThirdChoiceItem = 56,
     TypeItem = 57, // of the account form, where it says "Jeopardy"
     ProgressItem = 58,
+    ColourItem = 101, // of the category form: leads to the palette
 };
 
 struct FieldHelp { // the help lines of a field or of a part

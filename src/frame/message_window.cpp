@@ -15,7 +15,6 @@
 
 namespace {
 
-constexpr int LargeHub = 2;               // of state.HubState
 constexpr int TextLeft = 2, ListLead = 3; // above the first line when no form is open
 constexpr int CountRight = 35, ReportLeft = 37;
 
@@ -104,6 +103,7 @@ void RelayList(int reload, int mask) {
 }
 
 void OpenMessages(int reload, int keepDialog) {
+    const bool listShrinks = state.RowCount != RowsAboveMessages; // an open hub has made the room already
     state.MessageWindowOn = 1;
     state.RowCount = RowsAboveMessages;
     if (!keepDialog)
@@ -113,7 +113,7 @@ void OpenMessages(int reload, int keepDialog) {
             PlaceListScrollBar();
         RelayList(reload, PaintAll);
     }
-    if (state.ActiveDialog == NoDialog)
+    if (state.ActiveDialog == NoDialog && listShrinks)
         PassOverRepaint();
     if (state.ActiveDialog == NewAccountDialog)
         ForceHelp(Help::HelpModeInNewAccount);
@@ -160,16 +160,20 @@ void ToggleHelpMode(int reload, int keepDialog) {
 }
 
 void LeaveHelpOrHub(int button) {
-    if (button == CommandHub && state.HubState != 0) {
+    if (button == CommandHub && state.HubState != HubClosed) {
         ShowWindow(state.HubState == LargeHub ? HostWindow : HubWindow, 0);
-        state.HubState = 0;
-        if (!state.HelpMode)
+        state.HubState = HubClosed;
+        if (!state.HelpMode && state.MessageWindowOn)
+            ToggleHelpMode(1, 0); // the room was the hub's
+        else if (!state.HelpMode)
             PaintCurrentScreen(PaintAll);
         RepeatHelp();
     } else if (state.HelpMode) {
         state.HelpMode = 0;
-        state.MessageWindowOn = 1;
-        ToggleHelpMode(1, 0);
+        if (state.HubState == HubClosed) { // an open hub stays, and with it the room that it stands in
+            state.MessageWindowOn = 1;
+            ToggleHelpMode(1, 0);
+        }
         ShowEyes(ShutEye);
     }
 }

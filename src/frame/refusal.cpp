@@ -88,7 +88,7 @@ void GiveActionUp(Help help) {
     AbortAction();
     BeginAction();
     ReloadNoted();
-    if (!state.OpenedForm) {
+    if (state.ActiveDialog == NoDialog) {
         SetGreys(state.CurrentScreen);
         RepaintScreen();
     }

@@ -1,18 +1,29 @@
 #include "frame/scroll.h"
+#include "drawing/colours.h"
 #include "drawing/geometry.h"
 #include "platform/shell.h"
 #include "state/state.h"
 #include <algorithm>
 
+namespace {
+
+Rect PlaceOfBar() {
+    return {RightEdge, 0, ScreenWidth, state.RowCount * RowHeight + 1};
+}
+
+} // namespace
+
 void ShowListScrollBar(int on) {
     if (state.ScrollBarShown == on)
         return;
     state.ScrollBarShown = on;
+    if (on) // nothing of a plot stays under it
+        FillRect(ListWindow, PlaceOfBar(), White);
     ShowScrollBar(on);
 }
 
 void PlaceListScrollBar() {
-    PlaceScrollBar({RightEdge, 0, ScreenWidth, state.RowCount * RowHeight + 1});
+    PlaceScrollBar(PlaceOfBar());
 }
 
 void PassOverRepaint() {

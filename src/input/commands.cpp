@@ -1,4 +1,6 @@
 #include "input/commands.h"
+#include "analysis/charts.h"
+#include "analysis/graph_value.h"
 #include "forms/forms.h"
 #include "forms/progress.h"
 #include "frame/changes.h"
@@ -14,6 +16,8 @@
 #include "platform/shell.h"
 #include "resources/menus.h"
 #include "screens/front_page.h"
+#include "screens/graph_gestures.h"
+#include "screens/hub.h"
 #include "screens/inserting.h"
 #include "screens/list_screen.h"
 #include "screens/moving.h"
@@ -141,18 +145,35 @@ constexpr FilterCommand Filters[] = {
 };
 // clang-format on
 
-void Filter(int id) {
+// What the selected segment or entry has; 0 when there is none. `day` is that of the entry.
+int TakeCriteria(const FilterCommand &command, FilterBy *field, FilterCriteria *criteria, uint32_t *day) {
+    if (state.CurrentScreen == GraphList && ChartShown()) {
+        GRec segment;
+        if (!LoadGRec(state.SelectedPos[GraphList], &segment))
+            return 0;
+        *field = static_cast<FilterBy>(state.AnalysisGroup);
+        *day = 0;
+        CriteriaFromSegment(segment, criteria);
+        return 1;
+    }
     const int32_t position = state.SelectedPos[TransactionList];
     TRec row;
+    if (!FetchTran(position, &row))
+        return 0;
+    *field = command.Field;
+    *day = row.Date.DayNumber;
+    CriteriaFromRow(row, EntriesShown(), position, state.AccountKind, criteria);
+    return 1;
+}
+
+void Filter(int id) {
     FilterCriteria criteria;
+    FilterBy field;
+    uint32_t day;
     const FilterCommand *filter = std::find_if(std::begin(Filters), std::end(Filters),
                                                [id](const FilterCommand &command) { return command.Id == id; });
-    if (filter == std::end(Filters) || !FetchTran(position, &row)) {
-        Beep();
-        return;
-    }
-    CriteriaFromRow(row, EntriesShown(), position, state.AccountKind, &criteria);
-    if (!FilterAccount(state.CurAccount.ID, filter->Keep, filter->Field, criteria, row.Date.DayNumber)) {
+    if (filter == std::end(Filters) || !TakeCriteria(*filter, &field, &criteria, &day) ||
+        !FilterAccount(state.CurAccount.ID, filter->Keep, field, criteria, day)) {
         Beep();
         return;
     }
@@ -246,11 +267,12 @@ void EmptyTheBin(int) {
 
 // --- Archive
 
-void ShowAfterArchiving(int32_t top, int last) {
+void ShowAfterArchiving(int screen, int32_t top, int last) {
     RefreshAccounts();
+    state.CurrentScreen = screen;
     LoadTranFile(state.SelectedPos[AccountList], top);
     state.SelectedPos[TransactionList] = last ? state.EntryCount[TransactionList] : 1;
-    doTransactions(ListWindow, PaintAll);
+    state.Paint[screen](ListWindow, PaintAll);
 }
 
 // With the progress form for a long job; what came of it.
@@ -270,10 +292,11 @@ void ArchivePreceding(int) {
         Beep();
         return;
     }
+    const int screen = state.CurrentScreen;
     const ArchiveResult result = Rearrange(Archive, ArchiveDialog, position >= ShowProgressFrom, position);
     if (result == ArchiveResult::Refused)
         Beep();
-    ShowAfterArchiving(1, 0);
+    ShowAfterArchiving(screen, 1, 0);
     if (result == ArchiveResult::NotYet) {
         Beep();
         ForceHelp(Help::NothingToArchive);
@@ -289,7 +312,7 @@ void UnarchiveFollowing(int) {
     }
     if (Rearrange(Unarchive, UnarchiveDialog, returning > ShowProgressFrom, position) == ArchiveResult::Refused)
         Beep();
-    ShowAfterArchiving(0, 1);
+    ShowAfterArchiving(TransactionList, 0, 1);
 }
 
 // --- The bar
@@ -317,8 +340,17 @@ void About(int) {
     OpenAbout();
 }
 
+void Hub(int) {
+    TurnHub();
+}
+
 void Refuse(int) {
     Beep();
+}
+
+// What lies in front of the list has its own uses for what the owner does.
+bool ListIsCovered() {
+    return state.ActiveDialog != NoDialog || state.HubState == LargeHub || state.HubPicking;
 }
 
 // What a command does while a form is open.
@@ -326,8 +358,7 @@ enum class InForm : uint8_t { Nothing, Beeps, Explains, Works };
 
 constexpr int Everywhere = 0x1FE, Accounts = 1 << AccountList, Entries = 1 << TransactionList,
               EntriesOrGraph = Entries | 1 << GraphList, AccountViews = Accounts | EntriesOrGraph,
-              NotBin = Everywhere & ~(1 << BinList), Modifiable = NotBin & ~(1 << GraphList),
-              Deletable = Everywhere & ~(1 << GraphList);
+              NotBin = Everywhere & ~(1 << BinList);
 
 struct CommandRow {
     int Id;
@@ -367,29 +398,62 @@ constexpr CommandRow Commands[] = {
     {CommandInsertDay,       Entries,        InForm::Nothing,  InsertDay},
     {CommandInsertReconcile, Entries,        InForm::Nothing,  InsertReconcile},
     {CommandInsertTotal,     Accounts,       InForm::Nothing,  InsertTotal},
-    {CommandModify,          Modifiable,     InForm::Explains, ModifyEntry},
-    {CommandDeleteOne,       Deletable,      InForm::Nothing,  DeleteOne},
-    {CommandDeleteStart,     Deletable,      InForm::Nothing,  DeleteRange},
-    {CommandDeleteFinish,    Deletable,      InForm::Nothing,  DeleteRange},
-    {CommandDeletePreceding, Deletable,      InForm::Nothing,  DeletePreceding},
+    {CommandModify,          NotBin,         InForm::Explains, ModifyEntry},
+    {CommandDeleteOne,       Everywhere,     InForm::Nothing,  DeleteOne},
+    {CommandDeleteStart,     Everywhere,     InForm::Nothing,  DeleteRange},
+    {CommandDeleteFinish,    Everywhere,     InForm::Nothing,  DeleteRange},
+    {CommandDeletePreceding, Everywhere,     InForm::Nothing,  DeletePreceding},
     {CommandEmptyBin,        Everywhere,     InForm::Nothing,  EmptyTheBin},
     {CommandAbout,           Everywhere,     InForm::Nothing,  About},
     {CommandExport,          EntriesOrGraph, InForm::Beeps,    ExportEntries},
     {CommandImport,          EntriesOrGraph, InForm::Beeps,    ImportEntries},
     {CommandBackup,          Everywhere,     InForm::Nothing,  Refuse},
     {CommandRestore,         Everywhere,     InForm::Nothing,  Refuse},
-    {CommandArchive,         Entries,        InForm::Beeps,    ArchivePreceding},
+    {CommandArchive,         EntriesOrGraph, InForm::Beeps,    ArchivePreceding},
     {CommandUnarchive,       Entries,        InForm::Beeps,    UnarchiveFollowing},
     {CommandExit,            Everywhere,     InForm::Nothing,  Quit},
     {CommandCross,           Everywhere,     InForm::Nothing,  Cross},
     {CommandLeftEye,         Everywhere,     InForm::Works,    Eyes},
     {CommandRightEye,        Everywhere,     InForm::Works,    Eyes},
-    {CommandHub,             Everywhere,     InForm::Works,    Refuse},
+    {CommandHub,             Everywhere,     InForm::Works,    Hub},
     {CommandClose,           Everywhere,     InForm::Works,    Quit},
     {CommandOk,              Everywhere,     InForm::Works,    QuitFiltered},
     {CommandBeep,            Everywhere,     InForm::Works,    Refuse},
 };
 // clang-format on
+
+// On the graph these act on the entry of the selected point, which must be brought to the transactions first. Charts
+// have no points; there a filter works on what the transactions show as selected.
+enum class Works : uint8_t { OnPlainList, Filtered, AlsoInCharts };
+struct PointCommand {
+    int First, Last; // of the commands' numbers
+    Works Where;
+};
+// clang-format off
+constexpr PointCommand OnPoint[] = {
+    {CommandModify,          CommandModify,          Works::Filtered},
+    {ExcludeFlag,            ExcludeCategory,        Works::AlsoInCharts},
+    {ExcludeEntry,           ExcludeFollowing,       Works::AlsoInCharts},
+    {ShowEntry,              ShowEntry,              Works::AlsoInCharts},
+    {CommandDeleteOne,       CommandDeleteFinish,    Works::OnPlainList},
+    {CommandDeletePreceding, CommandDeletePreceding, Works::OnPlainList},
+    {CommandArchive,         CommandArchive,         Works::OnPlainList},
+};
+// clang-format on
+
+// 0 when the command needs a point and there is none that it may work on.
+int PointServes(int command) {
+    if (state.CurrentScreen != GraphList)
+        return 1;
+    for (const PointCommand &row : OnPoint) {
+        if (command < row.First || command > row.Last)
+            continue;
+        if (ChartShown())
+            return row.Where == Works::AlsoInCharts;
+        return BringSelectedPoint() && (row.Where != Works::OnPlainList || !state.FilterShown);
+    }
+    return 1;
+}
 
 } // namespace
 
@@ -397,11 +461,13 @@ void DoCommand(int command) {
     for (const CommandRow &row : Commands) {
         if (row.Id != command)
             continue;
-        if (state.ActiveDialog != NoDialog && row.Form != InForm::Works) {
+        if (ListIsCovered() && row.Form != InForm::Works) {
             if (row.Form == InForm::Explains)
                 ExplainModify();
             else if (row.Form == InForm::Beeps)
                 Beep();
+        } else if (!PointServes(command)) {
+            row.Form == InForm::Explains ? ExplainModify() : Beep();
         } else if (row.Screens >> state.CurrentScreen & 1) {
             row.Do(command);
         } else {

@@ -135,11 +135,16 @@ void ReleaseRow(const ListScreen &screen, int place, int x) {
 
 void DoMouseMove(Window window, int x, int y) {
     const ListScreen *screen = ScreenOf(state.CurrentScreen);
-    if (!screen || state.ActiveDialog != NoDialog)
+    if (!screen || (state.ActiveDialog != NoDialog && !state.HubPicking))
         return;
     if (state.ColumnDragScreen == screen->List && state.ColumnGrab > 0) {
         if (window == TopWindow)
             DragEdge(x);
+        return;
+    }
+    if (state.PlotHeld && screen->MovePlot) {
+        if (window == ListWindow)
+            screen->MovePlot(x, y);
         return;
     }
     if (state.DragSource < 1)
@@ -152,9 +157,12 @@ void DoMouseMove(Window window, int x, int y) {
 
 void DoButtonUp(Window window, int x, int y) {
     const ListScreen *screen = ScreenOf(state.CurrentScreen);
-    if (!screen || state.ActiveDialog != NoDialog)
+    if (!screen || (state.ActiveDialog != NoDialog && !state.HubPicking))
         return;
     CoolTab();
+    if (state.PlotHeld && screen->ReleasePlot)
+        screen->ReleasePlot(x, y);
+    state.PlotHeld = 0;
     if (state.ColumnDragScreen != 0)
         ReleaseEdge();
     if (state.DropLineShown)

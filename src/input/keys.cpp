@@ -6,6 +6,7 @@
 #include "input/wndproc.h"
 #include "platform/shell.h"
 #include "resources/menus.h"
+#include "screens/graph_gestures.h"
 #include "screens/list_screen.h"
 #include "screens/moving.h"
 #include "screens/opening.h"
@@ -137,7 +138,9 @@ void TapTitle(Key key) {
     constexpr int TitleY = (HeaderBottom + TitlesBottom) / 2;
     const int column = static_cast<int>(key) - static_cast<int>(Key::Title1) + 1;
     const int32_t *edge = state.ColumnEdge[state.CurrentScreen];
-    if (state.CurrentScreen != GraphList && edge[column] > edge[column - 1])
+    if (state.CurrentScreen == GraphList)
+        DoButtonDown(TopWindow, TitleKeyX(column), TitleY);
+    else if (edge[column] > edge[column - 1])
         DoButtonDown(TopWindow, (edge[column - 1] + edge[column]) / 2, TitleY);
 }
 
@@ -173,12 +176,16 @@ constexpr KeyAction KeyActions[] = {
     {Key::New,    Key::New,     nullptr,        CommandNew},
     {Key::Modify, Key::Modify,  nullptr,        CommandModify},
     {Key::Tick,   Key::Tick,    nullptr,        CommandTick},
+    {Key::HubButton, Key::HubButton, nullptr,   CommandHub},
 };
 // clang-format on
 
 } // namespace
 
 void DoKeyDown(Key key) {
+    const ListScreen *screen = ScreenOf(state.CurrentScreen);
+    if (state.ActiveDialog == NoDialog && screen && screen->PlotKey && screen->PlotKey(key))
+        return;
     for (const KeyAction &row : KeyActions) {
         if (key < row.First || key > row.Last)
             continue;

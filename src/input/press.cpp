@@ -170,6 +170,8 @@ int LinePos(Window window, int x, int y) {
     if (window != ListWindow || x < 0 || x >= ScreenWidth || y < 0)
         return 0;
     const int strip = state.RowCount * RowHeight;
+    if (state.HubPicking && y >= strip)
+        return 0; // no tab shows
     if (y < strip)
         return state.CurrentScreen == GraphList ? 0 : y / RowHeight + 1;
     if (y <= strip || y >= strip + StripReach)
@@ -201,10 +203,11 @@ void DoButtonDown(Window window, int x, int y) {
         ReportError(In::DoButtonDown, Trouble::CaseError);
         return;
     }
-    if (state.ActiveDialog != NoDialog)
+    if (state.ActiveDialog != NoDialog && !state.HubPicking)
         return;
     TurnEyes(window, x, y);
     state.DragSource = 0;
+    state.PlotHeld = 0;
     if (window == TopWindow) {
         if (state.FrontPageDone)
             PressTop(*screen, x, y);
@@ -217,12 +220,14 @@ void DoButtonDown(Window window, int x, int y) {
         TurnTabPage();
     else if (place < 0)
         TapTab(-place);
-    else if (screen->PressPlot && window == ListWindow)
+    else if (screen->PressPlot && window == ListWindow && y < state.RowCount * RowHeight) {
+        state.PlotHeld = 1;
         screen->PressPlot(x, y);
+    }
 }
 
 void DoDoubleTap(Window window, int x, int y) {
-    if (!state.DataUsable || !state.FrontPageDone || state.ActiveDialog != NoDialog)
+    if (!state.DataUsable || !state.FrontPageDone || (state.ActiveDialog != NoDialog && !state.HubPicking))
         return;
     const int place = window == TopWindow ? 0 : LinePos(ListWindow, state.PressX, state.PressY);
     // Only a row knows a double tap; anywhere else it is a second press.

@@ -1,6 +1,7 @@
 #include "input/scrolling.h"
 #include "frame/command_bar.h"
 #include "frame/header.h"
+#include "screens/chart_view.h"
 #include "screens/list_screen.h"
 #include "state/messages.h"
 
@@ -37,8 +38,13 @@ int32_t TopAfter(ScrollCode code, int position) {
 
 void DoScroll(ScrollCode code, int position) {
     const int screen = state.CurrentScreen;
-    if (state.ActiveDialog != NoDialog || screen == GraphList)
+    if ((state.ActiveDialog != NoDialog && !state.HubPicking) || state.HubState == LargeHub)
         return;
+    if (screen == GraphList) {
+        if (ChartsScroll())
+            ScrollCharts(code, position);
+        return;
+    }
     ShowHelp(Help::ScrollBar);
     ShowEyes(OpenEye);
     int32_t top = TopAfter(code, position);

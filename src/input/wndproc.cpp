@@ -1,14 +1,17 @@
 #include "input/wndproc.h"
+#include "forms/palette.h"
 #include "frame/form.h"
 #include "frame/header.h"
 #include "input/commands.h"
 #include "input/drag.h"
+#include "input/hub_input.h"
 #include "input/keys.h"
 #include "input/press.h"
 #include "input/scrolling.h"
 #include "platform/surface.h"
 #include "resources/menus.h"
 #include "screens/front_page.h"
+#include "screens/hub.h"
 #include "screens/list_screen.h"
 #include "state/messages.h"
 
@@ -21,7 +24,7 @@ void DoPaint() {
         return;
     }
     const int screen = state.CurrentScreen;
-    if (state.ActiveDialog == NoDialog && state.Paint[screen]) {
+    if ((state.ActiveDialog == NoDialog || state.HubPicking) && state.Paint[screen]) {
         state.Paint[screen](ListWindow, PaintAll);
         if (screen == AccountList || screen == RecurringList)
             RecHLon(state.SelectedPos[screen], 1);
@@ -32,7 +35,10 @@ void DoPaint() {
 } // namespace
 
 void WndProc(const Event &event) {
-    if (HandlePageEvent(event) || (state.OpenedForm && HandleFormEvent(event)))
+    if (HandlePageEvent(event) || HubHears(event) || (state.HubState != LargeHub && HandlePaletteEvent(event)))
+        return;
+    const bool forForm = !HubCoversForm() || event.Kind == EventKind::Control;
+    if (state.OpenedForm && forForm && HandleFormEvent(event))
         return;
     switch (event.Kind) {
     case EventKind::PointerDown:
@@ -54,6 +60,7 @@ void WndProc(const Event &event) {
         DoCommand(event.Code);
         return;
     case EventKind::Control:
+    case EventKind::Character:
         return;
     case EventKind::Scroll:
         DoScroll(static_cast<ScrollCode>(event.Code), event.Position);

@@ -243,6 +243,7 @@ FixedAmount CalcFile(const Place &place, int withMarker) {
     int32_t position;
     if (!FindAccount(place.Account, &account, &position))
         return 0;
+    state.ExtrapReload = 1; // what the graph foretold came from the entries as they were
     const bool archive = place.Of == View::Archive;
     uint32_t filtered;
     const int handle = OpenPlace(place, OpenOrCreate, &filtered);

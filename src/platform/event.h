@@ -21,6 +21,7 @@ enum class EventKind : uint8_t {
     PointerUp,   // Where, X, Y
     DoubleTap,   // Where, X, Y; stands for the second PointerDown, its PointerUp follows
     Key,         // Code is a Key
+    Character,   // Code is the unit typed on a screen, when it is no Key
     Command,     // Code is a menu command or bar button
     Control,     // Control id and Change of the open form
     Scroll,      // Code is a ScrollCode, Position for the thumb
@@ -46,6 +47,8 @@ enum class Key : uint8_t {
     Header, // a tap on the header's title
     FlagPart, FirstSignPart, SecondSignPart, ClearedPart, FreePart, DuplicatePart, ViewPart, // taps on parts of a form
     OtherSidePart, // the other block of a recurring item, the other direction of a conversion
+    HubButton, // the command bar's
+    HubKeys, // and the codes behind it: the key of the hub with that number, from 0
 };
 
 enum class ScrollCode : uint8_t { LineUp, LineDown, PageUp, PageDown, ThumbTrack, Top, Bottom };

@@ -6,6 +6,7 @@
 namespace {
 
 constexpr int RootRoom = HostPathRoom - PathRoom;
+constexpr char WorkPath[] = "Program Files\\Zentrik\\E1_Data\\CHART"; // of the analyses, made anew for each picture
 constexpr const char *TroublePaths[] = {"Program Files\\Zentrik\\Data\\ZentErrorLog.txt", "AAAtrace.txt"};
 
 char Root[RootRoom];
@@ -57,6 +58,6 @@ int BelongsToActions(const char *plain) {
     if (std::strncmp(plain, ProgramDirectory, Length) != 0 || plain[Length] != '\\')
         return 0;
     const char *name = std::strrchr(plain, '\\') + 1;
-    return !TellsTrouble(plain) && std::strcmp(plain, JournalPath) != 0 &&
+    return !TellsTrouble(plain) && std::strcmp(plain, JournalPath) != 0 && std::strcmp(plain, WorkPath) != 0 &&
            std::strncmp(name, ShadowPrefix, sizeof ShadowPrefix - 1) != 0;
 }

@@ -19,8 +19,9 @@ void HostPath(char *to, const char *plain);
 // The directory of a plain path, "" for the root. Room of PathRoom.
 void DirectoryOf(char *to, const char *plain);
 
-// 1 for what belongs to an action: all below ProgramDirectory but the error log, the journal and the shadows. The log
-// tells of actions that were refused, so it can be in none.
+// 1 for what belongs to an action: all below ProgramDirectory but the error log, the journal, the shadows and the work
+// file of the analyses. The log tells of actions that were refused, so it can be in none; the work file holds nothing
+// that has to last.
 int BelongsToActions(const char *plain);
 // 1 for the files that tell of trouble, whose own trouble concerns nobody.
 int TellsTrouble(const char *plain);

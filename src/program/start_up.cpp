@@ -1,4 +1,5 @@
 #include "program/start_up.h"
+#include "analysis/charts.h"
 #include "drawing/cells.h"
 #include "drawing/palette.h"
 #include "frame/changes.h"
@@ -272,6 +273,7 @@ void ShutDown(int keepFilters) {
         if (!keepFilters)
             ClearFilters();
         StoreConfFile();
+        EndCharts();
     }
     static_cast<void>(CommitAction()); // refused or not, the program leaves
     static_cast<void>(SyncFiles());    // what it can't bring to the disk, the next start finds in the journal

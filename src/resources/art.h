@@ -26,11 +26,22 @@ enum ImageId : int {
     DirectionArrows = 340, // conversion form: forward, reversed: 32 x 38 each
     EntryUp = 341,         // arrows of a form's top line, 20 x 18
     EntryDown = 342,
+    GraphIcons = 610,      // 19 x 19 each: the five modes, counting up, counting down, counting that has nothing to do
+    PointMark = 611,       // around the selected point of a plot
+    ZeroImage = 612,       // the zero button of the extrapolation
     ProgramIcon = 300,
     FrontGround = 290,     // background of the front page and About
     FrontBanner = 291,     // the name below it; the command bar covers its last 32 rows
     MoviePicture = 292,    // what the movie's tiles show
     TrackerKnob = 293,     // of the movie's speed tracker
+    ConeBody = 484,        // what is seen of the cone below the pie
+    NothingCross = 486,    // on a chart without segments
+    HubGround = 360,       // background of the hub
+    CalculatorGround = 361,
+    HubKeyFaces = 362,     // 28 x 22 at pitch 30 x 24: digit, function, operator, back; below them pressed
+    LargeKeyFaces = 363,   // the same, 38 x 24 at pitch 40 x 26
+    BlueCone = 364,
+    HubArrows = 365,       // 28 x 30 at pitch 30: read, nothing to read, write, nowhere to write
 };
 // clang-format on
 
@@ -45,7 +56,10 @@ inline constexpr Image Images[] = {
     {TimesSign, 12, 12}, {FlagNone, 20, 26}, {FlagRed, 20, 26}, {FlagBlue, 20, 26}, {FlagYellow, 20, 26},
     {TwoPages, 19, 20}, {OnePage, 19, 20}, {ViewPictures, 40, 20}, {FormGround, 240, 268}, {BarSheet, 208, 16},
     {ToolsImage, 16, 16}, {CrossImage, 16, 16}, {TickImage, 16, 16}, {DirectionArrows, 64, 38}, {EntryUp, 20, 18},
-    {EntryDown, 20, 18}, {ProgramIcon, 64, 64}, {FrontGround, 241, 300}, {FrontBanner, 212, 78}, {MoviePicture, 200, 124},
+    {FrontGround, 241, 300}, {FrontBanner, 212, 78}, {MoviePicture, 200, 124},
     {TrackerKnob, 16, 7},
+    {EntryDown, 20, 18}, {GraphIcons, 152, 19}, {PointMark, 7, 7}, {ZeroImage, 14, 14}, {ProgramIcon, 64, 64},
+    {ConeBody, 114, 46}, {NothingCross, 17, 15}, {HubGround, 240, 79}, {CalculatorGround, 240, 268}, {HubKeyFaces, 120, 48},
+    {LargeKeyFaces, 160, 52}, {BlueCone, 30, 30}, {HubArrows, 120, 30},
 };
 // clang-format on

@@ -24,6 +24,13 @@ enum class AddedLine : int16_t {
     BalanceMayChange = 234, // when archived entries are deleted
     RegressionBasis  = 285, // of the column plotted
     InJeopardy       = 291,
+    PercentOfPie     = 398,
+    SegmentValue     = 399,
+    SegmentTitle     = 400,
+    SegmentEntries   = 401,
+    FirstGroup       = 412, // of what segments are formed from; the others follow
+    FirstOrder       = 420, // likewise
+    PercentOfBars    = 432,
     Filtered         = 462,
 };
 
@@ -44,6 +51,8 @@ enum class AddedLine : int16_t {
     SET(AccountsLost,                 128,         0,       544,       545,       133,         0)  \
     SET(NotRead,                        0,       128,       489,         0,         0,         0)  \
     /* Header, tab strip, titles, scroll bar, keys */                                            \
+    SET(Hub,                        466,       467,       468,       469,       470,       471)  \
+    SET(HubOverForm,                466,       467,       470,       471,         0,         0)  \
     SET(SelectedNumber,               0,       207,         0,         0,         0,         0)  \
     SET(EntryCount,                   0,       208,         0,         0,         0,         0)  \
     SET(AccountArrows,               71,        72,        73,         0,        75,        76)  \
@@ -135,6 +144,31 @@ enum class AddedLine : int16_t {
     SET(CountingDown,                 0,       269,         0,       270,         0,         0)  \
     SET(CountingElsewhere,            0,       266,         0,         0,         0,         0)  \
     SET(UnusedInMode,                 0,       286,         0,         0,         0,         0)  \
+    SET(PointSelected,               38,         0,       272,        41,         0,         0)  \
+    SET(PointMissed,                  2,         3,         0,         0,         0,         0)  \
+    SET(LineSelected,               273,         0,       264,       265,         0,         0)  \
+    SET(ExtrapolatedValue,            0,       274,         0,       275,         0,         0)  \
+    SET(ExtrapolatedDate,             0,       276,         0,       277,         0,         0)  \
+    SET(PercentOnDate,              278,         0,       279,       280,         0,         0)  \
+    SET(PercentOnValue,             278,         0,       279,       281,         0,         0)  \
+    SET(ZeroButton,                   0,       283,         0,       284,         0,         0)  \
+    SET(LinkedToValue,              279,       281,         0,       282,         0,         0)  \
+    SET(NothingInChart,               0,       463,         0,         0,         0,         0)  \
+    SET(PieTapping,                   0,       404,       405,         0,       406,         0)  \
+    SET(BarTapping,                   0,       435,       436,         0,       437,         0)  \
+    SET(PieSegment,                 403,         0,       404,       405,         0,       406)  \
+    SET(BarSelected,                434,         0,       435,       436,         0,       437)  \
+    SET(PieGroups,                  407,       408,         0,       411, AddedHere,         0)  \
+    SET(BarGroups,                  438,       408,         0,       440, AddedHere,         0)  \
+    SET(PieOrders,                  409,       410,         0,       419, AddedHere,         0)  \
+    SET(BarOrders,                  439,       410,         0,       441, AddedHere,         0)  \
+    SET(PieFormed,                    0,       411, AddedHere,         0,         0,         0)  \
+    SET(BarFormed,                    0,       440, AddedHere,         0,         0,         0)  \
+    SET(PieOrdered,                   0,       419, AddedHere,         0,         0,         0)  \
+    SET(BarOrdered,                   0,       441, AddedHere,         0,         0,         0)  \
+    SET(PieHeading,                   0, AddedHere,       402,         0,         0,         0)  \
+    SET(BarHeading,                   0, AddedHere,       433,         0,         0,         0)  \
+    SET(LinkedToDate,               279,       280,         0,       282,         0,         0)  \
     /* What was done, and what could not be */                                                   \
     SET(MarkedReconciled,            48,        49,        50,        53,        54,        56)  \
     SET(MarkedUnreconciled,          48,        51,        52,        53,        54,        56)  \
@@ -168,6 +202,7 @@ enum class AddedLine : int16_t {
     SET(NewTemplate,                132,       131,         2,         3,       117,         0)  \
     SET(ChangeTemplate,             136,       131,         2,         3,       117,         0)  \
     SET(NewRecurring,               132,       152,         2,         3,       117,         0)  \
+    SET(ChangeColoured,             136,       358,         2,         3,       117,         0)  \
     SET(ChangeRecurring,            136,       152,         2,         3,       117,         0)  \
     SET(CategoryOrConversion,       122,        41,         0,         2,         3,         0)  \
     SET(Configuration,                0,       122,       167,         0,         2,         3)  \
@@ -224,6 +259,18 @@ enum class AddedLine : int16_t {
     SET(CategoryArrow,                0,        71,        72,       359,         0,         0)  \
     SET(CategoryBeside,               0,       360,       361,         0,         0,         0)  \
     SET(CentralCategory,              0,       356,         0,       357,         0,         0)  \
+    SET(Palette,                    366,         0,       367,       368,       369,         0)  \
+    SET(PaletteSquare,                0,       389,       368,       369,         0,         0)  \
+    SET(ColourKept,                   0,       365,         0,         0,         0,         0)  \
+    SET(ColourForCategory,            0,       362,       363,         0,       364,         0)  \
+    SET(MixColour,                  385,       386,         0,       387,       388,         0)  \
+    SET(RedParameter,                 0,       370,       373,       374,         0,         0)  \
+    SET(GreenParameter,               0,       371,       373,       374,         0,         0)  \
+    SET(BlueParameter,                0,       372,       373,       374,         0,         0)  \
+    SET(ContrastParameter,            0,       375,       376,         0,         0,         0)  \
+    SET(HueParameter,                 0,       377,       378,         0,         0,         0)  \
+    SET(LuminosityParameter,          0,       379,       380,       381,         0,         0)  \
+    SET(SaturationParameter,          0,       382,       383,       384,         0,         0)  \
     SET(EntryArrow,                   0,        71,        72,       397,         0,         0)  \
     SET(Flag,                         0,        45,         0,        46,         0,         0)  \
     SET(Sign,                         0,       145,         0,         0,         0,         0)  \

@@ -179,6 +179,10 @@ constexpr TabDrop Drops[] = {
 
 } // namespace
 
+FixedAmount BinnedValue(const BinRec &row) {
+    return ShownValue(row);
+}
+
 void UpdateBinRec(Window window, int position, int mode) {
     RowStrip strip;
     if (!BeginRow(&strip, window, position, mode, WhiteBrush))

@@ -40,6 +40,10 @@ void Stroke(int position) {
     Explain(position);
 }
 
+bool CanReorder() {
+    return !state.HubPicking; // a form may be open for a row, by its place
+}
+
 constexpr TitleSpot Spots[] = {{2, 6, 0, ScreenWidth - 1, 16, ToggleRefColumn}};
 constexpr TabDrop Drops[] = {{BinList, AcceptInBin, BinRow}};
 
@@ -90,7 +94,7 @@ const ListScreen ConversionScreen = {
     .ColumnsExplained = true,
     .PressPlot = nullptr,
     .Stroke = Stroke,
-    .CanReorder = AlwaysReorders,
+    .CanReorder = CanReorder,
     .Changed = nullptr,
     .Drops = Drops,
     .DropCount = 1,

@@ -1,43 +1,74 @@
-// Screen 3: the frame of the graph: header, the row of mode icons, the two titles that choose what is plotted.
+// Screen 3: the frame of the graph: header, the row of mode icons, the two titles that choose what is plotted, and the
+// table of modes: what each paints and how it answers stylus and keys.
+#include "analysis/extrapolation.h"
+#include "analysis/graph_data.h"
+#include "analysis/graph_value.h"
+#include "analysis/regression.h"
 #include "drawing/saying.h"
+#include "frame/changes.h"
 #include "frame/header.h"
 #include "frame/scroll.h"
 #include "frame/shown.h"
 #include "frame/tabs.h"
 #include "platform/shell.h"
+#include "resources/art.h"
 #include "resources/geometry.h"
+#include "screens/chart_view.h"
+#include "screens/graph_gestures.h"
+#include "screens/graph_plot.h"
+#include "screens/hub_face.h"
 #include "screens/list_screen.h"
 #include "screens/measure.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
+#include "state/error_log.h"
 #include "state/greys.h"
 #include <iterator>
 
 namespace {
 
-// ORDER GRAPHMODE, counted from 1; state.GraphMode 0 is none yet
-enum GraphModes : int { PlainGraph = 1, Regression, Extrapolation, BarChart, PieChart };
-
-constexpr int IconLeft = 3, IconPitch = 20, ModeIconSize = 19, ModeIcons = 5, CountIcon = 6;
+constexpr int IconLeft = 3, IconPitch = 20, IconSize = 19, ModeIcons = 5, CountIcon = 6;
 constexpr int ValueLeft = 124, BalanceLeft = 173;
 
-bool ChartShown() {
-    return state.GraphMode == BarChart || state.GraphMode == PieChart;
+// --- The modes
+
+void PaintEntryPlot(int mask);
+void PaintExtrapolation(int mask);
+
+struct Mode {
+    Help Lines, InListAccount;
+    int Mask;                    // what a tap on the icon paints
+    void (*Paint)(int mask);     // on ListWindow, whose ground is cleared with PaintRows
+    void (*Press)(int x, int y); // on ListWindow above the tabs
+    void (*Move)(int x, int y);  // after such a press; null: nothing
+    void (*Release)(int x, int y);
+    int (*PressKey)(Key key); // 0: not taken
+};
+
+void LookAfterRelease(int, int) {
+    LookAtPoint();
 }
 
-// --- Help
+constexpr int IconsAndPlot = PaintColumns | PaintRows;
+// clang-format off
+constexpr Mode Modes[] = { // ORDER GRAPHMODE
+    {Help::PlainGraph, Help::PlainGraph, IconsAndPlot,
+     PaintEntryPlot, SelectGraphPoint, SelectGraphPoint, LookAfterRelease, PlotKeyPressed},
+    {Help::Regression, Help::RegressionOfList, IconsAndPlot,
+     PaintEntryPlot, SelectGraphPoint, SelectGraphPoint, LookAfterRelease, PlotKeyPressed},
+    {Help::Extrapolation, Help::ExtrapolationOfList, IconsAndPlot | PaintCounts,
+     PaintExtrapolation, PressExtrapolation, MoveOverExtrapolation, LookAfterRelease, BoxKeyPressed},
+    {Help::BarChart, Help::BarChart, PaintAll,
+     PaintCharts, PressCharts, nullptr, StrokeCharts, KeyCharts},
+    {Help::PieChart, Help::PieChart, PaintAll,
+     PaintCharts, PressCharts, nullptr, StrokeCharts, KeyCharts},
+};
+// clang-format on
 
-struct ModeHelp {
-    Help Lines, InListAccount;
-};
-constexpr ModeHelp Modes[] = {
-    // ORDER GRAPHMODE
-    {Help::PlainGraph, Help::PlainGraph},
-    {Help::Regression, Help::RegressionOfList},
-    {Help::Extrapolation, Help::ExtrapolationOfList},
-    {Help::BarChart, Help::BarChart},
-    {Help::PieChart, Help::PieChart},
-};
+const Mode &CurrentMode() {
+    const int known = state.GraphMode >= PlainGraph && state.GraphMode <= PieChart ? state.GraphMode : +PlainGraph;
+    return Modes[known - 1];
+}
 
 // --- Titles
 
@@ -45,49 +76,33 @@ void DrawTitle() {
     DrawHeaderTitle(state.CurAccount.Name);
 }
 
-// Small drawings in a field of 13 by 13, one polyline each; the pie has its own.
-struct Glyph {
-    Point Points[7];
-    int Count;
-};
-constexpr Glyph Glyphs[] = {
-    // by icon, from the left
-    {{{0, 10}, {3, 5}, {6, 8}, {9, 2}, {12, 4}}, 5},
-    {{{0, 11}, {12, 1}}, 2},
-    {{{0, 11}, {7, 5}, {7, 1}, {7, 5}, {12, 5}}, 5},
-    {{{0, 12}, {0, 6}, {3, 6}, {3, 12}, {0, 12}}, 5},
-    {{{6, 0}, {6, 6}, {12, 6}}, 3},
-    {{{1, 6}, {11, 6}}, 2},
-};
-
-void DrawGlyph(int icon, int left, int top) {
-    const Glyph &glyph = Glyphs[icon - 1];
-    Point line[std::size(glyph.Points)];
-    for (int i = 0; i < glyph.Count; ++i)
-        line[i] = {left + glyph.Points[i].X, top + glyph.Points[i].Y};
-    if (icon == PieChart)
-        FillEllipse(TopWindow, {left, top, left + 13, top + 13}, PaleBlue, Black);
-    if (icon == BarChart) {
-        FillRect(TopWindow, {left + 5, top + 1, left + 8, top + 13}, Black);
-        FillRect(TopWindow, {left + 10, top + 4, left + 13, top + 13}, Black);
-    }
-    DrawPolyline(TopWindow, line, glyph.Count, Black);
-    if (icon == CountIcon && !state.GraphDecrement) {
-        const Point upright[] = {{left + 6, top + 1}, {left + 6, top + 11}};
-        DrawPolyline(TopWindow, upright, 2, Black);
-    }
+// The picture on an icon: the modes in their order, then how a tap on a box counts.
+int PictureOf(int icon) {
+    if (icon != CountIcon)
+        return icon - 1;
+    return state.GraphMode != Extrapolation ? 7 : state.IncrementMode ? 5 : 6;
 }
 
 void DrawIcons() {
     constexpr Bevel Pens = {White, DarkGold};
     FillRect(TopWindow, {0, HeaderBottom, ValueLeft, TitlesBottom}, BrushColour(TitleBrush));
     for (int icon = 1; icon <= CountIcon; ++icon) {
-        const int left = IconLeft + (icon - 1) * IconPitch;
+        const int left = IconLeft + (icon - 1) * IconPitch, cell = PictureOf(icon) * IconSize;
         const bool active = icon == state.GraphMode || (icon == CountIcon && state.GraphMode == Extrapolation);
-        DrawCell(TopWindow, HeaderBottom, TitlesBottom - 2, left, left + ModeIconSize, Pens,
+        DrawCell(TopWindow, HeaderBottom, TitlesBottom - 2, left, left + IconSize, Pens,
                  active ? PressedGold : TitleBrush, icon == state.GraphMode ? PressedCell : RaisedCell);
-        DrawGlyph(icon, left + 3, HeaderBottom + 4);
+        CopyImage(TopWindow, {left, HeaderBottom + 1}, GraphIcons, {cell, 0, cell + IconSize, IconSize}, Blit::And);
     }
+}
+
+// The strip left of the icons has the flag of the selected entry.
+void DrawFlagStrip() {
+    TRec row;
+    const bool selected = (state.GraphMode == PlainGraph || state.GraphMode == Regression) && state.SelectedEntry > 0 &&
+                          FetchTran(state.SelectedEntry, &row);
+    const bool flagged = selected && row.Flag >= 1 && row.Flag <= 3;
+    FillRect(TopWindow, {1, HeaderBottom, IconLeft, TitlesBottom},
+             flagged ? FlagColour(row.Flag) : BrushColour(TitleBrush));
 }
 
 void DrawColumns() {
@@ -104,7 +119,7 @@ void DrawColumns() {
 // --- Taps
 
 void ShowBarForMode() {
-    const bool on = ChartShown();
+    const bool on = ChartsScroll();
     if (!on && state.ScrollBarShown)
         PassOverRepaint();
     ShowListScrollBar(on);
@@ -113,7 +128,8 @@ void ShowBarForMode() {
 void ChooseMode(int x) {
     const int mode = (x - IconLeft - 1) / IconPitch + 1;
     const bool list = state.AccountKind == ListAccount;
-    ShowHelp(list ? Modes[mode - 1].InListAccount : Modes[mode - 1].Lines);
+    const Mode &chosen = Modes[mode - 1];
+    ShowHelp(list ? chosen.InListAccount : chosen.Lines);
     if (mode == Extrapolation && list) {
         Beep();
         return;
@@ -121,8 +137,11 @@ void ChooseMode(int x) {
     if (mode == state.GraphMode)
         return;
     state.GraphMode = mode;
+    state.PointerOn = 0;
+    if (ChartShown())
+        state.SelectedPos[GraphList] = state.TopPos[GraphList] = 1;
     SetGreys(GraphList);
-    doGraph(ListWindow, PaintAll);
+    doGraph(ListWindow, chosen.Mask);
 }
 
 void TurnCounting(int) {
@@ -131,9 +150,15 @@ void TurnCounting(int) {
         ShowHelp(Help::CountingElsewhere);
         return;
     }
-    state.GraphDecrement = !state.GraphDecrement;
-    ShowHelp(state.GraphDecrement ? Help::CountingDown : Help::CountingUp);
+    state.IncrementMode = !state.IncrementMode;
+    ShowHelp(state.IncrementMode ? Help::CountingUp : Help::CountingDown);
     doGraph(ListWindow, PaintColumns);
+}
+
+// Another measure is plotted: what was foretold from the last one is void.
+void PaintOtherMeasure() {
+    state.ExtrapReload = 1;
+    doGraph(ListWindow, PaintColumns | PaintRows | PaintCounts);
 }
 
 void TapValueTitle(int x) {
@@ -147,7 +172,7 @@ void TapValueTitle(int x) {
         StepMeasure(x);
     else if (!IsShare(state.AccountKind))
         ShowHelp(state.ReconciledView ? Help::ReconciledValueColumn : Help::ValueColumn);
-    doGraph(ListWindow, PaintColumns | PaintRows);
+    PaintOtherMeasure();
 }
 
 // Which balance the plot is of: the first tap after the value column only comes back to it.
@@ -160,12 +185,74 @@ void TapBalanceTitle(int) {
         ShowHelp(state.ReconciledView ? Help::BalanceOfReconciled : Help::BalanceOfAll,
                  state.GraphMode == Extrapolation ? AddedLine::RegressionBasis : AddedLine::None);
     }
-    doGraph(ListWindow, PaintColumns | PaintRows);
+    PaintOtherMeasure();
 }
 
-void PressPlot(int, int y) {
-    if (y < state.RowCount * RowHeight && (state.GraphMode == PlainGraph || state.GraphMode == Regression))
-        ShowHelp(Help::TapAnItem);
+// --- The plot: what happens on ListWindow is the mode's
+
+void PressPlot(int x, int y) {
+    CurrentMode().Press(x, y);
+}
+
+void MovePlot(int x, int y) {
+    if (CurrentMode().Move && y >= 0 && y < state.RowCount * RowHeight)
+        CurrentMode().Move(x, y);
+}
+
+void ReleasePlot(int x, int y) {
+    CurrentMode().Release(x, y);
+}
+
+int PlotKey(Key key) {
+    return CurrentMode().PressKey(key);
+}
+
+void PaintEntryPlot(int mask) {
+    if (!(mask & PaintRows))
+        return;
+    LoadGraphData(EntriesShown());
+    SelectSample(SampleOfEntry(state.SelectedEntry));
+    state.EntryCount[GraphList] = state.SampleTotal;
+    state.SelectedPos[GraphList] = state.SelectedEntry;
+    RecHLon(state.SelectedEntry, 0);
+    DrawFlagStrip();
+    DrawGraphOutline(state.SampleMin, state.SampleMax);
+    DrawGraph();
+}
+
+void PaintExtrapolation(int mask) {
+    if (mask & PaintRows) {
+        LoadGraphData(EntriesShown());
+        state.EntryCount[GraphList] = state.SampleTotal;
+        state.SelectedPos[GraphList] = SampleOfEntry(state.SelectedEntry) ? state.SelectedEntry : 0;
+        DrawFlagStrip();
+        if (state.ExtrapReload) {
+            RebuildExtrapolation(EntriesShown());
+            mask |= PaintCounts;
+        }
+        ScaleExtrapolation();
+        SetLineEnds();
+        DrawGraphOutline(state.SampleMin, state.SampleMax);
+        DrawExtrapolation();
+    }
+    if (mask & PaintCounts)
+        DrawBoxRow();
+}
+
+// The mode that this account can have.
+void SettleMode() {
+    const int mode = state.GraphMode == 0                                                          ? +PlainGraph
+                     : state.GraphMode == Extrapolation && state.CurAccount.AccType == ListAccount ? +Regression
+                                                                                                   : state.GraphMode;
+    if (mode == state.GraphMode)
+        return;
+    state.GraphMode = mode;
+    SetGreys(GraphList);
+}
+
+void ClearPlot(Window window, int mask) {
+    const bool keepsBoxes = state.GraphMode == Extrapolation && !(mask & PaintCounts) && !state.ExtrapReload;
+    FillRect(window, {0, keepsBoxes ? BoxRowBand().Bottom : 0, ScreenWidth, state.RowCount * RowHeight + 1}, White);
 }
 
 // clang-format off
@@ -179,20 +266,38 @@ constexpr TitleSpot Spots[] = {
 
 } // namespace
 
+int TitleKeyX(int title) {
+    if (title != 1) {
+        const TitleSpot &spot = Spots[title - 1];
+        return (spot.From + spot.To) / 2;
+    }
+    const int next = state.GraphMode % ModeIcons + 1;
+    const int mode = next == Extrapolation && state.AccountKind == ListAccount ? +BarChart : next;
+    return IconLeft + (mode - 1) * IconPitch + IconSize / 2;
+}
+
 void doGraph(Window window, int mask) {
+    SettleMode();
+    state.AccountKind = static_cast<int32_t>(state.CurAccount.AccType);
+    if (!MeasureIsKnown())
+        ReportError(In::doGraph, Trouble::CaseError);
     ShowBarForMode();
     if (mask & PaintTitle)
         DrawTitle();
     if (mask & PaintArrows)
         DrawHeaderArrows();
-    if (mask & PaintColumns)
+    if (mask & PaintColumns) {
         DrawColumns();
+        DrawFlagStrip();
+    }
     if (mask & PaintRows)
-        FillRect(window, {0, 0, ScreenWidth, state.RowCount * RowHeight + 1}, White);
-    if (mask & PaintCounts)
+        ClearPlot(window, mask);
+    CurrentMode().Paint(mask);
+    if (mask & (PaintCounts | PaintRows))
         UpdateCounts();
     if (mask & PaintTabs)
         DrawTabs();
+    DrawHubArrows();
 }
 
 // clang-format off
@@ -217,9 +322,12 @@ const ListScreen GraphScreen = {
     .GrabFloor = 0,
     .ColumnsExplained = false,
     .PressPlot = PressPlot,
+    .MovePlot = MovePlot,
+    .ReleasePlot = ReleasePlot,
+    .PlotKey = PlotKey,
     .Stroke = nullptr,
     .CanReorder = nullptr,
-    .Changed = nullptr,
+    .Changed = RecomputeBalances,
     .Drops = nullptr,
     .DropCount = 0,
 };

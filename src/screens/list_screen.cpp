@@ -6,6 +6,7 @@
 #include "frame/shown.h"
 #include "frame/tabs.h"
 #include "resources/geometry.h"
+#include "screens/hub_face.h"
 #include "screens/rows.h"
 #include "store/windows.h"
 
@@ -38,6 +39,14 @@ void PaintListRows(const ListScreen &screen, Window window) {
     for (int position = top; position < top + state.RowCount; ++position)
         screen.PaintRow(window, position, InList(position) && screen.Marked(position) ? MarkedRow : PlainRow);
     state.HighlightPos = 0;
+}
+
+// No tab can be tapped while a rate is picked.
+void PaintTabStrip(Window window) {
+    if (state.HubPicking)
+        FillRect(window, {0, TabTop(state.RowCount), ScreenWidth, TabTop(state.RowCount) + TabBand}, White);
+    else
+        DrawTabs();
 }
 
 } // namespace
@@ -79,7 +88,7 @@ void PaintListScreen(const ListScreen &screen, Window window, int mask) {
     }
     PaintSeparators(window);
     if (mask & PaintTabs)
-        DrawTabs();
+        PaintTabStrip(window);
     SetScrollBarThumb(state.TopPos[screen.List], state.EntryCount[screen.List] + 2);
 }
 
@@ -93,6 +102,7 @@ void RecHLon(int position, int refreshCounts) {
     }
     if (refreshCounts)
         UpdateCounts();
+    DrawHubArrows();
 }
 
 void RecHLoff() {
@@ -138,7 +148,7 @@ void SelectRow(int position) {
         return;
     LoadCurrentAccount();
     if (other)
-        state.GraphScale = 1;
+        state.BarZoom = 1;
 }
 
 void PaintTitles(const ColumnTitle *titles, int count, int brush, int lastBrush) {

@@ -73,9 +73,14 @@ struct ListScreen {
 
     // Gestures
     void (*PressPlot)(int x, int y); // where another screen has rows; null: nothing
-    void (*Stroke)(int position);    // null: none; also asked for a position past the end
-    bool (*CanReorder)();            // null: never
-    void (*Changed)();               // what is stale once a row has gone or moved; null: nothing
+    // What follows such a press until the release, and the release; null: nothing.
+    void (*MovePlot)(int x, int y) = nullptr;
+    void (*ReleasePlot)(int x, int y) = nullptr;
+    // Any key, before it means what it means elsewhere. 0: not taken.
+    int (*PlotKey)(Key key) = nullptr;
+    void (*Stroke)(int position); // null: none; also asked for a position past the end
+    bool (*CanReorder)();         // null: never
+    void (*Changed)();            // what is stale once a row has gone or moved; null: nothing
     const TabDrop *Drops;
     int DropCount;
 };

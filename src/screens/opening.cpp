@@ -1,6 +1,8 @@
 #include "screens/opening.h"
 #include "forms/forms.h"
 #include "frame/shown.h"
+#include "screens/hub.h"
+#include "screens/hub_values.h"
 #include "screens/list_screen.h"
 #include "screens/switching.h"
 #include "state/greys.h"
@@ -13,6 +15,8 @@ int OpenNewAccount(int) {
 }
 
 int OpenTransaction(int entryKind) {
+    if (entryKind == ReconcileEntry && state.HubState == SmallHub)
+        return AddReconcileEntry();
     return OpenTransactionForm(entryKind);
 }
 
@@ -38,6 +42,8 @@ int OpenTemplate(int) {
 }
 
 int OpenConversion(int) {
+    if (state.HubPicking)
+        return PickRate();
     return OpenWith(OpenConversionForm);
 }
 
@@ -53,7 +59,7 @@ constexpr int (*Openers[ListCount])(int entryKind) = {nullptr, OpenNewAccount, O
 } // namespace
 
 int DoButtonDblclk(Window window, int entryKind) {
-    if (window != ListWindow || state.ActiveDialog != NoDialog || !state.DataUsable)
+    if (window != ListWindow || (state.ActiveDialog != NoDialog && !state.HubPicking) || !state.DataUsable)
         return 0;
     // From the graph an entry's form opens over the transactions, and its end leads back.
     if (state.CurrentScreen == GraphList) {

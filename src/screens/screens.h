@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/event.h"
+#include "records/records.h"
 
 // Paint the bands of the current screen that the mask names (RepaintMask of frame/header.h). The window of rows
 // must be loaded.
@@ -22,3 +23,6 @@ void UpdateFRec(Window window, int position, int mode);
 void UpdateBinRec(Window window, int position, int mode);
 void UpdateCatRec(Window window, int position, int mode);
 void UpdateConRec(Window window, int position, int mode);
+
+// What a row of the bin shows as its value.
+FixedAmount BinnedValue(const BinRec &row);

@@ -1,4 +1,5 @@
 #include "screens/switching.h"
+#include "analysis/charts.h"
 #include "frame/changes.h"
 #include "frame/header.h"
 #include "frame/scroll.h"
@@ -85,7 +86,7 @@ void ShowNextTransactions(int forward) {
 void ShowNextGraph(int forward) {
     StepAccount(forward);
     state.SelectedPos[GraphList] = state.TopPos[GraphList] = 1;
-    state.GraphScale = 1;
+    state.BarZoom = 1;
     if (state.GraphMode == 3 && state.AccountKind == ListAccount)
         state.GraphMode = 2;
     SetGreys(GraphList);
@@ -104,7 +105,8 @@ void StepScreen(int forward, In function) {
         ShowNextTransactions(forward);
         return;
     case GraphList:
-        ShowNextGraph(forward);
+        if (!GraphScreen.PlotKey(forward ? Key::Right : Key::Left))
+            ShowNextGraph(forward);
         return;
     case RecurringList:
     case TemplateList:
@@ -159,6 +161,8 @@ void EnterScreen(int screen) {
         return;
     state.DragSource = 0; // what was held is let go
     const int before = state.CurrentScreen;
+    if (before == GraphList)
+        EndCharts();
     if (screen == TransactionList) {
         EnterTransactions();
         return;

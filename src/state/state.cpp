@@ -1,4 +1,5 @@
 #include "state/state.h"
+#include "resources/hub_keys.h"
 #include <cstring>
 #include <initializer_list>
 #include <type_traits>
@@ -19,9 +20,20 @@ void ResetState() {
     state.CurrentKey = NoKey;
     state.DrawDepth = 3;
     state.RecurringInOrder = 1;
-    state.GraphScale = 1;
+    state.BarZoom = 1;
+    state.AnalysisGroup = 1;
+    state.Mixed.ColLink = LinkRed;
     state.BalanceView = 1;
+    state.PlotBand = 15;
+    state.PlotBase = 5;
+    state.PlotYScale = state.UnitsPerRow = state.RowsPerDay = 1;
+    state.SelectedSample = -1;
+    state.IncrementMode = state.ExtrapReload = 1;
     state.ColumnRepaintGate = 1;
+    state.CalcLine = LineXKey;
+    state.CalcOp = PlusKey;
+    state.EntryState = -1;
+    state.CalcDecimals = 3;
     state.FirstSign = state.SecondSign = 1;
     state.LeftEye = state.RightEye = 9;
     std::memset(state.ItemEnabled, 1, sizeof state.ItemEnabled); // what SetGreys leaves alone can be chosen

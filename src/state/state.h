@@ -18,7 +18,9 @@ inline constexpr int RowsAboveMessages = 7; // rows with it
 inline constexpr int ScreenCount = 8;
 inline constexpr int RunBytes = 256 * 1064; // one run of records, of the widest kind
 inline constexpr int MostCandidates = 20;   // of the reconcile search: 2^20 subsets are still instant
-inline constexpr int32_t NoKey = 2000000;   // CurrentKey when nothing is enciphered
+inline constexpr int MostSamples = 100;     // of a plot: more would stand on one pixel of x
+inline constexpr int AxisRoom = 18;
+inline constexpr int32_t NoKey = 2000000; // CurrentKey when nothing is enciphered
 
 // What owns input: a form, an overlay, or nothing. The numbers stand in the tables of forms and greys.
 enum Dialog : int {
@@ -69,6 +71,8 @@ struct TitleWords { // a column's title as it was painted; none when Left is Rig
 };
 inline constexpr int MostTitles = 6;
 
+enum HubStates : int32_t { HubClosed, SmallHub, LargeHub }; // the large one is the calculator
+
 enum class ReconcileStep : int32_t { Idle, Impossible, Solved, Computing };
 
 // Why DataUsable is 0. ORDER DATAREFUSAL
@@ -111,6 +115,16 @@ union WorkingRow { // by the form that is open
     CurRec Conversion;
 };
 inline constexpr int ShownFields = 32, ShownRoom = 40;
+
+// A colour being mixed: seven linked parameters, each 0 to 255. ORDER COLOURLINK: red, green, blue, contrast, hue,
+// luminosity, saturation
+enum ColourLink : int32_t { LinkRed = 2, LinkGreen, LinkBlue, LinkContrast, LinkHue, LinkLuminosity, LinkSaturation };
+struct ColourState {
+    int32_t ColR, ColG, ColB, ColH, ColS, ColL, ColC;
+    int32_t ColLink;          // the parameter on the slider
+    int32_t RefR, RefG, RefB; // what contrast is taken from: the colour when it was linked
+    int32_t MarkX, MarkY;     // of the cone's marker, 0 to 255
+};
 
 inline constexpr int EveryBand = 1023; // the mask that means everything to a paint procedure
 using PaintProcedure = void (*)(Window window, int mask);
@@ -226,18 +240,79 @@ struct State {
     uint32_t ColumnRepaintGate;
 
     // Graph
-    int32_t GraphMode; // 0 none yet, 1 graph, 2 regression, 3 extrapolation, 4 bars, 5 pies
-    int32_t GraphScale;
-    uint32_t BalanceView;    // 1: the Balance column is plotted, 0: the value column
-    uint32_t BackToGraph;    // a form opened from the graph leads back to it
-    uint32_t GraphDecrement; // extrapolation: a tap on the box counts down
+    int32_t GraphMode;    // 0 none yet, 1 graph, 2 regression, 3 extrapolation, 4 bars, 5 pies
+    int32_t BarZoom;      // of bars: 1, 3, 9 ... 243
+    uint32_t BalanceView; // 1: the Balance column is plotted, 0: the value column
+    uint32_t BackToGraph; // a form opened from the graph leads back to it
+    // Its sample table: the newest entries of the account, as pixels of ListWindow; lives as long as a redraw. Samples
+    // count from 1, oldest first, and point 0 repeats point 1.
+    int32_t SamplePos[MostSamples + 1]; // record in the file
+    Point SamplePt[MostSamples + 1];
+    int32_t SampleCount, SampleTotal; // samples; all records of the file
+    FixedAmount SampleMin, SampleMax; // they take in zero
+    int32_t MinIndex, MaxIndex;       // samples that hold the extremes
+    int32_t SelectedSample;           // under the pointer; -1 before the first plot, 0 none
+    int32_t SelectedEntry;            // record selected on this tab, 0 none
+    uint32_t LastPlottedAccount;      // ID for which SelectedEntry was chosen
+    uint32_t LastPlottedView;         // bit 0 the archive, bit 1 a filter
+    // Scaling: pixels before PlotYScale
+    int32_t PlotBand, PlotBase; // height of a grid row; top of the plot
+    int64_t PlotZero;           // of the zero row below PlotBase
+    float PlotYScale;           // 7/12 above the message window
+    uint32_t PointerOn;
+    uint32_t PlotHeld;        // the stylus went down on the plot
+    Point AxisLine[AxisRoom]; // as drawn last, to be drawn again over the curve
+    int32_t AxisPoints;       // of AxisLine in use
+    Point LineEnds[2];        // of the regression line, as drawn
+    char16_t AxisText[16];    // the latest answer of Ystr
+    // Regression
+    float RegSlope, RegIntercept; // rows for a pixel of x; row at x 0
+    float UnitsPerRow;            // whole units for a row
+    float RowsPerDay;             // despite its name pixels of x for a day
+    int32_t FirstValue;           // whole units at the first sample
+    uint32_t FirstDay;            // day number of the first sample
+    int32_t DaySpan;              // first to last sample, 1 on the same day
+    // Extrapolation
+    RecDate FirstDate, LastDate;        // of the first and last sample
+    RecDate LeftDate, TargetDate;       // of the ends of the plot; TargetDate stands in the boxes
+    FixedAmount LeftValue, TargetValue; // predicted for them
+    int32_t ExtrapValue, ExtrapPercent; // of the boxes: whole units, -50 to 50
+    int32_t BoxSelection, BoxIndex;     // a Box of analysis/extrapolation.h; its part from 1
+    uint32_t IncrementMode;             // 1: a tap on a box counts up
+    uint32_t ExtrapReload;              // 1: all of this must be built again from the account
+    RecDate PointerDate;                // under the pointer
+    int32_t PointerX, PointerY;         // on the line, Y before PlotYScale
+
+    // Charts of the graph screen: its EntryCount, TopPos and SelectedPos are segments of the chart work file
+    int32_t AnalysisGroup, AnalysisOrder;    // of analysis/charts.h
+    uint32_t ShowPercent;                    // bars are labelled with percentages
+    int32_t DroppedList;                     // 0 none, 1 the groups, 2 the orders
+    FixedAmount LargestCredit, LargestDebit; // magnitudes, of one segment
 
     // Hub
-    int32_t HubState; // 0 closed, 1 hub, 2 calculator
+    int32_t HubState;         // a HubStates
+    FixedAmount CalcX, CalcY; // first and second operand
+    FixedAmount CalcZ;        // result
+    FixedAmount CalcMemory;
+    int32_t CalcLine;              // the active line: LineXKey, LineYKey or LineZKey of resources/hub_keys.h
+    int32_t CalcOp;                // PlusKey to DivideKey
+    int32_t EntryState;            // -1 the next digit begins a number, 0 whole digits, 1 to 3 that decimal, 4 full
+    uint32_t CalcError;            // 1: the display shows stars
+    int32_t CalcDecimals;          // shown: 2 or 3
+    uint32_t HubPicking;           // 1 while the conversions are shown for a rate to be picked
+    int32_t PickScreen;            // to return to then
+    int32_t PickSelected, PickTop; // of the conversions before
+    int32_t CoveredFocus;          // control that had the focus of the form under the calculator
 
     // Palette: entries count from 1; entry i + 60 is i moved in hue
     Colour Palette[125];
-    Colour CategoryColour; // of CategoryBrush, set for each category row
+    ColourState Mixed;                // the colour on the palette screen
+    int32_t PaletteSquare;            // entry that a second tap stores the colour into, 0 none
+    uint32_t CategoryArmed;           // the next tap on the category gives it the colour
+    int32_t PaletteHeld;              // part under the stylus that follows it, 0 none
+    int32_t DigitsTyped;              // into the linked parameter since something else was done
+    const struct Form *PaletteReturn; // form to go back to
+    Colour CategoryColour;            // of CategoryBrush, set for each category row
 
     // Report of the last import, shown by the message ids -1 to -6. ORDER REPORTLINE: well formed, badly formed,
     // skipped as requested, unreadable, file too big, and the number of entries that the file held

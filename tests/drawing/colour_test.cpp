@@ -31,9 +31,9 @@ TEST(ColourModel, HuesAndGreysComeOutAsTheHelpSays) {
     } cases[] = {
         // clang-format off
         {255,   0,   0,   0, 127, 255, 255}, {  0, 255,   0,  85, 127, 255, 255}, {  0,   0, 255, 170, 127, 255, 255},
-        {255, 255,   0,  42, 127, 255, 255}, {  0, 255, 255, 127, 127, 255, 255}, {255,   0, 255, 213, 127, 255, 255},
+        {255, 255,   0,  41, 127, 255, 255}, {  0, 255, 255, 126, 127, 255, 255}, {255,   0, 255, 213, 127, 255, 255},
         {  0,   0,   0,   0,   0,   0,   0}, {255, 255, 255,   0, 255,   0,   0}, {100, 100, 100,   0, 100,   0,   0},
-        {200, 200, 200,   0, 200,   0,   0}, { 43, 211, 159, 114, 127, 168, 168}, {100,   0,   0,   0,  50, 252, 100},
+        {200, 200, 200,   0, 200,   0,   0}, { 43, 211, 159, 113, 127, 168, 168}, {100,   0,   0,   0,  50, 252, 100},
         {255, 205, 205,   0, 230, 245,  50}, {300,  -5,   0,   0, 127, 255, 255},
         // clang-format on
     };
@@ -57,8 +57,8 @@ TEST(ColourModel, MixedColoursAreTheOnesAskedFor) {
     };
     for (const auto &row : cases)
         EXPECT_EQ(HlsToRgb(row.H, row.L, row.S), row.Wanted) << row.H << ' ' << row.L << ' ' << row.S;
-    EXPECT_EQ(BevelOfList(ConversionList).Light, Rgb(152, 234, 209));
-    EXPECT_EQ(BevelOfList(ConversionList).Dark, Rgb(28, 138, 104));
+    EXPECT_EQ(BevelOfList(ConversionList).Light, Rgb(152, 234, 207));
+    EXPECT_EQ(BevelOfList(ConversionList).Dark, Rgb(28, 138, 101));
 }
 
 TEST(ColourModel, TextOnAColourStaysReadable) {

@@ -4,6 +4,7 @@
 #include "host/hands.h"
 #include "host/rows.h"
 #include "resources/menus.h"
+#include "screens/hub.h"
 #include "state/state.h"
 #include <gtest/gtest.h>
 
@@ -50,7 +51,7 @@ void DoAnything(Dice &dice) {
     case 6:
         return Tap(tab.X, tab.Y);
     case 7:
-        return SendKey(static_cast<Key>(1 + Any(dice, static_cast<int>(Key::Tick))));
+        return SendKey(static_cast<Key>(1 + Any(dice, static_cast<int>(Key::HubKeys) + ConeKey)));
     case 8:
         return void(command == CommandExit || SendCommand(command));
     case 9:
@@ -73,11 +74,14 @@ std::string WhatIsWrong() {
         return "no such screen or top";
     if (state.RepaintSkip)
         return "a later paint request would be lost";
-    for (const Window window : {TopWindow, ListWindow, DialogWindow})
+    for (const Window window : {TopWindow, ListWindow, HostWindow, DialogWindow, HubWindow})
         if (machine.Shown[window] && !Remains(window).empty())
             return "remains of an earlier picture";
+    const bool panel = state.HubState == SmallHub;
+    if (machine.Shown[HubWindow] != panel || (state.HubPicking && !panel) || (panel && state.RowCount != 7))
+        return "the hub is not what it shows";
     if (state.ActiveDialog != NoDialog)
-        return "";
+        return machine.Shown[DialogWindow] != HubCoversForm() ? "" : "the form is not where it is heard";
     if (state.RowCount != (state.MessageWindowOn ? 7 : 12))
         return "wrong number of rows";
     if (TextAt(TopWindow, {210, 0, 240, 15}) != std::to_string(state.EntryCount[screen]))

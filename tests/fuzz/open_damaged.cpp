@@ -1,5 +1,6 @@
 // The whole program over damaged data: whatever stands in a file, it starts, shows, answers and leaves. The sanitizers
 // watch; what was refused for its version is not touched.
+#include "frame/form.h"
 #include "host/fuzz.h"
 #include "host/hands.h"
 #include "resources/menus.h"
@@ -34,10 +35,25 @@ void WalkAllScreens() {
     }
 }
 
+// The category form leads to it and is not there meanwhile.
+void WorkThePalette() {
+    for (const Point spot : {Point{10, 35}, {136, 80}, {210, 90}, {100, 145}, {160, 195}, {160, 195}})
+        Tap(spot.X, spot.Y);
+    SendCommand(CommandTick);
+}
+
 void WorkTheForm() {
+    bool palette = false; // once is enough, it is a whole screen
     for (int y = 0; y < 190 && state.OpenedForm; y += 12)
-        for (int x = 3; x < 240 && state.OpenedForm; x += 24)
+        for (int x = 3; x < 240 && state.OpenedForm; x += 24) {
+            if (palette && DialogItemAtPos(x, y) == ColourItem)
+                continue;
             Tap(x, 26 + y);
+            if (state.ActiveDialog == PaletteDialog) {
+                WorkThePalette();
+                palette = true;
+            }
+        }
     for (const int id : std::vector<int>(form.Order)) {
         Choose(id, ControlItemCount(id) - 1);
         SetText(id, "7");

@@ -103,7 +103,7 @@ static void TapScrollBar(int y) {
 
 static ControlState *Workable(int id) {
     const auto found = form.Controls.find(id);
-    if (found == form.Controls.end() || !found->second.Enabled || !found->second.Shown)
+    if (found == form.Controls.end() || !found->second.Enabled || !found->second.Shown || !machine.Shown[DialogWindow])
         return nullptr;
     return &found->second;
 }

@@ -62,7 +62,9 @@ TEST(Keys, EveryKeyOfTheTableIsSentAndNoOther) {
         {Qt::Key_PageUp, {}, "scroll PageUp", ""},
         {Qt::Key_End, {}, "scroll Bottom", ""},
         {Qt::Key_Up, Qt::ShiftModifier, "", ""},
-        {Qt::Key_Q, {}, "", "control 1002 Text"},
+        {Qt::Key_Q, {}, "character q", "control 1002 Text"},
+        {Qt::Key_Plus, Qt::KeypadModifier, "character +", "control 1002 Text"},
+        {Qt::Key_K, Qt::ControlModifier, "hub 35", "hub 35"},
     };
     for (const auto &row : Keys) {
         PressKey(row.Key, row.Modifiers);

@@ -28,7 +28,11 @@ static std::string Words(const Event &event) {
         return std::string(Pointer[static_cast<size_t>(event.Kind)]) + " " + WindowNames[event.Where] + " " +
                std::to_string(event.X) + "," + std::to_string(event.Y);
     case EventKind::Key:
+        if (event.Code >= static_cast<int>(Key::HubKeys))
+            return "hub " + std::to_string(event.Code - static_cast<int>(Key::HubKeys));
         return std::string("key ") + KeyNames[code];
+    case EventKind::Character:
+        return std::string("character ") + static_cast<char>(event.Code);
     case EventKind::Command:
         return "command " + std::to_string(event.Code);
     case EventKind::Control:

@@ -125,6 +125,36 @@ TEST(Surface, PaintingOutsideAWindowOrWithNothingToPaintIsHarmless) {
     EXPECT_FALSE(ColoursOf(ListWindow, {0, 0, 240, 262}).contains(0));
 }
 
+// Slanted lines: pixel for pixel where pixels are large, smooth from 1.5 on.
+TEST(Surface, SlantedLinesAreExactAtScaleOneAndSmoothFromOneAndAHalf) {
+    const Point curve[] = {{10, 10}, {20, 15}, {23, 30}, {15, 30}};
+    const Point shape[] = {{60, 10}, {80, 14}, {80, 24}, {60, 20}};
+    for (const double scale : Scales) {
+        SCOPED_TRACE(scale);
+        Begin(scale);
+        FillRect(ListWindow, {0, 0, 240, 262}, 0xffffff);
+        DrawPolyline(ListWindow, curve, 4, 0);
+        EXPECT_EQ(ColoursOf(ListWindow, {5, 5, 30, 35}).size() > 2, scale >= 1.5);
+        FillPolygon(ListWindow, shape, 4, 0, 0);
+        FillEllipse(ListWindow, {100, 10, 120, 30}, 0, 0);
+        EXPECT_EQ(ColoursOf(ListWindow, {50, 5, 130, 35}).size() > 2, scale >= 1.5);
+    }
+    Begin(1);
+    FillRect(ListWindow, {0, 0, 240, 262}, 0xffffff);
+    DrawPolyline(ListWindow, curve, 3, 0);
+    const QImage &image = *host.Windows[ListWindow]->PersistentImage();
+    int black = 0;
+    for (int y = 0; y < 40; ++y)
+        for (int x = 0; x < 40; ++x)
+            black += (image.pixel(x, y) & 0xffffff) == 0;
+    EXPECT_EQ(black, 11 + 15); // one in each column, then one in each row
+    for (const Point &on : {Point{10, 10}, {12, 11}, {14, 12}, {20, 15}, {21, 20}, {23, 30}})
+        EXPECT_EQ(image.pixel(on.X, on.Y) & 0xffffff, 0u) << on.X << ", " << on.Y;
+    const Point away[] = {{-2000000000, 7}, {2000000000, 250}, {5, -2000000000}};
+    DrawPolyline(ListWindow, away, 3, 0x445566); // as far as numbers go, and at once
+    EXPECT_TRUE(ColoursOf(ListWindow, {0, 0, 240, 262}).contains(0x445566));
+}
+
 TEST(Surface, ShowNowShowsWithoutTakingInput) {
     Begin();
     FillRect(ListWindow, {0, 0, 240, 262}, 0x336699);

@@ -6,6 +6,7 @@
 #include "hosts/qt/device.h"
 #include "platform/controls.h"
 #include "platform/shell.h"
+#include "resources/hub_keys.h"
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -38,6 +39,9 @@ constexpr KeyRow Control(int qtKey, Key key, Where place = OnScreens) {
 }
 constexpr KeyRow WithAlt(int qtKey, Key key) {
     return {qtKey, Qt::AltModifier, Does::SendKey, static_cast<int>(key)};
+}
+constexpr Key KeyOfHub(HubKeyNumber key) {
+    return static_cast<Key>(static_cast<int>(Key::HubKeys) + key);
 }
 constexpr KeyRow Scroll(int qtKey, ScrollCode code) {
     return {qtKey, Qt::NoModifier, Does::SendScroll, static_cast<int>(code), OnScreens, true};
@@ -79,6 +83,8 @@ constexpr KeyRow Keys[] = {
     // The tick is the default of a form.
     Press(Qt::Key_Return, Key::Tick, InForms), Press(Qt::Key_Enter, Key::Tick, InForms),
     {Qt::Key_F10, Qt::NoModifier, Does::OpenMenu, 0, Anywhere},
+    Control(Qt::Key_H, Key::HubButton, Anywhere), Control(Qt::Key_K, KeyOfHub(ConeKey), Anywhere),
+    Press(Qt::Key_F8, KeyOfHub(ReadKey)),   Press(Qt::Key_F9, KeyOfHub(WriteKey)),
 };
 // clang-format on
 
@@ -99,11 +105,23 @@ const KeyRow *RowOf(const QKeyEvent &event, Where place) {
     return nullptr;
 }
 
+// What is typed on a screen and no key of the table.
+bool TakeCharacter(const QKeyEvent &event) {
+    const QString typed = event.text();
+    if (typed.isEmpty() || !typed[0].isPrint() ||
+        event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        return false;
+    for (const QChar unit : typed)
+        Deliver({.Kind = EventKind::Character, .Code = unit.unicode()});
+    return true;
+}
+
 bool Take(const QKeyEvent &event) {
-    const Where place = OpenFormNumber() ? InForms : OnScreens;
+    const bool inForm = OpenFormNumber() && !host.Windows[DialogWindow]->isHidden(); // else the calculator covers it
+    const Where place = inForm ? InForms : OnScreens;
     const KeyRow *const row = RowOf(event, place);
     if (!row)
-        return false;
+        return !inForm && TakeCharacter(event);
     if (place == InForms && row->Modifiers == Qt::NoModifier && IsTheControls(event.key(), host.Frame->focusWidget()))
         return false;
     if (event.isAutoRepeat() && !row->Repeats)

@@ -1,5 +1,6 @@
 // surface.h on the persistent images of the program's windows. Boxes and axis-parallel lines are written straight into
-// the image, whole pixels of one colour; everything else is painted antialiased.
+// the image, whole pixels of one colour. Slanted lines and shapes are antialiased from SmoothFrom on; below it they are
+// whole logical pixels too, since smoothing would only blur them.
 #include "platform/surface.h"
 #include "hosts/qt/art.h"
 #include "hosts/qt/device.h"
@@ -95,13 +96,40 @@ QPointF Middle(const Point &point, int width) {
     return {(point.X + width / 2.0) * host.Factor, (point.Y + width / 2.0) * host.Factor};
 }
 
-// Paints one outline, antialiased, and marks what it covers.
+constexpr double SmoothFrom = 1.5;
+
+bool Smooth() {
+    return host.Factor >= SmoothFrom;
+}
+
+// A slanted line of whole logical pixels, both ends included: one in each column, or in each row where it is steep.
+void StepLine(Window window, const Point &from, const Point &to, Colour pen, int width) {
+    constexpr int64_t Reach = 4096; // no window is that large: what lies beyond is not stepped through
+    const int64_t dx = int64_t{to.X} - from.X, dy = int64_t{to.Y} - from.Y;
+    const bool steep = std::abs(dy) > std::abs(dx);
+    const int64_t along = std::abs(steep ? dy : dx), across = steep ? dx : dy, sign = (steep ? dy : dx) < 0 ? -1 : 1;
+    const int64_t start = steep ? from.Y : from.X;
+    // The steps whose pixel may lie in a window.
+    const int64_t one = (-Reach - start) * sign, other = (Reach - start) * sign;
+    for (int64_t n = std::max<int64_t>(0, std::min(one, other)); n <= std::min(along, std::max(one, other)); ++n) {
+        // Rounded to the nearest pixel, halves away from the start's side.
+        const int64_t twice = 2 * n * across, off = (twice + (across < 0 ? -along : along)) / (2 * along);
+        const int64_t x = steep ? from.X + off : from.X + sign * n, y = steep ? from.Y + sign * n : from.Y + off;
+        if (std::abs(x) < Reach && std::abs(y) < Reach)
+            FillRect(
+                window,
+                {static_cast<int>(x), static_cast<int>(y), static_cast<int>(x) + width, static_cast<int>(y) + width},
+                pen);
+    }
+}
+
+// Paints one outline and marks what it covers.
 void PaintPath(Window window, const QPainterPath &path, const QPen &pen, const QBrush &brush) {
     QImage *const image = ImageOf(window);
     if (!image)
         return;
     QPainter painter(image);
-    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::Antialiasing, Smooth());
     painter.setPen(pen);
     painter.setBrush(brush);
     painter.drawPath(path);
@@ -161,6 +189,10 @@ void DrawPolyline(Window window, const Point *points, int count, Colour pen, int
                      {std::min(from.X, to.X), std::min(from.Y, to.Y), std::max(from.X, to.X) + width,
                       std::max(from.Y, to.Y) + width},
                      pen);
+            continue;
+        }
+        if (!Smooth()) {
+            StepLine(window, from, to, pen, width);
             continue;
         }
         const QPointF start = Middle(from, width);

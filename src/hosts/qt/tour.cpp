@@ -66,7 +66,8 @@ constexpr int RowY(int row) {
 constexpr int TabX(int slot) {
     return (slot - 1) * 37 + 20;
 }
-constexpr int LowTabY = 280, BarY = 307;
+constexpr int LowTabY = 280, BarY = 307, HubButtonX = 125, HubY = 215;
+constexpr int IconY = 52, PlotY = 62, BarX = 73, PieX = 93, GroupY = 72, OrderY = 89; // of the graph screen
 
 // clang-format off
 constexpr Step Steps[] = {
@@ -89,13 +90,35 @@ constexpr Step Steps[] = {
     DoubleTap(50, RowY(1)), Picture("template"), Press(Qt::Key_Escape),
     Tap(TabX(6), LowTabY), Picture("bin"),
     Show(CategoryList), Picture("categories"),
-    DoubleTap(100, RowY(1)), Picture("category"), Press(Qt::Key_Escape),
+    DoubleTap(100, RowY(1)), Picture("category"),
+    Tap(120, 98), Picture("palette"), Tap(41, 127), Tap(180, 145), Tap(210, 70), Picture("palette-mixed"),
+    Tap(160, 195), Press(Qt::Key_F1), Picture("palette-with-help"), Tap(160, 195), Press(Qt::Key_F1),
+    Press(Qt::Key_Return), Picture("category-recoloured"), Press(Qt::Key_Escape),
     Show(ConversionList), Picture("conversions"),
     DoubleTap(50, RowY(1)), Picture("conversion"), Press(Qt::Key_Escape),
     Press(Qt::Key_F10), Press(Qt::Key_Return), Picture("notepad"), Press(Qt::Key_Escape),
     Press(Qt::Key_F10), Press(Qt::Key_Down), Press(Qt::Key_Right), Press(Qt::Key_Return), Picture("settings"),
     Press(Qt::Key_Escape),
-    Show(GraphList), Picture("graph"),
+    Show(GraphList), Press(Qt::Key_Right), Picture("graph"), Tap(97, PlotY + 52), Picture("graph-point"),
+    Tap(33, IconY), Picture("regression"),
+    Tap(53, IconY), Picture("extrapolation"), Tap(83, PlotY + 12), Tap(189, PlotY + 12), Tap(130, PlotY + 12),
+    Tap(150, PlotY + 90), Picture("extrapolation-changed"), Tap(13, IconY),
+    Press(Qt::Key_Left),
+    Tap(200, 33), Tap(PieX, IconY), Picture("pie"), Tap(110, 190), Picture("pie-segment"), Tap(190, GroupY), Picture("pie-groups"),
+    Tap(190, GroupY + 30), Tap(190, OrderY), Picture("pie-orders"), Tap(170, OrderY + 58),
+    Picture("pie-by-category"), Press(Qt::Key_F1), Picture("pie-with-help"),
+    Tap(BarX, IconY), Picture("bars-with-help"), Press(Qt::Key_F1), Picture("bars"),
+    Tap(190, GroupY), Tap(190, GroupY + 58), Tap(40, 88), Picture("bars-by-month"),
+    Drag(100, 150, 60, 150), Picture("bars-stretched"), Drag(60, 150, 100, 150),
+    Tap(190, GroupY), Tap(190, GroupY + 100), Picture("debits-and-credits"),
+    Press(Qt::Key_F1), Picture("debits-and-credits-with-help"), Press(Qt::Key_F1), Tap(13, IconY),
+    Show(TransactionList), Tap(60, RowY(2)), Tap(HubButtonX, BarY), Tap(98, HubY + 22), Picture("hub"),
+    Tap(HubButtonX, BarY), Picture("calculator"),
+    Tap(109, 139), Tap(165, 233), Tap(122, 259), Tap(205, 139), Picture("calculated"),
+    Tap(35, 228), DoubleTap(50, RowY(1)), Picture("picked-rate"),
+    Tap(35, 228), Picture("pick-a-rate"), Press(Qt::Key_Escape),
+    DoubleTap(60, RowY(9)), Tap(HubButtonX, BarY), Tap(45, 101), Tap(130, HubY + 65), Tap(160, HubY + 65),
+    Picture("hub-types-into-a-form"), Press(Qt::Key_Escape), Press(Qt::Key_Escape),
     Show(TransactionList), DoubleTap(60, RowY(9)), Tap(215, 198), Picture("new-entry-advanced"), Press(Qt::Key_Escape),
     Drag(60, RowY(9), 130, RowY(9)), Picture("new-reconcile"), Press(Qt::Key_Escape),
     Press(Qt::Key_F10), Press(Qt::Key_Right), Press(Qt::Key_Down), Press(Qt::Key_Return), Picture("export"),
@@ -113,7 +136,9 @@ constexpr Step Steps[] = {
     Press(Qt::Key_Return), Picture("filtered"),
     Press(Qt::Key_F1), Picture("filtered-with-help"),
     Show(AccountList), Picture("accounts-with-help"),
-    Show(GraphList), Picture("graph-with-help"),
+    Show(GraphList), Press(Qt::Key_Right), Picture("graph-with-help"),
+    Tap(53, IconY), Tap(150, PlotY + 60), Picture("extrapolation-with-help"),
+    Tap(33, IconY), Press(Qt::Key_Up), Picture("regression-with-help"), Press(Qt::Key_Left),
     Show(RecurringList), Picture("recurring-with-help"),
     Show(TemplateList), Picture("templates-with-help"),
     Show(BinList), Picture("bin-with-help"),
