@@ -12,7 +12,6 @@
 #include "platform/text.h"
 #include "rows.h"
 #include "store/configuration.h"
-#include "frame/changes.h"
 #include <algorithm>
 #include <ctime>
 

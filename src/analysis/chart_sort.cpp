@@ -1,6 +1,7 @@
 // The order of the segments: a sort of texts, "magnitude:place" or "title:place", the place filling eight digits. Runs
 // that fit into the one buffer are sorted there; longer files are merged through their own second half, so that memory
 // stays bounded whatever their length.
+#include "analysis/chart_sort.h"
 #include "analysis/chart_file.h"
 #include "analysis/charts.h"
 #include "state/error_log.h"

@@ -1,5 +1,6 @@
 #include "analysis/charts.h"
 #include "analysis/chart_file.h"
+#include "analysis/chart_sort.h"
 #include "analysis/graph_value.h"
 #include "drawing/colour_model.h"
 #include "drawing/colours.h"

@@ -34,8 +34,6 @@ int32_t ConvertRecToGRec(const Place &place);
 
 // The shares of each segment in credits, debits and magnitudes, 0 where there are none.
 void CalcRatios();
-// Puts CHART into state.AnalysisOrder. Loses what stood in state.RunBuffer.
-void SortGRecs();
 // What an entry must have to be in a segment, as a filter asks for it (FilterBy has the numbers of the groups).
 void CriteriaFromSegment(const GRec &segment, struct FilterCriteria *criteria);
 // Removes CHART.

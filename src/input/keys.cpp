@@ -6,6 +6,7 @@
 #include "input/wndproc.h"
 #include "platform/shell.h"
 #include "resources/menus.h"
+#include "screens/graph_frame.h"
 #include "screens/graph_gestures.h"
 #include "screens/list_screen.h"
 #include "screens/moving.h"

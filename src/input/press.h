@@ -7,10 +7,6 @@ void DoButtonDown(Window window, int x, int y);
 // The host's double tap: a row opens, anything else takes it as a press.
 void DoDoubleTap(Window window, int x, int y);
 
-// What the open hub takes before anything else hears of it: presses on it, the cross, the keys of a calculator. A paint
-// request is answered for its windows and goes on to the others.
-bool HubHears(const Event &event);
-
 // What lies under a point of ListWindow: 1 and up a row, -1 to -8 a tab, -13 the page button, 0 anything else.
 int LinePos(Window window, int x, int y);
 

@@ -1,10 +1,10 @@
 // How pies and bars look.
+#include "screens/chart_picture.h"
 #include "drawing/cells.h"
 #include "drawing/colour_model.h"
 #include "drawing/colours.h"
 #include "platform/text.h"
 #include "resources/art.h"
-#include "screens/chart_layout.h"
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -145,7 +145,7 @@ void PaintDroppedList() {
     FillRect(ListWindow, box, Paper);
     Frame(box, Rim);
     for (int entry = 0; entry < DropCount(list); ++entry) {
-        const Rect row = DropRow(list, entry);
+        const Rect row = DropEntryBox(list, entry);
         if (entry == Chosen(list))
             FillRect(ListWindow, row, BrushColour(PressedGold));
         PaintChoice(list, entry, row);

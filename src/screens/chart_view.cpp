@@ -4,7 +4,7 @@
 #include "frame/header.h"
 #include "frame/scroll.h"
 #include "frame/shown.h"
-#include "screens/chart_layout.h"
+#include "screens/chart_picture.h"
 #include "state/messages.h"
 #include <algorithm>
 #include <cstdlib>
@@ -112,7 +112,7 @@ int PressList(int x, int y) {
     if (list == NoDropList)
         return 0;
     for (int entry = 0; entry < DropCount(list); ++entry)
-        if (Inside(DropRow(list, entry), x, y)) {
+        if (Inside(DropEntryBox(list, entry), x, y)) {
             Choose(list, entry);
             return 1;
         }

@@ -1,4 +1,5 @@
 // The row of boxes above an extrapolation: zero button, eight digits, percentage, date.
+#include "screens/graph_boxes.h"
 #include "analysis/extrapolation.h"
 #include "drawing/colours.h"
 #include "drawing/geometry.h"

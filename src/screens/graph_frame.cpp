@@ -1,5 +1,6 @@
 // Screen 3: the frame of the graph: header, the row of mode icons, the two titles that choose what is plotted, and the
 // table of modes: what each paints and how it answers stylus and keys.
+#include "screens/graph_frame.h"
 #include "analysis/extrapolation.h"
 #include "analysis/graph_data.h"
 #include "analysis/graph_value.h"
@@ -14,7 +15,9 @@
 #include "resources/art.h"
 #include "resources/geometry.h"
 #include "screens/chart_view.h"
+#include "screens/graph_boxes.h"
 #include "screens/graph_gestures.h"
+#include "screens/graph_outline.h"
 #include "screens/graph_plot.h"
 #include "screens/hub_face.h"
 #include "screens/list_screen.h"

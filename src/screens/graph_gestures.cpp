@@ -6,6 +6,7 @@
 #include "frame/command_bar.h"
 #include "frame/header.h"
 #include "frame/shown.h"
+#include "screens/graph_boxes.h"
 #include "screens/graph_plot.h"
 #include "screens/list_screen.h"
 #include "screens/opening.h"

@@ -16,10 +16,6 @@ int PlotKeyPressed(Key key);
 // With a box selected Up and Down step it, Left and Right walk along the row. Enter selects one, and gives it up.
 int BoxKeyPressed(Key key);
 
-// Where on the titles a key taps: 1 the icon of the next mode that the account can have, 2 how taps count, 3 the value
-// column, 4 the balance.
-int TitleKeyX(int title);
-
 // Has the entry of the selected point stand selected in the middle of the transactions, so that what works on these
 // works on it. 0 when no point is selected, or the entry is not where it was.
 int BringSelectedPoint();

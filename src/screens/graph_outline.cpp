@@ -1,4 +1,5 @@
 // The outline of the plots: grid, axes, labels of amounts and days.
+#include "screens/graph_outline.h"
 #include "analysis/graph_data.h"
 #include "analysis/graph_value.h"
 #include "analysis/regression.h"

@@ -5,8 +5,6 @@
 #include "platform/surface.h"
 #include "values/amounts.h"
 
-// Grid, axes and labels for values from `min` to `max` on a cleared ground. The axes stay in state.AxisLine.
-void DrawGraphOutline(FixedAmount min, FixedAmount max);
 // What stands on the outline of the plots of modes 1 and 2: curve, line of best fit, axes again, mark and pointer.
 void DrawGraph();
 // The same for an extrapolation: its line and its pointer.
@@ -24,7 +22,3 @@ PointerPlace PlaceOfPointer();
 // The depth of a line while the screen is three-dimensional, in the colour of a brush: of two points the band behind
 // it, of more points shifted copies.
 void DrawRibbon(const Point *points, int count, int brush);
-
-void DrawBoxRow();
-// Rows of ListWindow that the boxes take; the plot's ground begins at the last of them.
-Rect BoxRowBand();

@@ -4,7 +4,7 @@
 #include "analysis/charts.h"
 #include "frame/shown.h"
 #include "host/device.h"
-#include "screens/chart_layout.h"
+#include "screens/chart_picture.h"
 #include "screens/screens.h"
 #include "store/windows.h"
 
@@ -87,7 +87,7 @@ struct Charts : Device {
     static void TapBox(const Rect &box) { TapList((box.Left + box.Right) / 2, (box.Top + box.Bottom) / 2); }
     static void Pick(int list, int entry) {
         TapBox(list == GroupList ? GroupField : OrderField);
-        TapBox(DropRow(list, entry));
+        TapBox(DropEntryBox(list, entry));
     }
     static std::string Heading() { return TextAt(ListWindow, UpperHeading); }
 };

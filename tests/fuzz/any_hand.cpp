@@ -81,7 +81,9 @@ std::string WhatIsWrong() {
     if (machine.Shown[HubWindow] != panel || (state.HubPicking && !panel) || (panel && state.RowCount != 7))
         return "the hub is not what it shows";
     if (state.ActiveDialog != NoDialog)
-        return machine.Shown[DialogWindow] != HubCoversForm() ? "" : "the form is not where it is heard";
+        return machine.Shown[DialogWindow] != (HubCoversForm() || state.ActiveDialog == PaletteDialog)
+                   ? ""
+                   : "the form is not where it is heard";
     if (state.RowCount != (state.MessageWindowOn ? 7 : 12))
         return "wrong number of rows";
     if (TextAt(TopWindow, {210, 0, 240, 15}) != std::to_string(state.EntryCount[screen]))

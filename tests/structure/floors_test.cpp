@@ -231,7 +231,7 @@ TEST(Structure, WordsStayOnTheirFloors) {
         {"CurrentScreen ArchiveView CurAccount", "state drawing frame forms screens input program",
          "an operation is told its place"},
         {"Beep ShowHelp ShowHelpMessage ForceHelp RepeatHelp Paint",
-         "platform state store drawing frame forms screens input program",
+         "platform state store drawing analysis frame forms screens input program",
          "rules return an outcome; screens say and paint it"},
     };
     for (const auto &rule : rules) {

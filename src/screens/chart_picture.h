@@ -18,20 +18,20 @@ inline constexpr int HeadingSplit = 75; // what a tap means changes here
 inline constexpr Rect UpperHeading = {1, 1, ColumnLimit, 18}, LowerHeading = {1, 18, ColumnLimit, 35};
 enum DropLists : int32_t { NoDropList, GroupList, OrderList };
 inline constexpr Rect GroupField = {TableLeft, 1, TableRight, 18}, OrderField = {TableLeft, 18, TableRight, 35};
-inline constexpr int DropRowHeight = 14, OrderColumns = 2;
+inline constexpr int DropEntryHeight = 14, OrderColumns = 2;
 
 constexpr Rect DropBox(int list) {
     const Rect &field = list == GroupList ? GroupField : OrderField;
     const int rows = list == GroupList ? GroupCount : OrderCount / OrderColumns;
-    return {field.Left, field.Bottom, field.Right, field.Bottom + rows * DropRowHeight + 2};
+    return {field.Left, field.Bottom, field.Right, field.Bottom + rows * DropEntryHeight + 2};
 }
 // The box of an entry (from 0) of a dropped list. Two columns fill row by row.
-constexpr Rect DropRow(int list, int entry) {
+constexpr Rect DropEntryBox(int list, int entry) {
     const Rect box = DropBox(list);
     const int columns = list == GroupList ? 1 : OrderColumns;
     const int width = (box.Right - box.Left - 2) / columns, left = box.Left + 1 + entry % columns * width,
-              top = box.Top + 1 + entry / columns * DropRowHeight;
-    return {left, top, left + width, top + DropRowHeight};
+              top = box.Top + 1 + entry / columns * DropEntryHeight;
+    return {left, top, left + width, top + DropEntryHeight};
 }
 constexpr int DropCount(int list) {
     return list == GroupList ? GroupCount : OrderCount;
