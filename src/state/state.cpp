@@ -17,6 +17,8 @@ void ResetState() {
     state.PercentLink = 2;
     state.ConfSpare = 3;
     state.CurrentKey = NoKey;
+    state.HeldDigit = -1;
+    state.CipherProgress = -1;
     state.DrawDepth = 3;
     state.RecurringInOrder = 1;
     state.GraphScale = 1;

@@ -19,6 +19,8 @@ inline constexpr int ScreenCount = 8;
 inline constexpr int RunBytes = 256 * 1064; // one run of records, of the widest kind
 inline constexpr int MostCandidates = 20;   // of the reconcile search: 2^20 subsets are still instant
 inline constexpr int32_t NoKey = 2000000;   // CurrentKey when nothing is enciphered
+inline constexpr int PassRoom = 32;         // units of a pass code, terminator included
+inline constexpr int MostDirectories = 1000, DirectoryNamesRoom = 40000; // of one directory that the browser shows
 
 // What owns input: a form, an overlay, or nothing. The numbers stand in the tables of forms and greys.
 enum Dialog : int {
@@ -52,6 +54,10 @@ enum class NextStep : uint8_t {
     Left,          // nothing is heard any more
 };
 
+enum class Refusal : uint8_t { FutureVersion, CipherMissing, ConfigurationLost }; // why the data can't be used
+
+enum class PassMarks : uint8_t { Typed, Right, Wrong }; // colour of the four digit circles
+
 enum class ReconcileStep : int32_t { Idle, Impossible, Solved, Computing };
 
 struct Candidate {    // of the reconcile search
@@ -80,6 +86,7 @@ struct State {
     int32_t ActiveDialog;   // a Dialog
     NextStep Next;
     uint32_t DataUsable;                   // 0 after WrongVersion: nothing is read or written any more
+    Refusal WhyRefused;                    // while DataUsable is 0
     uint32_t FileAccessReady;              // 1 once FirstLoad has run
     uint32_t FrontPageDone;                // 1 once the first screen may be used
     uint32_t LastWriteResult;              // of the last write of a record
@@ -96,7 +103,9 @@ struct State {
     int32_t MovieSpeed, PercentLink;
     uint32_t ConfSpare;
     uint32_t PasswordOn;
-    int32_t CurrentKey; // NoKey: nothing is enciphered
+    int32_t CurrentKey;   // number of a key that the machine keeps, or NoKey: nothing is enciphered
+    uint32_t CipherSuite; // of the data, while PasswordOn is 1
+    uint8_t KeySalt[16];
     // Pixel positions of the column dividers; [0] is 0 and the last is 226.
     int32_t ColumnEdge[ScreenCount + 1][5];
     // The stored dividers as read, and the pixels they gave: an edge nobody dragged is written back as it was read.
@@ -182,6 +191,25 @@ struct State {
     // skipped as requested, unreadable, file too big, and the number of entries that the file held
     int32_t ImportCount[MessageLines];
     uint32_t ImportSucceeded;
+
+    // Pass code; what was entered is wiped as soon as it has been used
+    int32_t PassMode;              // a PassCodeMode of forms/pass_code.h
+    uint32_t StrongMode;           // 1: the long code's box is shown, 0: the digits
+    int32_t FailedTries;           // wrong codes of this run
+    int32_t DigitCount;            // entered so far, 0 to 4
+    int32_t HeldDigit;             // under the stylus, -1 none: it is not taken again before the stylus has left it
+    int32_t PassNumber;            // that the digits make
+    PassMarks DigitMarks;          // how the four circles are drawn
+    char16_t FirstEntry[PassRoom]; // of a new code, until it is confirmed
+    int32_t CipherProgress;        // 0 to 100, how much of the circle is filled while files are rewritten; -1 not now
+
+    // Care
+    uint32_t Migrated;                       // 1 when this start took over the data of the older generation
+    char BrowsePath[260];                    // directory in view, ends with a backslash
+    int32_t DirectoryCount;                  // directories in it
+    uint16_t DirectoryName[MostDirectories]; // of each, in the order shown: where in DirectoryNames it starts
+    char DirectoryNames[DirectoryNamesRoom];
+    int32_t CopyProgress; // 0 to 100, what the bar shows; before a restore 100 when the directory holds a backup
 
     // Forms: shared by all
     const struct Form *OpenedForm;  // of frame/form.h, null for none

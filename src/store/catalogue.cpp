@@ -103,8 +103,8 @@ int32_t ReadRecords(int handle, FileKind kind, int32_t first, int32_t most, void
 
 int WriteRecord(int handle, FileKind kind, int32_t position, void *record) {
     const int size = RecordSize(kind);
-    EncipherRecord(kind, record);
-    const int written = WriteFileAt(handle, (position - int64_t{1}) * size, record, size);
+    const int written =
+        EncipherRecord(kind, record) && WriteFileAt(handle, (position - int64_t{1}) * size, record, size);
     state.LastWriteResult = written == 1;
     return written;
 }
