@@ -1,5 +1,6 @@
 // The commands of the bar and its menus.
 #include "forms/forms.h"
+#include "forms/pass_code.h"
 #include "frame/header.h"
 #include "frame/message_window.h"
 #include "input/input.h"
@@ -57,6 +58,18 @@ void OpenNotepad(int) {
 
 void OpenConfiguration(int) {
     OpenConfigurationForm();
+}
+
+// --- The pass code
+
+void PassCodeOn(int) {
+    if (!state.DataUsable || !OpenPassCode(EnterNewCode))
+        Beep();
+}
+
+void PassCodeOff(int) {
+    if (!state.DataUsable || !TurnPassCodeOff())
+        Beep();
 }
 
 // --- The account
@@ -315,8 +328,8 @@ constexpr CommandRow Commands[] = {
     {CommandNotepad,         Everywhere,     InForm::Nothing,  OpenNotepad},
     {CommandGeneral,         Everywhere,     InForm::Nothing,  OpenConfiguration},
     {CommandAlign,           Entries,        InForm::Nothing,  AlignColumns},
-    {CommandPasswordOn,      Everywhere,     InForm::Nothing,  Refuse},
-    {CommandPasswordOff,     Everywhere,     InForm::Nothing,  Refuse},
+    {CommandPasswordOn,      Everywhere,     InForm::Nothing,  PassCodeOn},
+    {CommandPasswordOff,     Everywhere,     InForm::Nothing,  PassCodeOff},
     {CommandJeopardyOn,      AccountViews,   InForm::Explains, Jeopardy},
     {CommandJeopardyOff,     AccountViews,   InForm::Nothing,  Jeopardy},
     {ShowName,               EntriesOrGraph, InForm::Nothing,  Filter},

@@ -1,4 +1,5 @@
 // Every event finds its handler here.
+#include "forms/pass_code.h"
 #include "frame/form.h"
 #include "frame/header.h"
 #include "input/input.h"
@@ -33,6 +34,8 @@ void DoPaint() {
 } // namespace
 
 void WndProc(const Event &event) {
+    if (state.ActiveDialog == PassCodeDialog && HandlePassCodeEvent(event))
+        return;
     if (state.OpenedForm && HandleFormEvent(event))
         return;
     switch (event.Kind) {

@@ -12,6 +12,10 @@ void HandleEvent(const Event &event) {
     if (state.Next == NextStep::Left)
         return;
     WndProc(event);
+    if (state.Next == NextStep::LoadData) {
+        state.Next = NextStep::None;
+        LoadData();
+    }
     if (state.Next != NextStep::Leave && state.Next != NextStep::LeaveFiltered)
         return;
     ShutDown(state.Next == NextStep::LeaveFiltered);

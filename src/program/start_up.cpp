@@ -1,6 +1,9 @@
 #include "program/start_up.h"
+#include "care/pass_code.h"
+#include "cipher/keys.h"
 #include "drawing/cells.h"
 #include "drawing/colour_model.h"
+#include "forms/pass_code.h"
 #include "frame/command_bar.h"
 #include "frame/header.h"
 #include "frame/message_window.h"
@@ -49,10 +52,28 @@ void OpenMessageWindow() {
     state.LeftEye = state.RightEye = OpenEye;
 }
 
-// Enciphered data can't be read before a pass code is asked for, and they may not be touched.
-void RefuseEncipheredData() {
+// Data that can't be read may not be touched.
+void RefuseData(Refusal why) {
     state.DataUsable = 0;
+    state.WhyRefused = why;
     OpenMessageWindow();
+}
+
+// The pass code comes before any data. 1 when the screen waits for it.
+int WaitForPassCode() {
+    if (!state.DataUsable || state.PasswordOn != 1)
+        return 0;
+    if (state.CipherSuite > SealedSuite) {
+        RefuseData(Refusal::FutureVersion);
+        return 0;
+    }
+    if (!SuiteOffered(static_cast<int>(state.CipherSuite))) {
+        RefuseData(Refusal::CipherMissing);
+        return 0;
+    }
+    state.FrontPageDone = 1;
+    SetMenuBar();
+    return OpenPassCode(EnterCode);
 }
 
 int Missing(FileKind kind) {
@@ -168,21 +189,27 @@ int StartUp() {
     if (!CreateWindows())
         return 0;
     LoadHelp();
+    if (ConfigurationLost())
+        RefuseData(Refusal::ConfigurationLost);
     LoadConfFile();
     UpdateBmap();
-    if (state.PasswordOn == 1)
-        RefuseEncipheredData();
-    FirstLoad();
-    ShowFirstScreen();
+    if (!WaitForPassCode())
+        LoadData();
     return 1;
 }
 
+void LoadData() {
+    FirstLoad();
+    ShowFirstScreen();
+}
+
 void ShutDown(int keepFilters) {
-    if (state.DataUsable) {
+    if (state.DataUsable && state.FileAccessReady) { // behind the gate of the pass code nothing is touched
         if (!keepFilters)
             ClearFilters();
         StoreConfFile();
     }
+    ForgetCurrentKey();
     SyncFiles();
     LeaveLoop();
 }

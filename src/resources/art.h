@@ -27,6 +27,7 @@ enum ImageId : int {
     EntryUp = 341,         // arrows of a form's top line, 20 x 18
     EntryDown = 342,
     ProgramIcon = 300,
+    WeightLifter = 521,    // pass-code screen: weak, strong: 24 x 24 each
 };
 // clang-format on
 
@@ -42,5 +43,6 @@ inline constexpr Image Images[] = {
     {TwoPages, 19, 20}, {OnePage, 19, 20}, {ViewPictures, 40, 20}, {FormGround, 240, 268}, {BarSheet, 208, 16},
     {ToolsImage, 16, 16}, {CrossImage, 16, 16}, {TickImage, 16, 16}, {DirectionArrows, 64, 38}, {EntryUp, 20, 18},
     {EntryDown, 20, 18}, {ProgramIcon, 64, 64},
+    {WeightLifter, 48, 24},
 };
 // clang-format on

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-inline constexpr int MessageRoom = 40, LastMessage = 488;
+inline constexpr int MessageRoom = 40, LastMessage = 530;
 
 struct Message {
     int16_t Id;
@@ -485,7 +485,15 @@ inline constexpr Message Messages[] = {
     {484, u"then tap 'tick' or 'cross' below"},
     {485, u"will disable filtering"},
     {486, u"The data are enciphered"},
-    {487, u"and can't be opened without a pass code"},
-    {488, u"This version has no way to ask for it"},
+    {520, u"Wrong pass code!"},
+    {521, u"Too many wrong codes in this run:"},
+    {522, u"leave and start again"},
+    {523, u"A record can't be deciphered:"},
+    {524, u"nothing has been changed"},
+    {525, u"by a cipher this machine doesn't offer:"},
+    {526, u"OpenSSL's legacy provider is missing"},
+    {527, u"This machine can't make a key:"},
+    {529, u"and their configuration record is lost:"},
+    {530, u"copy E1_03CON back from a backup"},
 };
 // clang-format on

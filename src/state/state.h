@@ -54,6 +54,7 @@ enum class NextStep : uint8_t {
     Left,          // nothing is heard any more
 };
 
+// ORDER REFUSAL
 enum class Refusal : uint8_t { FutureVersion, CipherMissing, ConfigurationLost }; // why the data can't be used
 
 enum class PassMarks : uint8_t { Typed, Right, Wrong }; // colour of the four digit circles

@@ -1,7 +1,9 @@
 #include "store/configuration.h"
+#include "cipher/keys.h"
 #include "state/error_log.h"
 #include "state/state.h"
 #include "store/catalogue.h"
+#include <cstring>
 
 namespace {
 
@@ -98,6 +100,11 @@ void SetConfDefaults(ConfRec *record) {
     record->MovieSpeed = 20;
     record->PercentLink = 2;
     record->ConfSpare = 3;
+    if (state.PasswordOn == 1) { // a record that goes missing in a run does not take the way to the key with it
+        record->PasswordOn = 1;
+        record->CipherSuite = static_cast<uint8_t>(state.CipherSuite);
+        std::memcpy(record->KeySalt, state.KeySalt, sizeof record->KeySalt);
+    }
     for (const DividerRow &row : Dividers)
         for (int i = 0; i < row.Count; ++i)
             StoredDividers(record, row)[i] = normalise(row.Pixels[i]);
@@ -118,12 +125,14 @@ int WriteConfiguration(const ConfRec *record, In function) {
     if (!state.DataUsable)
         return 0;
     ConfRecFile whole;
-    ReadWhole(&whole, function); // for its tail, which is written back as found
+    const int there = ReadWhole(&whole, function); // for its tail, which is written back as found
     whole.Rec = *record;
     const int file = OpenDataFile(FileKind::Configuration, OpenOrCreate, 0, nullptr);
     if (file < 0)
         return 0; // reported by the read
-    const int written = WriteRecord(file, FileKind::Configuration, 1, &whole);
+    // A record that stands there and can't be read is not written over: it may say how to make the key.
+    const bool mayWrite = there || FileLength(file) < RecordSize(FileKind::Configuration);
+    const int written = mayWrite && WriteRecord(file, FileKind::Configuration, 1, &whole);
     if (!written)
         ReportError(function, Trouble::CwriteFail);
     CloseFile(file);
@@ -135,8 +144,10 @@ void LoadConfFile() {
     if (!ReadConfiguration(&record, In::LoadConfFile))
         WriteConfiguration(&record, In::LoadConfFile);
     state.PasswordOn = record.PasswordOn;
+    state.CipherSuite = record.CipherSuite;
+    std::memcpy(state.KeySalt, record.KeySalt, sizeof state.KeySalt);
     if (state.PasswordOn == 0)
-        state.CurrentKey = NoKey;
+        ForgetCurrentKey();
     TakeFrontSettings(record);
     for (const DividerRow &row : Dividers)
         if (row.List != NoList)
