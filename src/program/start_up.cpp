@@ -1,4 +1,5 @@
 #include "program/start_up.h"
+#include "care/migration.h"
 #include "care/pass_code.h"
 #include "cipher/keys.h"
 #include "drawing/cells.h"
@@ -12,6 +13,7 @@
 #include "ledger/balance.h"
 #include "ledger/filter.h"
 #include "ledger/recurring.h"
+#include "platform/action.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/shell.h"
@@ -29,11 +31,39 @@ namespace {
 
 // --- Before the windows
 
+// Takes over the data of the generation before into the directory just made: all of it or nothing of it, as long as all
+// of it can be read.
+void TakeOverOldData() {
+    const int whole = OldDataReadable();
+    if (whole) {
+        BeginAction();
+        ActionLeavesNoHistory();
+    }
+    int made = MakeDirectory(DataDirectory);
+    if (made) {
+        MigrateDataDirectory();
+        CreateSampleData(FileKind::Check);
+        char accounts[PathRoom];
+        DataPath(accounts, FileKind::Accounts);
+        if (FileExists(accounts)) // without accounts this is a first run, whose sample brings its categories
+            CreateSampleData(FileKind::Categories);
+        CreateSampleData(FileKind::Conversions);
+    }
+    if (whole)
+        made = CommitAction() && made;
+    state.Migrated = made == 1;
+}
+
 void MakeDirectories() {
-    static constexpr const char *Paths[] = {"\\Program Files", "\\Program Files\\Zentrik", DataDirectory};
-    for (const char *path : Paths)
-        if (!DirectoryThere(path) && !MakeDirectory(path))
+    for (const char *path : {"\\Program Files", "\\Program Files\\Zentrik"})
+        if (DirectoryThere(path) != 1 && !MakeDirectory(path))
             return; // whatever needs it reports for itself
+    if (DirectoryThere(DataDirectory) == 1)
+        return;
+    if (OldDataThere())
+        TakeOverOldData();
+    else
+        static_cast<void>(MakeDirectory(DataDirectory));
 }
 
 void AskForNames() {

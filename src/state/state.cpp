@@ -1,4 +1,5 @@
 #include "state/state.h"
+#include "platform/cipher.h"
 #include <cstring>
 #include <initializer_list>
 #include <type_traits>
@@ -7,6 +8,7 @@ State state;
 
 void ResetState() {
     static_assert(std::is_trivially_copyable_v<State>);
+    DropKey(state.CurrentKey); // it lies with the machine, and nobody else would know its number
     std::memset(static_cast<void *>(&state), 0, sizeof state);
     state.CurrentScreen = AccountList;
     state.DataUsable = 1;
