@@ -3,6 +3,7 @@
 #include "cipher/keys.h"
 #include "platform/action.h"
 #include "platform/cipher.h"
+#include "platform/history.h"
 #include "platform/text.h"
 #include "state/error_log.h"
 #include "store/catalogue.h"
@@ -175,7 +176,8 @@ KeyChange ChangeKey(const char16_t *newText, ChangeTeller tell) {
     state.PasswordOn = static_cast<uint32_t>(on);
     state.CipherSuite = on ? SealedSuite : BlockSuite;
     std::memcpy(state.KeySalt, salt, sizeof state.KeySalt);
-    SyncFiles(); // the journal still held the records as they were
+    ForgetHistory(); // what was kept is under the old key
+    SyncFiles();     // and so was what the journal still held
     tell(100);
     return KeyChange::Done;
 }

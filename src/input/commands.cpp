@@ -72,6 +72,18 @@ void PassCodeOff(int) {
         Beep();
 }
 
+// --- Backup
+
+void OpenBackup(int) {
+    if (!OpenBackupForm())
+        Beep();
+}
+
+void OpenRestore(int) {
+    if (!OpenRestoreForm())
+        Beep();
+}
+
 // --- The account
 
 void AlignColumns(int) {
@@ -363,8 +375,8 @@ constexpr CommandRow Commands[] = {
     {CommandAbout,           Everywhere,     InForm::Nothing,  Refuse},
     {CommandExport,          Entries,        InForm::Beeps,    Refuse},
     {CommandImport,          Entries,        InForm::Beeps,    Refuse},
-    {CommandBackup,          Everywhere,     InForm::Nothing,  Refuse},
-    {CommandRestore,         Everywhere,     InForm::Nothing,  Refuse},
+    {CommandBackup,          Everywhere,     InForm::Nothing,  OpenBackup},
+    {CommandRestore,         Everywhere,     InForm::Nothing,  OpenRestore},
     {CommandArchive,         Entries,        InForm::Beeps,    ArchivePreceding},
     {CommandUnarchive,       Entries,        InForm::Beeps,    UnarchiveFollowing},
     {CommandExit,            Everywhere,     InForm::Nothing,  Quit},

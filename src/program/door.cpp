@@ -15,6 +15,8 @@ void HandleEvent(const Event &event) {
     if (state.Next == NextStep::LoadData) {
         state.Next = NextStep::None;
         LoadData();
+    } else if (state.Next == NextStep::StartAgain) {
+        StartAgain();
     }
     if (state.Next != NextStep::Leave && state.Next != NextStep::LeaveFiltered)
         return;

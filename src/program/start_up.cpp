@@ -1,4 +1,5 @@
 #include "program/start_up.h"
+#include "care/backup.h"
 #include "care/migration.h"
 #include "care/pass_code.h"
 #include "cipher/keys.h"
@@ -58,7 +59,7 @@ void MakeDirectories() {
     for (const char *path : {"\\Program Files", "\\Program Files\\Zentrik"})
         if (DirectoryThere(path) != 1 && !MakeDirectory(path))
             return; // whatever needs it reports for itself
-    if (DirectoryThere(DataDirectory) == 1)
+    if (DirectoryThere(DataDirectory) == 1 || FinishRestore())
         return;
     if (OldDataThere())
         TakeOverOldData();
@@ -205,6 +206,16 @@ void ShowFirstScreen() {
         ShowHelpMessage(1, 1, 128, 0, 133, 0, 0, 0);
 }
 
+// The configuration, then the gate of the pass code or the data.
+void OpenData() {
+    if (ConfigurationLost())
+        RefuseData(Refusal::ConfigurationLost);
+    LoadConfFile();
+    UpdateBmap();
+    if (!WaitForPassCode())
+        LoadData();
+}
+
 } // namespace
 
 // Nothing below may be reordered: later steps read what earlier ones set.
@@ -219,13 +230,19 @@ int StartUp() {
     if (!CreateWindows())
         return 0;
     LoadHelp();
-    if (ConfigurationLost())
-        RefuseData(Refusal::ConfigurationLost);
-    LoadConfFile();
-    UpdateBmap();
-    if (!WaitForPassCode())
-        LoadData();
+    OpenData();
     return 1;
+}
+
+void StartAgain() {
+    const uint32_t helped = state.HelpMode;
+    ResetState();
+    SetPaintProcedures();
+    DefaultPalette();
+    AskForNames();
+    if (helped)
+        OpenMessageWindow();
+    OpenData();
 }
 
 void LoadData() {

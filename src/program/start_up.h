@@ -7,6 +7,8 @@
 
 // Reads the data and shows the first list: after the start, or after the right pass code.
 void LoadData();
+// The files have been replaced: everything is read anew, with help mode as it was.
+void StartAgain();
 
 // Ends the program: filters go unless `keepFilters`, settings are stored, the host's loop ends.
 void ShutDown(int keepFilters);

@@ -31,6 +31,7 @@ enum FormField : int16_t {
     FromField = 1005,
     ToField = 1006,
     DescriptionField = 1003,
+    DirectoryField = 1030,
     ProgressField = 1032,
 };
 inline constexpr int FirstField = TextField, LastField = ProgressField;
@@ -132,6 +133,11 @@ inline constexpr FormControl ConfigurationControls[] = {
 inline constexpr FormControl ProgressControls[] = {
     {ProgressField,    ControlKind::Progress,   20,  70, 200,  20, 0,                 u"Progress"},
 };
+
+inline constexpr FormControl DirectoryControls[] = {
+    {DirectoryField,   ControlKind::ListBox,    30,  27, 180, 158, 0,                 u"Directories"},
+    {ProgressField,    ControlKind::Progress,  216,  27,  18, 158, 0,                 u"Progress"},
+};
 // clang-format on
 
 template <int Count> constexpr FormTemplate TemplateOf(int16_t resource, const FormControl (&controls)[Count]) {
@@ -148,4 +154,5 @@ inline constexpr FormTemplate AccountTemplate = TemplateOf(106, AccountControls)
                               CategoryTemplate = TemplateOf(151, CategoryControls),
                               NotepadTemplate = TemplateOf(134, NotepadControls),
                               ConfigurationTemplate = TemplateOf(135, ConfigurationControls),
-                              ProgressTemplate = TemplateOf(141, ProgressControls);
+                              ProgressTemplate = TemplateOf(141, ProgressControls),
+                              DirectoryTemplate = TemplateOf(138, DirectoryControls);

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-inline constexpr int MessageRoom = 40, LastMessage = 530;
+inline constexpr int MessageRoom = 40, LastMessage = 534;
 
 struct Message {
     int16_t Id;
@@ -495,5 +495,9 @@ inline constexpr Message Messages[] = {
     {527, u"This machine can't make a key:"},
     {529, u"and their configuration record is lost:"},
     {530, u"copy E1_03CON back from a backup"},
+    {531, u"An interrupted copy is in the way!"},
+    {532, u"Remove Zentk$B$zpy or Zentk$D$ypz first"},
+    {533, u"No backup within the data themselves!"},
+    {534, u"The disk refuses: is it full?"},
 };
 // clang-format on

@@ -49,6 +49,7 @@ enum Dialog : int {
 enum class NextStep : uint8_t {
     None,
     LoadData,
+    StartAgain, // the files are others than they were
     Leave,
     LeaveFiltered, // the filters stay
     Left,          // nothing is heard any more
