@@ -1,4 +1,5 @@
 #include "care/backup.h"
+#include "care/pause.h"
 #include "platform/action.h"
 #include "platform/files.h"
 #include "platform/history.h"
@@ -11,14 +12,14 @@
 namespace {
 
 constexpr char BackupName[] = "Zentk_Backup", WorkName[] = "Zentk$B$zpy", AsideName[] = "Zentk$O$zpy";
-constexpr char DataPrefix[] = "E1_";
+constexpr char DataPrefix[] = "E1_", ProgramPlace[] = "\\Program Files\\Zentrik\\";
 constexpr int FewestFiles = 6;
 constexpr int JoinedRoom = PathRoom * 2; // a path too long is refused by the files
 
 void Join(char *to, const char *directory, const char *name) {
     const size_t length = std::strlen(directory);
     const char *between = length > 0 && directory[length - 1] == '\\' ? "" : "\\";
-    std::snprintf(to, JoinedRoom, "%s%s%s", directory, between, name);
+    std::snprintf(to, JoinedRoom, "%.*s%s%s", PathRoom - 1, directory, between, name);
 }
 
 // Each file of a directory, its directories passed over. Stops at the first visit that gives 0; 1 when all gave 1.
@@ -112,18 +113,50 @@ int Exchange(const char *directory) {
     return 1;
 }
 
-// 1 for a place in which a backup would be a part of what is copied.
+// 1 for a place among the program's own directories: a backup there would be a part of what is replaced.
 bool LiesWithinData(const char *directory) {
-    for (const char *data : {DataDirectory, TransferDirectory}) {
-        const size_t length = std::strlen(data);
-        if (std::strncmp(directory, data, length) == 0 && directory[length] == '\\')
-            return true;
-    }
-    return false;
+    return std::strncmp(directory, ProgramPlace, sizeof ProgramPlace - 1) == 0;
 }
 
 int ReplaceData(const char *backup, CopyTeller tell) {
     return DeleteFiles(DataDirectory) && CopyFiles(backup, DataDirectory, tell);
+}
+
+// One action: until it is committed, the data stand as they were; from then on they are the restored ones.
+CopyResult RestoreAll(const char *backup, CopyTeller tell) {
+    BeginAction();
+    ActionLeavesNoHistory();
+    if (!ReplaceData(backup, tell)) {
+        AbortAction();
+        return CopyResult::Unwritten;
+    }
+    if (!CommitAction())
+        return CopyResult::Unwritten;
+    ForgetHistory();
+    return CopyResult::Done;
+}
+
+CopyResult BackUpAll(const char *directory, CopyTeller tell) {
+    char work[JoinedRoom];
+    Join(work, directory, WorkName);
+    BringBackAside(directory);
+    if (DirectoryThere(work) == 1)
+        return CopyResult::InTheWay;
+    if (!MakeDirectory(work))
+        return CopyResult::Unwritten;
+    const int files = CountFiles(DataDirectory);
+    if (files > 0 && CopyFiles(DataDirectory, work, tell) && Exchange(directory))
+        return CopyResult::Done;
+    static_cast<void>(DeleteDirectory(work));
+    return files > 0 ? CopyResult::Unwritten : CopyResult::Nothing;
+}
+
+// Outside the action of the event that asks for it: what a card refuses concerns no data.
+template <typename Work> CopyResult OutsideActions(const Work &work) {
+    const int paused = PauseAction();
+    const CopyResult result = paused < 0 ? CopyResult::Unwritten : work();
+    ResumeAction(paused);
+    return result;
 }
 
 } // namespace
@@ -143,20 +176,9 @@ int ValidBackup(const char *directory) {
 }
 
 CopyResult MakeBackup(const char *directory, CopyTeller tell) {
-    char work[JoinedRoom];
-    Join(work, directory, WorkName);
     if (LiesWithinData(directory))
         return CopyResult::Unsuitable;
-    BringBackAside(directory);
-    if (DirectoryThere(work) == 1)
-        return CopyResult::InTheWay;
-    if (!MakeDirectory(work))
-        return CopyResult::Unwritten;
-    const int files = CountFiles(DataDirectory);
-    if (files > 0 && CopyFiles(DataDirectory, work, tell) && Exchange(directory))
-        return CopyResult::Done;
-    static_cast<void>(DeleteDirectory(work));
-    return files > 0 ? CopyResult::Unwritten : CopyResult::Nothing;
+    return OutsideActions([&] { return BackUpAll(directory, tell); });
 }
 
 CopyResult RestoreBackup(const char *directory, CopyTeller tell) {
@@ -168,20 +190,17 @@ CopyResult RestoreBackup(const char *directory, CopyTeller tell) {
         return CopyResult::Unsuitable;
     if (DirectoryThere(TransferDirectory) == 1)
         return CopyResult::InTheWay;
-    // One action: until it is committed, the data stand as they were; from then on they are the restored ones.
-    BeginAction();
-    ActionLeavesNoHistory();
-    if (!ReplaceData(backup, tell)) {
-        AbortAction();
-        return CopyResult::Unwritten;
-    }
-    if (!CommitAction())
-        return CopyResult::Unwritten;
-    ForgetHistory();
-    return CopyResult::Done;
+    return OutsideActions([&] { return RestoreAll(backup, tell); });
 }
 
 int FinishRestore() {
-    return DirectoryThere(TransferDirectory) == 1 && CountFiles(TransferDirectory) >= FewestFiles &&
-           MoveFileTo(TransferDirectory, DataDirectory);
+    if (DirectoryThere(TransferDirectory) != 1 || CountFiles(TransferDirectory) < FewestFiles)
+        return 0;
+    BeginAction();
+    ActionLeavesNoHistory();
+    const int moved = MakeDirectory(DataDirectory) && CopyFiles(TransferDirectory, DataDirectory, [](int) {}) &&
+                      DeleteDirectory(TransferDirectory);
+    if (!moved)
+        AbortAction();
+    return moved && CommitAction();
 }

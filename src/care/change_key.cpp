@@ -1,4 +1,5 @@
 #include "care/change_key.h"
+#include "care/pause.h"
 #include "cipher/hooks.h"
 #include "cipher/keys.h"
 #include "platform/action.h"
@@ -145,6 +146,30 @@ int IsCodeInForce(const char16_t *text) {
     return same;
 }
 
+// Outside any action; is one.
+KeyChange ChangeAll(Change *change, int on, const uint8_t *salt) {
+    BeginAction();
+    ActionLeavesNoHistory();
+    RekeyAll(change);
+    if (change->Result == KeyChange::Done && !WriteSettings(on, salt))
+        change->Result = KeyChange::Unwritten;
+    if (change->Result != KeyChange::Done)
+        AbortAction();
+    else if (!CommitAction())
+        change->Result = KeyChange::Unwritten;
+    return change->Result;
+}
+
+void TakeNewKey(int32_t key, int on, const uint8_t *salt) {
+    ForgetCurrentKey();
+    state.CurrentKey = key;
+    state.PasswordOn = static_cast<uint32_t>(on);
+    state.CipherSuite = on ? SealedSuite : BlockSuite;
+    std::memcpy(state.KeySalt, salt, sizeof state.KeySalt);
+    ForgetHistory();                // what was kept is under the old key
+    static_cast<void>(SyncFiles()); // and so was what the journal still held; when it can't be cut now, it is later
+}
+
 } // namespace
 
 KeyChange ChangeKey(const char16_t *newText, ChangeTeller tell) {
@@ -158,26 +183,14 @@ KeyChange ChangeKey(const char16_t *newText, ChangeTeller tell) {
         if (change.To == NoKey)
             return KeyChange::NoCipher;
     }
-    BeginAction();
-    ActionLeavesNoHistory();
-    RekeyAll(&change);
-    if (change.Result == KeyChange::Done && !WriteSettings(on, salt))
-        change.Result = KeyChange::Unwritten;
-    if (change.Result != KeyChange::Done)
-        AbortAction();
-    else if (!CommitAction())
-        change.Result = KeyChange::Unwritten;
-    if (change.Result != KeyChange::Done) {
+    const int paused = PauseAction();
+    const KeyChange result = paused < 0 ? KeyChange::Unwritten : ChangeAll(&change, on, salt);
+    if (result == KeyChange::Done)
+        TakeNewKey(change.To, on, salt);
+    else
         ForgetKey(change.To);
-        return change.Result;
-    }
-    ForgetCurrentKey();
-    state.CurrentKey = change.To;
-    state.PasswordOn = static_cast<uint32_t>(on);
-    state.CipherSuite = on ? SealedSuite : BlockSuite;
-    std::memcpy(state.KeySalt, salt, sizeof state.KeySalt);
-    ForgetHistory(); // what was kept is under the old key
-    SyncFiles();     // and so was what the journal still held
-    tell(100);
-    return KeyChange::Done;
+    ResumeAction(paused);
+    if (result == KeyChange::Done)
+        tell(100);
+    return result;
 }

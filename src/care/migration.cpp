@@ -102,6 +102,7 @@ constexpr OldKind OldKinds[] = { // ORDER FILEKIND
 // clang-format on
 constexpr int MostOldRecord = 2000;
 
+constexpr int MostName = 16;                      // of an old file: a tag and ten digits
 constexpr const char *AccountTags[] = {"A", "R"}; // live, archive
 
 const OldKind *OldKindOf(FileKind kind) {
@@ -160,10 +161,10 @@ void ConvertNote(const uint8_t *old, uint8_t *record) {
 // --- Files
 
 void OldPath(char *to, const char *fileName) {
-    std::snprintf(to, PathRoom, "%s\\%s", OldDataDirectory, fileName);
+    std::snprintf(to, PathRoom, "%s\\%.*s", OldDataDirectory, MostName, fileName);
 }
 void NewPath(char *to, FileKind kind, const char *fileName) {
-    std::snprintf(to, PathRoom, "%s\\E1_%02d%s", DataDirectory, static_cast<int>(kind), fileName);
+    std::snprintf(to, PathRoom, "%s\\E1_%02d%.*s", DataDirectory, static_cast<int>(kind), MostName, fileName);
 }
 
 // 1 for a tag with a number behind it: other names begin with these letters too.
