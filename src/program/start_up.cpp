@@ -9,6 +9,7 @@
 #include "ledger/balance.h"
 #include "ledger/filter.h"
 #include "ledger/recurring.h"
+#include "platform/action.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/shell.h"
@@ -26,11 +27,41 @@ namespace {
 
 // --- Before the windows
 
-void MakeDirectories() {
-    static constexpr const char *Paths[] = {"\\Program Files", "\\Program Files\\Zentrik", DataDirectory};
-    for (const char *path : Paths)
+void MakeDirectories(std::span<const char *const> paths) {
+    for (const char *path : paths)
         if (!DirectoryThere(path) && !MakeDirectory(path))
             return; // whatever needs it reports for itself
+}
+
+constexpr const char *DirectoriesOutside[] = {"\\Program Files", "\\Program Files\\Zentrik"};
+constexpr const char *DirectoriesOfData[] = {DataDirectory};
+
+// Nothing may be read before the data are this process's alone and hold all that was done before.
+void TakeData() {
+    MakeDirectories(DirectoriesOutside);
+    const int locked = LockFiles();
+    if (locked == 1 && RecoverFiles())
+        return;
+    state.DataUsable = 0;
+    state.Refusal = locked == 0    ? DataRefusal::InUse
+                    : locked == -1 ? DataRefusal::Unreachable
+                                   : DataRefusal::Unrecovered;
+    TellTerminal(locked == 0 ? "zentrik: another program uses the data"
+                             : "zentrik: the data can't be taken for this program alone, or the journal not applied");
+}
+
+// The start is several actions, none of which an undo takes back.
+void BeginStep() {
+    BeginAction();
+    ActionLeavesNoHistory();
+}
+ActionRefusal refusal; // of the first step that was refused
+int NextAction() {
+    const int done = CommitAction();
+    if (refusal == NotRefused)
+        refusal = static_cast<ActionRefusal>(ActionRefused());
+    BeginStep();
+    return done;
 }
 
 void AskForNames() {
@@ -101,7 +132,8 @@ void SetPositions() {
     state.SelectedPos[CategoryList] = state.SelectedPos[ConversionList] = 0;
 }
 
-void FirstLoad() {
+// 1 when all of it was done and is durable.
+int FirstLoad() {
     FurtherList lists[] = {
         {FileKind::Recurring, RecurringList, LoadDDFile, 1, true, 0},
         {FileKind::Templates, TemplateList, LoadFavFile, 0, true, 0},
@@ -112,10 +144,13 @@ void FirstLoad() {
     SetPositions();
     const int usable = LoadLists(lists);
     state.FileAccessReady = 1;
+    int done = 1;
     const int firstRun = usable && state.EntryCount[AccountList] == 0;
     if (usable) {
         FillWithSamples(lists, firstRun);
+        done = NextAction();
         CheckT1totals(0);
+        done = NextAction() && done;
     }
     if (firstRun || !usable)
         OpenMessageWindow();
@@ -128,20 +163,25 @@ void FirstLoad() {
     LoadAccFile(1);
     state.SelectedPos[TransactionList] = 0;
     MeasureYearColumn();
+    return done;
 }
 
 // --- The first screen
 
-void ShowFirstScreen() {
+void ShowFirstScreen(int loaded) {
     state.FrontPageDone = 1;
     // A disk that refuses says so before anything is entered.
-    const bool writable = !state.DataUsable || StampLastChecked();
-    if (!writable)
+    const bool writable = !state.DataUsable || (StampLastChecked() && NextAction() && loaded);
+    if (!writable) {
+        AbortAction();
+        BeginStep();
         OpenMessageWindow();
+    }
     SetMenuBar();
     if (state.DataUsable) {
         CheckDDs();
         DDFileCheck();
+        static_cast<void>(NextAction());
     }
     state.CurrentScreen = AccountList;
     LoadAccFile(1);
@@ -151,7 +191,7 @@ void ShowFirstScreen() {
     if (writable)
         ShowHelpMessage(1, 1, 0, 2, 3, 0, 0, 0);
     else
-        ShowHelpMessage(1, 1, 128, 0, 133, 0, 0, 0);
+        ShowHelpMessage(1, 1, 128, 0, refusal == ReadRefused ? 489 : 133, 0, 0, 0);
 }
 
 } // namespace
@@ -161,28 +201,38 @@ int StartUp() {
     if (!TakeInstanceLock())
         return -1;
     ResetState();
+    refusal = NotRefused;
     SetPaintProcedures();
-    MakeDirectories();
+    TakeData();
+    BeginStep();
+    MakeDirectories(DirectoriesOfData);
     DefaultPalette();
     AskForNames();
-    if (!CreateWindows())
+    if (!CreateWindows()) {
+        AbortAction();
         return 0;
+    }
     LoadHelp();
     LoadConfFile();
     UpdateBmap();
     if (state.PasswordOn == 1)
         RefuseEncipheredData();
-    FirstLoad();
-    ShowFirstScreen();
+    if (!state.DataUsable)
+        OpenMessageWindow();
+    ShowFirstScreen(FirstLoad());
+    static_cast<void>(CommitAction());
+    static_cast<void>(LockFiles()); // with the data directory, which may be this start's
     return 1;
 }
 
 void ShutDown(int keepFilters) {
+    BeginStep();
     if (state.DataUsable) {
         if (!keepFilters)
             ClearFilters();
         StoreConfFile();
     }
-    SyncFiles();
+    static_cast<void>(CommitAction()); // refused or not, the program leaves
+    static_cast<void>(SyncFiles());    // what it can't bring to the disk, the next start finds in the journal
     LeaveLoop();
 }

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-inline constexpr int MessageRoom = 40, LastMessage = 488;
+inline constexpr int MessageRoom = 40, LastMessage = 494;
 
 struct Message {
     int16_t Id;
@@ -487,5 +487,11 @@ inline constexpr Message Messages[] = {
     {486, u"The data are enciphered"},
     {487, u"and can't be opened without a pass code"},
     {488, u"This version has no way to ask for it"},
+    {489, u"Can't read xx_Data directory"},
+    {490, u"Another program uses the data"},
+    {491, u"They are left alone until it ends"},
+    {492, u"What was done last stands in the journal"},
+    {493, u"but the machine refuses to write it"},
+    {494, u"into the files. They are left alone"},
 };
 // clang-format on

@@ -54,6 +54,14 @@ enum class NextStep : uint8_t {
 
 enum class ReconcileStep : int32_t { Idle, Impossible, Solved, Computing };
 
+// Why DataUsable is 0. ORDER DATAREFUSAL
+enum class DataRefusal : uint8_t {
+    WrongVersion,
+    InUse,       // another process has the data
+    Unreachable, // they can't be taken for this process alone
+    Unrecovered, // the journal can't be applied
+};
+
 struct Candidate {    // of the reconcile search
     int32_t Position; // row
     FixedAmount Sum;  // what the row would add to the cleared balance
@@ -79,7 +87,8 @@ struct State {
     int32_t PreviousScreen; // the screen before the present one
     int32_t ActiveDialog;   // a Dialog
     NextStep Next;
-    uint32_t DataUsable;                   // 0 after WrongVersion: nothing is read or written any more
+    uint32_t DataUsable;                   // 0 after a refusal: nothing is read or written any more
+    DataRefusal Refusal;                   // of the data, counts while DataUsable is 0
     uint32_t FileAccessReady;              // 1 once FirstLoad has run
     uint32_t FrontPageDone;                // 1 once the first screen may be used
     uint32_t LastWriteResult;              // of the last write of a record
