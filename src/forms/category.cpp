@@ -3,6 +3,7 @@
 #include "drawing/colours.h"
 #include "forms/forms.h"
 #include "frame/form.h"
+#include "frame/refusal.h"
 #include "platform/clock.h"
 #include "platform/text.h"
 #include "state/messages.h"
@@ -130,6 +131,8 @@ void Step(int step) {
         TellUnwritten();
         return;
     }
+    if (!FinishAction())
+        return;
     state.DuplicateOn = 0;
     state.SelectedPos[CategoryList] = Neighbour(step);
     Fill(1);

@@ -3,6 +3,7 @@
 #include "forms/entry_fields.h"
 #include "forms/forms.h"
 #include "frame/form.h"
+#include "frame/refusal.h"
 #include "ledger/account_file.h"
 #include "ledger/account_window.h"
 #include "ledger/balance.h"
@@ -242,6 +243,8 @@ void StepEntry(int forward) {
         TellUnwritten();
         return;
     }
+    if (!FinishAction())
+        return;
     const int32_t next = NextEntry(state.SelectedPos[TransactionList], forward);
     if (next == 0)
         return;

@@ -5,6 +5,7 @@
 #include "frame/form_parts.h"
 #include "frame/header.h"
 #include "frame/message_window.h"
+#include "frame/refusal.h"
 #include "frame/scroll.h"
 #include "ledger/account_window.h"
 #include "platform/shell.h"
@@ -65,10 +66,10 @@ void TickForm() {
     if (!state.OpenedForm->Tick)
         return;
     const int result = state.OpenedForm->Tick();
-    if (result == TickDone)
+    if (result == TickUnwritten)
+        GiveActionUp();
+    else if (result == TickDone && FinishAction())
         Dialog_End();
-    else if (result == TickUnwritten)
-        TellUnwritten();
 }
 
 void CrossForm() {
@@ -259,5 +260,5 @@ void RefuseTick(int line2, int line3) {
 }
 
 void TellUnwritten() {
-    RefuseTick(128, 133);
+    GiveActionUp();
 }

@@ -74,7 +74,8 @@ struct FieldList {
     void (*Fill)(int field); // writes the items of its list
 };
 
-// What a tick came to. Unwritten: the frame tells so; Refused: the form itself has told why. Both stay open.
+// What a tick came to. Done: the frame makes it durable, and only then ends the form. Unwritten: the frame gives up
+// what was done and tells so; Refused: the form itself has told why. Both stay open.
 enum TickResult { TickUnwritten = 0, TickDone = 1, TickRefused = 2 };
 
 struct Form {
@@ -117,7 +118,8 @@ int SipControl(int mode);
 // Forces help mode on and shows the lines: how a form refuses a tick.
 void RefuseTick(int line2, int line3 = 0);
 
-// Says that the data can't be written; what was entered stays in the form.
+// Gives up what the action did and says that the data can't be written (frame/refusal.h); what was entered stays in the
+// form.
 void TellUnwritten();
 
 // 1 when the open form has the control.

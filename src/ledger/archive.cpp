@@ -170,7 +170,6 @@ int Archive(int32_t accountPosition, int32_t position, ProgressTeller tell) {
         static_cast<void>(CutRows(account.Archive, before));
     bool markerBehind = false; // the boundary
     if (done) {
-        SyncFiles(); // the archive holds the rows before the live file lets them go
         TRec marker;
         FillArchiveMarker(&marker, boundary.Rec, account.Rec.AccType, u"Auto created");
         const int32_t kept = ShortenLive(account, position, marker);
@@ -227,7 +226,6 @@ int Unarchive(int32_t accountPosition, int32_t position, ProgressTeller tell) {
             done = MergeInto(whole, id, work, head + 1, head + returning);
         }
         CloseFile(work);
-        SyncFiles();
         done = done && ReplaceBy(whole, TransactionFile::Live, id);
         if (!done)
             ReportError(In::Unarchive, Trouble::TwriteFail);

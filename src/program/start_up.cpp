@@ -59,12 +59,43 @@ void MakeDirectories() {
     for (const char *path : {"\\Program Files", "\\Program Files\\Zentrik"})
         if (DirectoryThere(path) != 1 && !MakeDirectory(path))
             return; // whatever needs it reports for itself
-    if (DirectoryThere(DataDirectory) == 1 || FinishRestore())
+}
+
+void MakeDataDirectory() {
+    if (!state.DataUsable || DirectoryThere(DataDirectory) == 1 || FinishRestore())
         return;
     if (OldDataThere())
         TakeOverOldData();
     else
         static_cast<void>(MakeDirectory(DataDirectory));
+}
+
+// Nothing may be read before the data are this process's alone and hold all that was done before.
+void TakeData() {
+    MakeDirectories();
+    const int locked = LockFiles();
+    if (locked == 1 && RecoverFiles())
+        return;
+    state.DataUsable = 0;
+    state.Refusal = locked == 0    ? DataRefusal::InUse
+                    : locked == -1 ? DataRefusal::Unreachable
+                                   : DataRefusal::Unrecovered;
+    TellTerminal(locked == 0 ? "zentrik: another program uses the data"
+                             : "zentrik: the data can't be taken for this program alone, or the journal not applied");
+}
+
+// The start is several actions, none of which an undo takes back.
+void BeginStep() {
+    BeginAction();
+    ActionLeavesNoHistory();
+}
+ActionRefusal refusal; // of the first step that was refused
+int NextAction() {
+    const int done = CommitAction();
+    if (refusal == NotRefused)
+        refusal = static_cast<ActionRefusal>(ActionRefused());
+    BeginStep();
+    return done;
 }
 
 void AskForNames() {
@@ -84,9 +115,9 @@ void OpenMessageWindow() {
 }
 
 // Data that can't be read may not be touched.
-void RefuseData(Refusal why) {
+void RefuseData(DataRefusal why) {
     state.DataUsable = 0;
-    state.WhyRefused = why;
+    state.Refusal = why;
     OpenMessageWindow();
 }
 
@@ -95,11 +126,11 @@ int WaitForPassCode() {
     if (!state.DataUsable || state.PasswordOn != 1)
         return 0;
     if (state.CipherSuite > SealedSuite) {
-        RefuseData(Refusal::FutureVersion);
+        RefuseData(DataRefusal::WrongVersion);
         return 0;
     }
     if (!SuiteOffered(static_cast<int>(state.CipherSuite))) {
-        RefuseData(Refusal::CipherMissing);
+        RefuseData(DataRefusal::CipherMissing);
         return 0;
     }
     state.FrontPageDone = 1;
@@ -153,7 +184,8 @@ void SetPositions() {
     state.SelectedPos[CategoryList] = state.SelectedPos[ConversionList] = 0;
 }
 
-void FirstLoad() {
+// 1 when all of it was done and is durable.
+int FirstLoad() {
     FurtherList lists[] = {
         {FileKind::Recurring, RecurringList, LoadDDFile, 1, true, 0},
         {FileKind::Templates, TemplateList, LoadFavFile, 0, true, 0},
@@ -164,10 +196,13 @@ void FirstLoad() {
     SetPositions();
     const int usable = LoadLists(lists);
     state.FileAccessReady = 1;
+    int done = 1;
     const int firstRun = usable && state.EntryCount[AccountList] == 0;
     if (usable) {
         FillWithSamples(lists, firstRun);
+        done = NextAction();
         CheckT1totals(0);
+        done = NextAction() && done;
     }
     if (firstRun || !usable)
         OpenMessageWindow();
@@ -180,20 +215,25 @@ void FirstLoad() {
     LoadAccFile(1);
     state.SelectedPos[TransactionList] = 0;
     MeasureYearColumn();
+    return done;
 }
 
 // --- The first screen
 
-void ShowFirstScreen() {
+void ShowFirstScreen(int loaded) {
     state.FrontPageDone = 1;
     // A disk that refuses says so before anything is entered.
-    const bool writable = !state.DataUsable || StampLastChecked();
-    if (!writable)
+    const bool writable = !state.DataUsable || (StampLastChecked() && NextAction() && loaded);
+    if (!writable) {
+        AbortAction();
+        BeginStep();
         OpenMessageWindow();
+    }
     SetMenuBar();
     if (state.DataUsable) {
         CheckDDs();
         DDFileCheck();
+        static_cast<void>(NextAction());
     }
     state.CurrentScreen = AccountList;
     LoadAccFile(1);
@@ -203,17 +243,19 @@ void ShowFirstScreen() {
     if (writable)
         ShowHelpMessage(1, 1, 0, 2, 3, 0, 0, 0);
     else
-        ShowHelpMessage(1, 1, 128, 0, 133, 0, 0, 0);
+        ShowHelpMessage(1, 1, 128, 0, refusal == ReadRefused ? 489 : 133, 0, 0, 0);
 }
 
 // The configuration, then the gate of the pass code or the data.
 void OpenData() {
-    if (ConfigurationLost())
-        RefuseData(Refusal::ConfigurationLost);
+    if (state.DataUsable && ConfigurationLost())
+        RefuseData(DataRefusal::ConfigurationLost);
     LoadConfFile();
     UpdateBmap();
+    if (!state.DataUsable)
+        OpenMessageWindow();
     if (!WaitForPassCode())
-        LoadData();
+        ShowFirstScreen(FirstLoad());
 }
 
 } // namespace
@@ -223,14 +265,21 @@ int StartUp() {
     if (!TakeInstanceLock())
         return -1;
     ResetState();
+    refusal = NotRefused;
     SetPaintProcedures();
-    MakeDirectories();
+    TakeData();
+    MakeDataDirectory();
+    BeginStep();
     DefaultPalette();
     AskForNames();
-    if (!CreateWindows())
+    if (!CreateWindows()) {
+        AbortAction();
         return 0;
+    }
     LoadHelp();
     OpenData();
+    static_cast<void>(CommitAction());
+    static_cast<void>(LockFiles()); // with the data directory, which may be this start's
     return 1;
 }
 
@@ -242,21 +291,26 @@ void StartAgain() {
     AskForNames();
     if (helped)
         OpenMessageWindow();
+    BeginStep();
     OpenData();
+    static_cast<void>(CommitAction());
 }
 
 void LoadData() {
-    FirstLoad();
-    ShowFirstScreen();
+    BeginStep();
+    ShowFirstScreen(FirstLoad());
+    static_cast<void>(CommitAction());
 }
 
 void ShutDown(int keepFilters) {
+    BeginStep();
     if (state.DataUsable && state.FileAccessReady) { // behind the gate of the pass code nothing is touched
         if (!keepFilters)
             ClearFilters();
         StoreConfFile();
     }
+    static_cast<void>(CommitAction()); // refused or not, the program leaves
+    static_cast<void>(SyncFiles());    // what it can't bring to the disk, the next start finds in the journal
     ForgetCurrentKey();
-    SyncFiles();
     LeaveLoop();
 }

@@ -14,9 +14,11 @@ constexpr bool InOrder() {
 static_assert(InOrder());
 
 // What is said in place of everything else while the data can't be used.
-// ORDER REFUSAL
+// ORDER DATAREFUSAL
 constexpr int16_t Refusals[][MessageLines] = {
-    {128, 0, 129, 133, 0, 4}, {128, 0, 486, 525, 526, 0}, {128, 0, 486, 529, 530, 0}};
+    {128, 0, 129, 133, 0, 4},   {128, 0, 490, 491, 0, 0},   {128, 0, 133, 0, 0, 0},
+    {128, 0, 492, 493, 494, 0}, {128, 0, 486, 525, 526, 0}, {128, 0, 486, 529, 530, 0},
+};
 
 char16_t Slots[LastMessage + 1][MessageRoom];
 
@@ -46,7 +48,7 @@ void ShowHelpMessage(int align, int force, int line1, int line2, int line3, int 
                                    static_cast<int16_t>(line3), static_cast<int16_t>(line4),
                                    static_cast<int16_t>(line5), static_cast<int16_t>(line6)};
     if (!state.DataUsable) {
-        std::memcpy(lines, Refusals[static_cast<int>(state.WhyRefused)], sizeof lines);
+        std::memcpy(lines, Refusals[static_cast<int>(state.Refusal)], sizeof lines);
         align = 1;
     }
     const bool same = std::memcmp(lines, state.MessageLine, sizeof lines) == 0 && align == state.MessageAlign;

@@ -55,12 +55,19 @@ enum class NextStep : uint8_t {
     Left,          // nothing is heard any more
 };
 
-// ORDER REFUSAL
-enum class Refusal : uint8_t { FutureVersion, CipherMissing, ConfigurationLost }; // why the data can't be used
-
 enum class PassMarks : uint8_t { Typed, Right, Wrong }; // colour of the four digit circles
 
 enum class ReconcileStep : int32_t { Idle, Impossible, Solved, Computing };
+
+// Why DataUsable is 0. ORDER DATAREFUSAL
+enum class DataRefusal : uint8_t {
+    WrongVersion,
+    InUse,             // another process has the data
+    Unreachable,       // they can't be taken for this process alone
+    Unrecovered,       // the journal can't be applied
+    CipherMissing,     // the machine does not offer the cipher they are under
+    ConfigurationLost, // and with it how the key is made
+};
 
 struct Candidate {    // of the reconcile search
     int32_t Position; // row
@@ -87,8 +94,8 @@ struct State {
     int32_t PreviousScreen; // the screen before the present one
     int32_t ActiveDialog;   // a Dialog
     NextStep Next;
-    uint32_t DataUsable;                   // 0 after WrongVersion: nothing is read or written any more
-    Refusal WhyRefused;                    // while DataUsable is 0
+    uint32_t DataUsable;                   // 0 after a refusal: nothing is read or written any more
+    DataRefusal Refusal;                   // of the data, counts while DataUsable is 0
     uint32_t FileAccessReady;              // 1 once FirstLoad has run
     uint32_t FrontPageDone;                // 1 once the first screen may be used
     uint32_t LastWriteResult;              // of the last write of a record

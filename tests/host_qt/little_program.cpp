@@ -83,6 +83,8 @@ void HandleEvent(const Event &event) {
         little::OnEvent(event);
 }
 
+void RestStep() {}
+
 int IdleStep() {
     if (little::IdleStepsWanted == 0)
         return 0;

@@ -160,11 +160,11 @@ TEST_F(Lists, AFullBinKeepsItsNewest) {
     EXPECT_EQ(state.EntryCount[BinList], 5250);
     fill(5251);
     const auto before = Snapshot(Root.Path());
-    for (int n = 1; WithFailingDisk({.FailAt = n}, [] { EXPECT_EQ(LoadBinFile(1), 1); });
-         n += n < 4 || n > 18 ? 1 : 5) {
-        EXPECT_EQ(state.EntryCount[BinList], 5251);
-        EXPECT_TRUE(Told("LoadBinFile BwriteFail"));
-        EXPECT_EQ(Snapshot(Root.Path()), before) << "failing at " << n;
+    for (int n = 1, met = 1, done = 0; met; n += n < 4 ? 1 : 9) {
+        fill(5251);
+        met = WithFailingDisk({.FailAt = n}, [&] { done = AsAction([] { EXPECT_EQ(LoadBinFile(1), 1); }); });
+        EXPECT_TRUE(met || done);
+        EXPECT_TRUE(done || Snapshot(Root.Path()) == before) << "failing at " << n;
     }
     EXPECT_EQ(state.EntryCount[BinList], 5000);
     EXPECT_EQ(ReadBytes(Root.DataFile("E1_06BIN")).size(), 5000u * 1064);
@@ -224,7 +224,7 @@ TEST_F(Lists, AccountsAreFoundAndHeadingsSummed) {
     EXPECT_EQ(state.AccRows[4].Balance, 1200);
     EXPECT_EQ(state.AccRows[4].ArcClearedBalance, 12000);
     EXPECT_EQ(state.AccRows[6].Balance, 4);
-    EXPECT_EQ(disk.WriteCalls, 1) << "only the heading that changed is written";
+    EXPECT_EQ(disk.DataWrites, 1) << "only the heading that changed is written";
 }
 
 TEST_F(Lists, AnIDIsNeverGivenTwiceWhileItsFileStands) {

@@ -28,6 +28,7 @@ public:
     void WakeWhenIdle() {
         if (!Idle.isActive())
             Idle.start(0, this);
+        Rest.start(RestMilliseconds, this);
     }
 
 protected:
@@ -37,9 +38,14 @@ protected:
         DeliverWaiting();
         return true;
     }
-    void timerEvent(QTimerEvent *) override {
+    void timerEvent(QTimerEvent *event) override {
         if (giving)
             return;
+        if (event->timerId() == Rest.timerId()) {
+            Rest.stop();
+            RestStep();
+            return;
+        }
         if (paintWanted) {
             DeliverPaint();
         } else if (host.Leaving || !IdleStep()) {
@@ -49,7 +55,7 @@ protected:
     }
 
 private:
-    QBasicTimer Idle;
+    QBasicTimer Idle, Rest;
 };
 
 Pump *ThePump() {
