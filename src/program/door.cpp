@@ -32,10 +32,11 @@ void HandleEvent(const Event &event) {
         GiveActionUp();
         AbortAction(); // what the reading anew would set right waits for a machine that takes it
     }
-    if (state.Next == NextStep::LoadData)
-        LoadData();
-    else if (state.Next == NextStep::StartAgain)
-        StartAgain();
+    if (state.Next == NextStep::LoadData || state.Next == NextStep::StartAgain) {
+        const bool again = state.Next == NextStep::StartAgain;
+        state.Next = NextStep::None;
+        (again ? StartAgain : LoadData)();
+    }
     if (state.Next == NextStep::Leave || state.Next == NextStep::LeaveFiltered) {
         ShutDown(state.Next == NextStep::LeaveFiltered);
         state.Next = NextStep::Left;
