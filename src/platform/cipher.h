@@ -34,7 +34,7 @@ void DropKey(int key);
 [[nodiscard]] int EncipherBlocks(int key, void *data, int64_t count);
 [[nodiscard]] int DecipherBlocks(int key, void *data, int64_t count);
 
-// In place, for a key of Cipher::Sealed, at least one byte. A nonce is not used twice. 1, or 0 and the data undefined.
+// In place, for a key of Cipher::Sealed, 16 to 4096 bytes. A nonce is not used twice. 1, or 0 and the data undefined.
 [[nodiscard]] int Seal(int key, const uint8_t nonce[NonceBytes], void *data, int64_t count, uint8_t tag[SealTagBytes]);
 // 1, or 0 when data, nonce or tag are not what Seal made under this key: the data are then undefined.
 [[nodiscard]] int Unseal(int key, const uint8_t nonce[NonceBytes], void *data, int64_t count,
