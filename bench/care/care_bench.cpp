@@ -6,6 +6,7 @@
 #include "cipher/keys.h"
 #include "ledger/account_window.h"
 #include "ledger/balance.h"
+#include "platform/action.h"
 #include "platform/cipher.h"
 #include "platform/text.h"
 #include "store/configuration.h"
@@ -97,8 +98,10 @@ void NewEntry(benchmark::State &run, bool sealed) {
     InitTRec(&row);
     row.Date = DateFromDayNumber(120000 + static_cast<uint32_t>(count) / 6);
     for (auto _ : run) {
+        BeginAction(); // as the event that brings it
         AddRecFile(BenchAccount, count / 2, &row, 0);
         CalcBalance(BenchAccount);
+        benchmark::DoNotOptimize(CommitAction());
     }
 }
 void NewPlainEntry(benchmark::State &run) {

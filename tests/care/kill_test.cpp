@@ -120,7 +120,7 @@ TEST_P(Kill, AtAnyWriteTheDataAreWhole) {
     Copied();
     total = DoOn(copy, {});
     // A change of key has as many writes as files and records: every one of the first and last, a sample between.
-    for (int n = 1; n <= total; n += n < 6 || n > total - 12 ? 1 : 1 + total / 12) {
+    for (int n = 1; n <= total; n += n < 6 || n > total - 12 ? 1 : 1 + total / 8) {
         SCOPED_TRACE(testing::Message() << "write " << n << " of " << total);
         Copied();
         const pid_t child = fork();
@@ -152,6 +152,15 @@ TEST_P(Kill, OnADiskThatRefusesOrIsFullTheDataAreWholeAndItIsTold) {
         refusing.FailOnward = n % 2 == 0;
         refusing.TearWrite = true;
         ways.push_back(refusing);
+    }
+    for (const int n : {1, 4, 12, 40}) {
+        DiskSwitches blind;
+        blind.FailRead = n;
+        ways.push_back(blind);
+        blind.FailRead = 0;
+        blind.FailOpen = n;
+        blind.FailOnward = n == 12;
+        ways.push_back(blind);
     }
     for (size_t n = 0; n < ways.size(); ++n) {
         SCOPED_TRACE(n);
