@@ -95,6 +95,20 @@ void BringBackAside(const char *directory) {
         static_cast<void>(MoveFileTo(aside, backup));
 }
 
+int HoldsBackup(const char *directory) {
+    char backup[JoinedRoom];
+    BringBackAside(directory);
+    Join(backup, directory, BackupName);
+    int files = 0;
+    const int whole = DirectoryThere(backup) == 1 && ForEachFile(backup, [&files](const char *name, const char *path) {
+                          if (std::strncmp(name, DataPrefix, sizeof DataPrefix - 1) != 0)
+                              return 1;
+                          ++files;
+                          return WholeRecords(name, path) ? 1 : 0;
+                      });
+    return whole && files >= FewestFiles;
+}
+
 // The new copy takes the place of the one before, which is never deleted before the new one bears its name.
 int Exchange(const char *directory) {
     char backup[JoinedRoom], work[JoinedRoom], aside[JoinedRoom];
@@ -151,7 +165,7 @@ CopyResult BackUpAll(const char *directory, CopyTeller tell) {
     return files > 0 ? CopyResult::Unwritten : CopyResult::Nothing;
 }
 
-// Outside the action of the event that asks for it: what a card refuses concerns no data.
+// Outside the action of the event that asks for it.
 template <typename Work> CopyResult OutsideActions(const Work &work) {
     const int paused = PauseAction();
     const CopyResult result = paused < 0 ? CopyResult::Unwritten : work();
@@ -162,17 +176,10 @@ template <typename Work> CopyResult OutsideActions(const Work &work) {
 } // namespace
 
 int ValidBackup(const char *directory) {
-    char backup[JoinedRoom];
-    BringBackAside(directory);
-    Join(backup, directory, BackupName);
-    int files = 0;
-    const int whole = DirectoryThere(backup) == 1 && ForEachFile(backup, [&files](const char *name, const char *path) {
-                          if (std::strncmp(name, DataPrefix, sizeof DataPrefix - 1) != 0)
-                              return 1;
-                          ++files;
-                          return WholeRecords(name, path) ? 1 : 0;
-                      });
-    return whole && files >= FewestFiles;
+    const int paused = PauseAction(); // what a card refuses concerns no data
+    const int valid = HoldsBackup(directory);
+    ResumeAction(paused);
+    return valid;
 }
 
 CopyResult MakeBackup(const char *directory, CopyTeller tell) {
@@ -186,8 +193,6 @@ CopyResult RestoreBackup(const char *directory, CopyTeller tell) {
     Join(backup, directory, BackupName);
     if (!ValidBackup(directory))
         return CopyResult::Invalid;
-    if (LiesWithinData(directory))
-        return CopyResult::Unsuitable;
     if (DirectoryThere(TransferDirectory) == 1)
         return CopyResult::InTheWay;
     return OutsideActions([&] { return RestoreAll(backup, tell); });

@@ -1,4 +1,5 @@
 #include "care/directories.h"
+#include "care/pause.h"
 #include "platform/files.h"
 #include "state/state.h"
 #include <algorithm>
@@ -53,7 +54,9 @@ void Show(const char *path) {
         std::snprintf(state.BrowsePath, sizeof state.BrowsePath, "\\%s", path + length);
     else
         std::snprintf(state.BrowsePath, sizeof state.BrowsePath, "%s", path);
+    const int paused = PauseAction(); // a directory that the owner may not read is no trouble with the data
     ListDirectories();
+    ResumeAction(paused);
 }
 
 } // namespace

@@ -219,3 +219,19 @@ TEST_F(Backup, TheWalkReachesTheWholeHostAndComesBack) {
     EXPECT_EQ(Lines(), "/No backup within the data themselves!////");
     SendCommand(CommandCross);
 }
+
+TEST_F(Backup, ADirectoryThatMayNotBeReadIsEmptyAndNoTroubleWithTheData) {
+    fs::create_directories(Card + "/a");
+    SendCommand(CommandBackup);
+    Enter("Card");
+    ResetDisk();
+    disk.Switches.FailOpen = 1;
+    disk.Switches.FailOnward = true;
+    Enter("a");
+    ResetDisk();
+    EXPECT_EQ(TextAt(DialogWindow, {0, 13, 240, 26}), "\\Card\\a\\");
+    EXPECT_EQ(state.ActiveDialog, BackupDialog);
+    EXPECT_EQ(Lines(),
+              "Select a directory to store a backup/All data will be copied to/'Zentk_Backup' in that directory/"
+              "The data can be restored when required//");
+}
