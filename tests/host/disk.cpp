@@ -1,5 +1,6 @@
 // The disk of the tests: real files, and switches that make it fail.
 #include "platform/disk.h"
+#include "power.h"
 #include "test_host.h"
 #include <algorithm>
 #include <cerrno>
@@ -28,7 +29,14 @@ static bool Meets(int number, int failing) {
 }
 
 // Counts a write-like call, ends the process when its number has come, and says whether the call may go on.
+static bool MayWriteOn();
 static bool MayWrite() {
+    if (EndsHere())
+        EndHere();
+    return MayWriteOn();
+}
+
+static bool MayWriteOn() {
     const int number = ++disk.WriteCalls;
     if (number == disk.Switches.DieAt)
         _exit(DiedExitCode);
@@ -117,7 +125,11 @@ static int64_t LengthOf(int handle) {
 int DiskWrite(int handle, int64_t offset, const void *buffer, int64_t bytes) {
     const auto *data = static_cast<const uint8_t *>(buffer);
     disk.DataWrites += static_cast<int>(dataHandles.count(handle));
-    if (!MayWrite()) {
+    if (EndsHere()) {
+        WriteWhole(handle, offset, data, TornAt(offset, bytes));
+        EndHere();
+    }
+    if (!MayWriteOn()) {
         if (disk.Switches.TearWrite)
             WriteWhole(handle, offset, data, bytes / 2);
         return 0;
@@ -152,11 +164,19 @@ int DiskCopy(int from, int to, int64_t bytes) {
     return DiskRead(from, 0, whole.data(), bytes) == bytes && DiskWrite(to, 0, whole.data(), bytes);
 }
 
-int DiskSync(int) {
-    return !Meets(++disk.Syncs, disk.Switches.FailSync);
+int DiskSync(int handle) {
+    if (EndsHere())
+        EndHere();
+    if (Meets(++disk.Syncs, disk.Switches.FailSync))
+        return 0;
+    NoteSync(handle);
+    return 1;
 }
 
 int DiskSyncDirectory(const char *path) {
+    if (EndsHere())
+        EndHere();
+    NoteDirectorySync(path);
     return !Meets(++disk.Syncs, disk.Switches.FailSync) && KindOf(path) == 2;
 }
 
