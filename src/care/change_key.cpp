@@ -60,43 +60,32 @@ int WriteCheckRecord(const Change &change) {
     return written;
 }
 
-// What is no whole record means nothing and does not come along: it would stand in the old key for ever.
-KeyChange RekeyRecords(const Change &change, FileKind kind, int from, int to) {
-    const int32_t count = CountRecords(from, kind);
+KeyChange RekeyOpened(const Change &change, FileKind kind, int file) {
+    const int32_t count = CountRecords(file, kind);
     for (int32_t first = 1; first <= count;) {
-        const int32_t run = ReadRun(from, kind, first, count - first + 1);
+        const int32_t run = ReadRun(file, kind, first, count - first + 1);
         if (run == 0)
             return KeyChange::Unwritten;
         if (!RekeyRun(change, kind, run, first == 1))
             return KeyChange::Damaged;
-        if (!WriteRun(to, kind, 0, run, first))
+        if (!WriteRun(file, kind, 0, run, first))
             return KeyChange::Unwritten;
         first += run;
     }
-    return KeyChange::Done;
-}
-
-// By way of a new file, of which the action holds nothing old.
-KeyChange RekeyPath(const Change &change, FileKind kind, const char *path) {
-    char work[PathRoom];
-    std::snprintf(work, sizeof work, "%s\\Rekeyed", DataDirectory);
-    const int from = OpenFile(path, OpenExisting);
-    const int to = from < 0 ? FailedOpen : OpenFile(work, OpenOrCreate);
-    KeyChange result = to < 0 ? KeyChange::Unwritten : RekeyRecords(change, kind, from, to);
-    if (from >= 0)
-        ReleaseFile(from);
-    if (to >= 0)
-        ReleaseFile(to);
-    if (result == KeyChange::Done && !MoveFileTo(work, path))
-        result = KeyChange::Unwritten;
-    return result;
+    // What is no whole record means nothing; under the new key it would stand in the old one.
+    const int64_t whole = int64_t{count} * RecordSize(kind);
+    return FileLength(file) == whole || CutFile(file, whole) ? KeyChange::Done : KeyChange::Unwritten;
 }
 
 void RekeyFile(Change *change, FileKind kind, const char *path) {
     if (change->Result != KeyChange::Done)
         return;
-    if (FileThere(path) == 1)
-        change->Result = RekeyPath(*change, kind, path);
+    if (FileThere(path) == 1) {
+        const int file = OpenFile(path, OpenExisting);
+        change->Result = file < 0 ? KeyChange::Unwritten : RekeyOpened(*change, kind, file);
+        if (file >= 0)
+            ReleaseFile(file);
+    }
     if (change->Result == KeyChange::Damaged)
         TraceNarrow(path);
     change->Tell(++change->Done * 100 / change->Steps);
@@ -123,6 +112,9 @@ void RekeyAll(Change *change) {
         RekeyFile(change, FileKind::Transactions, path);
     }
     EndFind(&walk);
+    // A file met twice would be under the new key twice.
+    if (change->Done != change->Steps - static_cast<int>(std::size(FixedFiles)) && change->Result == KeyChange::Done)
+        change->Result = KeyChange::Unwritten;
     for (const FileKind kind : FixedFiles) {
         DataPath(path, kind);
         if (kind != FileKind::Check)

@@ -243,6 +243,7 @@ void ClosePassCode() {
 }
 
 void TellProgressOfCircle(int percent) {
+    percent = percent > 100 ? 100 : percent;
     state.CipherProgress = state.PassMode == Decrypting ? 100 - percent : percent;
     ShowNowPainted();
 }

@@ -232,6 +232,5 @@ TEST_F(Backup, ADirectoryThatMayNotBeReadIsEmptyAndNoTroubleWithTheData) {
     EXPECT_EQ(TextAt(DialogWindow, {0, 13, 240, 26}), "\\Card\\a\\");
     EXPECT_EQ(state.ActiveDialog, BackupDialog);
     EXPECT_EQ(Lines(),
-              "Select a directory to store a backup/All data will be copied to/'Zentk_Backup' in that directory/"
-              "The data can be restored when required//");
+              "/The current selected directory/Double tap to see a directory/Tap 'up arrow' to go up one level//");
 }

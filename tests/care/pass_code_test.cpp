@@ -346,3 +346,24 @@ TEST_F(PassCode, AChangedRecordIsNotBelievedAndStopsAChangeOfKey) {
     OpenRow(2);
     EXPECT_EQ(TextAt(ListWindow, Row(2)).find("Car deposit"), std::string::npos);
 }
+
+// More than an action holds in memory.
+TEST_F(PassCode, ALargeAccountIsEncipheredOnceAndComesBack) {
+    constexpr size_t Rows = 20000;
+    const std::string path = root.DataFile("E1_02A9");
+    std::vector<uint8_t> bytes(Rows * sizeof(TRecFile));
+    for (size_t n = 0; n < Rows; ++n) {
+        bytes[n * sizeof(TRecFile)] = RecordVersion;
+        memcpy(&bytes[n * sizeof(TRecFile) + 20], &n, sizeof n);
+    }
+    WriteBytes(path, bytes);
+    const auto before = Payloads(path, FileKind::Transactions);
+    SetPassCode("1234");
+    ASSERT_EQ(state.PasswordOn, 1U);
+    EXPECT_TRUE(Payloads(path, FileKind::Transactions) != before);
+    Restart();
+    TapDigits("1234");
+    SendCommand(CommandPasswordOff);
+    ASSERT_EQ(state.PasswordOn, 0U);
+    EXPECT_TRUE(Payloads(path, FileKind::Transactions) == before);
+}
