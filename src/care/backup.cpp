@@ -31,33 +31,35 @@ template <typename Visit> int ForEachFile(const char *directory, Visit visit) {
     FindNames(&walk, directory, "");
     while (all && FindNextName(&walk, name, sizeof name)) {
         Join(path, directory, name);
-        if (FileThere(path) == 1)
-            all = visit(name, path);
+        const int isFile = FileThere(path); // below 0: the machine does not say
+        all = isFile == 1 ? visit(name, path) : isFile == 0;
     }
     EndFind(&walk);
     return all;
 }
 
+// -1 when they can't be counted.
 int CountFiles(const char *directory) {
     int count = 0;
-    static_cast<void>(ForEachFile(directory, [&count](const char *, const char *) {
+    const int all = ForEachFile(directory, [&count](const char *, const char *) {
         ++count;
         return 1;
-    }));
-    return count;
+    });
+    return all ? count : -1;
 }
 
 int CopyFiles(const char *from, const char *to, CopyTeller tell) {
     const int files = CountFiles(from);
     int copied = 0;
-    return ForEachFile(from, [&](const char *name, const char *path) {
+    const int all = ForEachFile(from, [&](const char *name, const char *path) {
         char target[JoinedRoom];
         Join(target, to, name);
         if (!CopyFileTo(path, target))
             return 0;
-        tell(++copied * 100 / files);
+        tell(++copied * 100 / (files > 0 ? files : 1));
         return 1;
     });
+    return all && copied == files; // one that the walk passed over would be missing
 }
 
 int DeleteFiles(const char *directory) {
@@ -70,7 +72,8 @@ int DeleteFiles(const char *directory) {
 }
 
 int DeleteDirectory(const char *directory) {
-    return DirectoryThere(directory) != 1 || (DeleteFiles(directory) && RemoveEmptyDirectory(directory));
+    const int there = DirectoryThere(directory);
+    return there == 0 || (there == 1 && DeleteFiles(directory) && RemoveEmptyDirectory(directory));
 }
 
 // A whole number of records, as far as the kind is known; a configuration has to be there.
@@ -117,7 +120,8 @@ int Exchange(const char *directory) {
     Join(aside, directory, AsideName);
     if (!DeleteDirectory(aside))
         return 0;
-    if (DirectoryThere(backup) == 1 && !MoveFileTo(backup, aside))
+    const int stands = DirectoryThere(backup);
+    if (stands < 0 || (stands == 1 && !MoveFileTo(backup, aside)))
         return 0;
     if (!MoveFileTo(work, backup)) {
         BringBackAside(directory);
@@ -162,7 +166,7 @@ CopyResult BackUpAll(const char *directory, CopyTeller tell) {
     if (files > 0 && CopyFiles(DataDirectory, work, tell) && Exchange(directory))
         return CopyResult::Done;
     static_cast<void>(DeleteDirectory(work));
-    return files > 0 ? CopyResult::Unwritten : CopyResult::Nothing;
+    return files == 0 ? CopyResult::Nothing : CopyResult::Unwritten;
 }
 
 // Outside the action of the event that asks for it.
