@@ -1,4 +1,5 @@
 // A full repaint of an account's transactions on the real surface: bench_repaint [ROUNDS]
+#include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/start.h"
 #include "platform/files.h"
@@ -21,6 +22,7 @@ int main(int count, char **words) {
     PrepareHost(1);
     if (WinMain() != 1)
         return 1;
+    HandleEvent({.Kind = EventKind::Key, .Code = static_cast<int>(Key::Escape)}); // the front page
     ShowDevice();
     Deliver({.Kind = EventKind::Key, .Code = static_cast<int>(Key::Enter)}); // opens the first account
     if (state.CurrentScreen != TransactionList)

@@ -34,11 +34,15 @@ bool Believed(FileKind kind, const void *record) {
     return kind == FileKind::Notepad || *static_cast<const uint8_t *>(record) == RecordVersion;
 }
 
+uint8_t *RecordBytes(FileKind kind, int32_t index) {
+    return state.RunBuffer + int64_t{index} * RecordSize(kind);
+}
+
 // The records of the run in the buffer. A file whose first record no loader would believe is not to be re-enciphered:
 // it is under a third key, or damaged, and what it holds would be lost for good.
 int RekeyRun(const Change &change, FileKind kind, int32_t count, int isFirst) {
     for (int32_t index = 0; index < count; ++index) {
-        void *record = RunRecord(kind, index);
+        void *record = RecordBytes(kind, index);
         if (!DecipherUnder(change.From, kind, record) || (isFirst && index == 0 && !Believed(kind, record)))
             return 0;
         if (change.To == NoKey)
@@ -54,7 +58,7 @@ int WriteCheckRecord(const Change &change) {
     ConfRecFile whole = {};
     whole.Rec.Version = RecordVersion;
     CopyText(whole.Rec.PassCheck, static_cast<int>(std::size(whole.Rec.PassCheck)), PassCheckText);
-    const int file = OpenDataFile(FileKind::Check, OpenOrCreate, 0, nullptr);
+    const int file = OpenDataFile(FileKind::Check, OpenOrCreate);
     const int written = EncipherUnder(change.To, FileKind::Check, &whole) && WriteFileAt(file, 0, &whole, sizeof whole);
     CloseFile(file);
     return written;
@@ -139,7 +143,7 @@ int IsCodeInForce(const char16_t *text) {
     if (state.CurrentKey == NoKey || state.CipherSuite != SealedSuite)
         return state.CurrentKey == NoKey && TextLength(text) == 0;
     ConfRecFile check;
-    const int file = OpenDataFile(FileKind::Check, OpenExisting, 0, nullptr);
+    const int file = OpenDataFile(FileKind::Check, OpenExisting);
     const int there = ReadFileAt(file, 0, &check, sizeof check) == sizeof check;
     if (file >= 0)
         CloseFile(file);

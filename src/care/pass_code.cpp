@@ -29,7 +29,7 @@ int ReadRaw(FileKind kind, ConfRecFile *record) {
 } // namespace
 
 int CheckRecordStands() {
-    const int file = OpenDataFile(FileKind::Check, OpenExisting, 0, nullptr);
+    const int file = OpenDataFile(FileKind::Check, OpenExisting);
     if (file < 0) {
         ReportError(In::LoadConfFile, Trouble::CcreateFail);
         return 0;

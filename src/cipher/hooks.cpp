@@ -1,5 +1,6 @@
 #include "cipher/hooks.h"
 #include "cipher/keys.h"
+#include "platform/action.h"
 #include "platform/cipher.h"
 #include "state/error_log.h"
 #include <cstring>
@@ -69,9 +70,15 @@ int DecipherUnder(int32_t key, FileKind kind, void *record) {
 }
 
 int EncipherRecord(FileKind kind, void *record) {
-    return EncipherUnder(state.CurrentKey, kind, record);
+    if (EncipherUnder(state.CurrentKey, kind, record))
+        return 1;
+    RefuseActionFor(WriteRefused);
+    return 0;
 }
 
-void DecipherRecord(FileKind kind, void *record) {
-    DecipherUnder(state.CurrentKey, kind, record);
+int DecipherRecord(FileKind kind, void *record) {
+    if (DecipherUnder(state.CurrentKey, kind, record))
+        return 1;
+    RefuseActionFor(ReadRefused);
+    return 0;
 }

@@ -11,13 +11,13 @@
 
 // Before a write, under the key in force: covers the payload in place. Nothing happens with NoKey, nor to the
 // configuration record, which must be read before any key exists. 1, or 0 when the machine fails: the record is then
-// zero rather than plain, and not to be written.
-int EncipherRecord(FileKind kind, void *record);
+// zero rather than plain and not to be written, and the action is refused.
+[[nodiscard]] int EncipherRecord(FileKind kind, void *record);
 
-// After a read: the payload is plain, the tail means nothing. A record under a seal that was changed, or is under
-// another key, is zero: its version byte refuses it.
-void DecipherRecord(FileKind kind, void *record);
+// After a read: the payload is plain, the tail means nothing. 0 for a record that can't be deciphered, which is under a
+// seal that was changed, or under another key: it is zero, which its version byte refuses, and the action is refused.
+[[nodiscard]] int DecipherRecord(FileKind kind, void *record);
 
-// The same under a key of cipher/keys.h or NoKey. 1, or 0 when the record is zero for one of these reasons.
+// The same under a key of cipher/keys.h or NoKey, without a word to the action.
 int EncipherUnder(int32_t key, FileKind kind, void *record);
 int DecipherUnder(int32_t key, FileKind kind, void *record);

@@ -21,18 +21,11 @@ constexpr FormPart Parts[] = {
     {UpItem, UpBox, {0, 26, 20, 45}, nullptr},
 };
 
-struct CopyForm {
-    int16_t Opening[MessageLines];
-    int16_t Working; // line
-};
-constexpr CopyForm Backup = {{175, 176, 177, 178, 0, 0}, 395}, Restore = {{179, 180, 0, 184, 185, 0}, 396};
-constexpr HelpRow Help[] = {
-    {DirectoryField, {0, 181, 182, 183, 0, 0}},
-    {UpItem, {0, 183, 0, 0, 0, 0}},
-};
+constexpr FieldHelp FieldHelps[] = {{DirectoryField, Help::DirectoryField}, {UpItem, Help::DirectoryUp}};
 
 // ORDER COPYRESULT: what is said when a tick did not copy
-constexpr int16_t Refusals[][2] = {{0, 0}, {0, 0}, {531, 532}, {533, 0}, {534, 524}, {80, 88}};
+constexpr Help Refusals[] = {Help::None,        Help::None,         Help::CopyInterrupted, Help::BackupWithinData,
+                             Help::CopyRefused, Help::NoBackupThere};
 
 bool Restores() {
     return state.ActiveDialog == RestoreDialog;
@@ -133,7 +126,7 @@ int DiaGetFile() {
     const bool restores = Restores();
     CopyResult result = CopyResult::Invalid;
     if (!restores || (ValidBackup(directory) && state.CopyProgress == 100)) {
-        ShowHelpMessage(1, 1, 0, 0, restores ? Restore.Working : Backup.Working, 0, 0, 0);
+        ForceHelp(restores ? Help::Restoring : Help::BackingUp);
         TellCopied(0);
         result = restores ? RestoreBackup(directory, TellCopied) : MakeBackup(directory, TellCopied);
     }
@@ -145,7 +138,7 @@ int DiaGetFile() {
         return TickDone;
     }
     ShowValidity();
-    RefuseTick(Refusals[static_cast<int>(result)][0], Refusals[static_cast<int>(result)][1]);
+    RefuseTick(Refusals[static_cast<int>(result)]);
     return TickRefused;
 }
 
@@ -154,7 +147,7 @@ constexpr Form FormOf(int dialog) {
             .WithPanel = 0,
             .Controls = &DirectoryTemplate,
             .Parts = Parts,
-            .Help = Help,
+            .FieldHelps = FieldHelps,
             .Lists = Lists,
             .Fill = Fill,
             .Tick = DiaGetFile,
@@ -165,20 +158,19 @@ constexpr Form FormOf(int dialog) {
 }
 constexpr Form BackupForm = FormOf(BackupDialog), RestoreForm = FormOf(RestoreDialog);
 
-int OpenCopyForm(const Form *form, const CopyForm &words) {
+int OpenCopyForm(const Form *form, Help opening) {
     ShowDeviceRoot();
     if (!Dialog_Init(form))
         return 0;
-    ShowHelpMessage(1, 0, words.Opening[0], words.Opening[1], words.Opening[2], words.Opening[3], words.Opening[4],
-                    words.Opening[5]);
+    ShowHelp(opening);
     return 1;
 }
 
 } // namespace
 
 int OpenBackupForm() {
-    return OpenCopyForm(&BackupForm, Backup);
+    return OpenCopyForm(&BackupForm, Help::Backup);
 }
 int OpenRestoreForm() {
-    return OpenCopyForm(&RestoreForm, Restore);
+    return OpenCopyForm(&RestoreForm, Help::Restore);
 }

@@ -10,6 +10,7 @@
 #include "platform/text.h"
 #include "resources/art.h"
 #include "resources/forms.h"
+#include "resources/help_lines.h"
 #include "resources/menus.h"
 #include "state/greys.h"
 #include "state/messages.h"
@@ -54,10 +55,6 @@ constexpr FormTemplate LongCodeTemplate = TemplateOf(146, LongCodeControls);
 // ORDER PASSCODEMODE
 constexpr const char16_t *Titles[] = {u"Enter pass code", u"Enter new pass code", u"Confirm new pass code", u"",
                                       u"Decrypting",      u"Encrypting"};
-
-constexpr int16_t WeakLines[] = {472, 473, 475, 476, 479, 480}, StrongLines[] = {472, 474, 477, 478, 479, 480},
-                  NewStrongLines[] = {0, 483, 484, 0, 0, 0}, CircleLines[] = {0, 481, 482, 0, 0, 0},
-                  WrongLines[] = {0, 520, 0, 0, 0, 0}, TooManyLines[] = {0, 520, 0, 521, 522, 0};
 
 constexpr Colour FailureColour = AlertRed, EntryColour = Rgb(0, 39, 159), RightColour = Green,
                  PaleGold = Rgb(255, 232, 160), DialColour = Rgb(223, 232, 251);
@@ -157,14 +154,16 @@ void PaintDial() {
 void PaintWhy() {
     if (state.DigitMarks != PassMarks::Wrong || state.MessageWindowOn)
         return;
-    PaintText(PassWindow(), MessageText(WrongLines[1]), WrongLine, Align::Centre, Font::Bold, AlertRed, 1);
+    PaintText(PassWindow(), MessageText(LinesOf(Help::WrongCode)[1]), WrongLine, Align::Centre, Font::Bold, AlertRed,
+              1);
     if (state.FailedTries >= MostTries)
-        PaintText(PassWindow(), MessageText(TooManyLines[3]), WhyLine, Align::Centre, Font::Bold, AlertRed, 1);
+        PaintText(PassWindow(), MessageText(LinesOf(Help::TooManyCodes)[3]), WhyLine, Align::Centre, Font::Bold,
+                  AlertRed, 1);
 }
 
 void PassCodeScreen(int mode) {
     const bool working = state.CipherProgress >= 0;
-    FillRect(PassWindow(), {0, 0, ScreenWidth, state.MessageWindowOn ? MessageTopInForm : WindowHeight}, White);
+    FillRect(PassWindow(), {0, 0, ScreenWidth, state.MessageWindowOn ? MessageTopInForm : BarTop}, White);
     PaintText(PassWindow(), Titles[mode], TitleLine, Align::Centre, Font::Bold, Black);
     if (!working) {
         const int cell = state.StrongMode ? 24 : 0;
@@ -191,17 +190,13 @@ void ShowNowPainted() {
     ShowNow();
 }
 
-void Say(const int16_t (&lines)[MessageLines]) {
-    ShowHelpMessage(1, 1, lines[0], lines[1], lines[2], lines[3], lines[4], lines[5]);
-}
-
 void SayWhatThisIs() {
     if (!state.StrongMode)
-        Say(WeakLines);
+        ForceHelp(Help::WeakCode);
     else if (state.PassMode == EnterCode)
-        Say(StrongLines);
+        ForceHelp(Help::StrongCode);
     else
-        Say(NewStrongLines);
+        ForceHelp(Help::NewStrongCode);
 }
 
 // --- What was entered
@@ -262,9 +257,9 @@ void RunChange(int mode, const char16_t *text) {
     if (change == KeyChange::Unwritten)
         TellUnwritten();
     else if (change == KeyChange::Damaged)
-        RefuseTick(523, 524);
+        RefuseTick(Help::RecordUndeciphered);
     else if (change == KeyChange::NoCipher)
-        RefuseTick(527, 524);
+        RefuseTick(Help::NoKeyMade);
 }
 
 void FailTry() {
@@ -273,7 +268,7 @@ void FailTry() {
     if (state.StrongMode)
         SetControlText(TextField, u"");
     Beep();
-    Say(state.FailedTries >= MostTries ? TooManyLines : WrongLines);
+    ForceHelp(state.FailedTries >= MostTries ? Help::TooManyCodes : Help::WrongCode);
     PaintPassCode();
 }
 
@@ -355,7 +350,7 @@ void ToggleStrength() {
 
 void ResetByCircle() {
     ResetInput();
-    Say(CircleLines);
+    ForceHelp(Help::CodeReset);
     PaintPassCode();
 }
 

@@ -1,4 +1,4 @@
-// What the fields of the open form hold, and whether the owner changed it.
+#include "frame/form_fields.h"
 #include "frame/form.h"
 #include "platform/text.h"
 
@@ -38,7 +38,7 @@ uint32_t WithinValid(uint32_t dayNumber) {
 
 } // namespace
 
-int FieldPresent(int field) {
+bool FieldPresent(int field) {
     return ControlOf(field) != nullptr;
 }
 
@@ -50,6 +50,7 @@ void SetFieldText(int field, const char16_t *text) {
     CopyText(fitting, control->Limit > 0 && control->Limit < ShownRoom ? control->Limit + 1 : ShownRoom, text);
     SetControlText(field, fitting);
     GetControlText(field, ShownOf(field), ShownRoom);
+    state.FieldEdited[field - FirstField] = 0;
 }
 
 void SelectFieldItem(int field, int index) {
@@ -57,9 +58,17 @@ void SelectFieldItem(int field, int index) {
         return;
     SelectControlItem(field, index);
     GetControlText(field, ShownOf(field), ShownRoom);
+    state.FieldEdited[field - FirstField] = 0;
 }
 
-int FieldTouched(int field) {
+void MarkEdited(int field) {
+    if (field >= FirstField && field - FirstField < ShownFields)
+        state.FieldEdited[field - FirstField] = 1;
+}
+
+bool FieldTouched(int field) {
+    if (state.FieldEdited[field - FirstField])
+        return true;
     char16_t now[ShownRoom];
     GetControlText(field, now, ShownRoom);
     return !SameText(now, ShownOf(field));
@@ -69,11 +78,12 @@ void SetFieldDate(int field, const RecDate &date) {
     const RecDate valid = DateFromDayNumber(WithinValid(date.DayNumber));
     SetControlDate(field, {static_cast<int>(valid.Year), valid.Month, valid.Day});
     state.ShownDate = DateShown(field);
+    state.FieldEdited[field - FirstField] = 0;
 }
 
 void GetFieldDate(int field, RecDate *date) {
     RecDate picked = DateShown(field);
-    if (SameFields(picked, state.ShownDate))
+    if (!state.FieldEdited[field - FirstField] && SameFields(picked, state.ShownDate))
         return;
     InsertAbs(&picked);
     *date = DateFromDayNumber(WithinValid(picked.DayNumber));

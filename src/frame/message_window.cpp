@@ -5,7 +5,7 @@
 #include "frame/form.h"
 #include "frame/header.h"
 #include "frame/scroll.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
 #include "platform/shell.h"
 #include "platform/text.h"
 #include "resources/menus.h"
@@ -90,7 +90,7 @@ void PaintLine(Window window, int id, int top) {
               state.MessageAlign ? Align::Centre : Align::Left, Font::Bold, HasExclamation(text) ? AlertRed : Black, 1);
 }
 
-void PaintScreen(int mask) {
+void PaintCurrentScreen(int mask) {
     const int screen = state.CurrentScreen;
     if (screen >= AccountList && screen <= ConversionList && state.Paint[screen])
         state.Paint[screen](ListWindow, mask);
@@ -101,7 +101,7 @@ void RelayList(int reload, int mask) {
     const int screen = state.CurrentScreen;
     if (reload && screen != GraphList && state.EntryCount[screen] > 0)
         ReloadList(screen, SetRecPosition(state.SelectedPos[screen], state.EntryCount[screen]));
-    PaintScreen(screen == GraphList ? PaintAll : mask);
+    PaintCurrentScreen(screen == GraphList ? PaintAll : mask);
 }
 
 void OpenMessages(int reload, int keepDialog) {
@@ -117,9 +117,9 @@ void OpenMessages(int reload, int keepDialog) {
     if (state.ActiveDialog == NoDialog)
         PassOverRepaint();
     if (state.ActiveDialog == NewAccountDialog)
-        ShowHelpMessage(1, 1, 1, 115, 117, 4, 0, 0);
+        ForceHelp(Help::HelpModeInNewAccount);
     else
-        ShowHelpMessage(1, 1, 1, 2, 3, 0, 4, 0);
+        ForceHelp(Help::HelpMode);
     if (!state.HelpMode)
         PaintMessages(ListWindow, PaintAll); // opened for a report: nobody else paints the window
     ShowEyes(OpenEye);
@@ -147,7 +147,7 @@ void PaintMessages(Window, int) {
         return;
     const Window window = MessageTarget();
     const int top = window == ListWindow ? MessageTop : MessageTopInForm;
-    FillRect(window, {0, top, ScreenWidth, WindowHeight}, White);
+    FillRect(window, {0, top, ScreenWidth, WindowBoxes[TopWindow].Bottom}, White);
     int lineTop = window == ListWindow ? top + ListLead : top;
     for (int i = 0; i < MessageLines; ++i, lineTop += MessageLineHeight)
         PaintLine(window, state.MessageLine[i], lineTop);
@@ -165,9 +165,8 @@ void LeaveHelpOrHub(int button) {
         ShowWindow(state.HubState == LargeHub ? HostWindow : HubWindow, 0);
         state.HubState = 0;
         if (!state.HelpMode)
-            PaintScreen(PaintAll);
-        const int16_t *line = state.MessageLine;
-        ShowHelpMessage(state.MessageAlign, 1, line[0], line[1], line[2], line[3], line[4], line[5]);
+            PaintCurrentScreen(PaintAll);
+        RepeatHelp();
     } else if (state.HelpMode) {
         state.HelpMode = 0;
         state.MessageWindowOn = 1;
@@ -187,4 +186,28 @@ void ToggleEyes() {
     if (state.MessageWindowOn)
         state.MessageWindowOn = 0; // open already, for a report: it opens anew with help mode's own lines
     ToggleHelpMode(1, 0);
+}
+
+int ListMessages(Spot *to, int room) {
+    if (state.HubState != 0 || !state.MessageWindowOn)
+        return 0;
+    const Window window = MessageTarget();
+    const int first = window == ListWindow ? MessageTop + ListLead : MessageTopInForm;
+    int count = 0;
+    for (int i = 0; i < MessageLines && count < room; ++i) {
+        const int id = state.MessageLine[i], top = first + i * MessageLineHeight;
+        Spot spot = {.Kind = SpotKind::Message, .Where = window, .Box = {0, top, ScreenWidth, top + MessageLineHeight}};
+        if (id < 0 && id >= -MessageLines) {
+            const int row = -id - 1;
+            const int64_t imported = int64_t{state.ImportCount[WellFormed]} + state.ImportCount[BadlyFormed];
+            AppendNumber(spot.Name, SpotNameRoom, row == Summary ? imported : state.ImportCount[row]);
+            AppendAscii(spot.Name, SpotNameRoom, " ");
+            AppendText(spot.Name, SpotNameRoom, row == Summary ? u"entries imported in all" : Report[row].Text);
+        } else {
+            AppendText(spot.Name, SpotNameRoom, MessageText(id));
+        }
+        if (spot.Name[0])
+            to[count++] = spot;
+    }
+    return count;
 }

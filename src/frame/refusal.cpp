@@ -1,6 +1,6 @@
 #include "frame/refusal.h"
 #include "frame/form.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
 #include "platform/action.h"
 #include "state/greys.h"
 #include "state/messages.h"
@@ -37,11 +37,11 @@ void HoldInside(int list) {
 void ReloadNoted() {
     state.ReconcileState = ReconcileStep::Idle;
     state.RangeStart = state.RangeFinish = 0;
-    state.RangeStartScreen = state.RangeFinishScreen = 0;
-    state.IgnoreFilter = 0;
+    state.RangeStartPlace = state.RangeFinishPlace = {};
+    state.WaitingCount = 0;
     state.Restructuring = 0;
     state.DragSource = 0;
-    if (!state.DataUsable)
+    if (!state.DataUsable || !state.FileAccessReady) // before the right pass code nothing can be read
         return;
     // Looking goes on also where nothing can be written: the owner stays on a screen that was asked for.
     const int32_t screen = state.CurrentScreen;
@@ -49,7 +49,7 @@ void ReloadNoted() {
         std::copy(std::begin(noted.TopPos), std::end(noted.TopPos), state.TopPos);
         std::copy(std::begin(noted.SelectedPos), std::end(noted.SelectedPos), state.SelectedPos);
     }
-    LoadAccFile(state.TopPos[AccountList]);
+    ReloadList(AccountList, state.TopPos[AccountList]);
     FindAccountAgain();
     const int32_t selected = state.SelectedPos[TransactionList];
     LoadTranFile(state.SelectedPos[AccountList], state.TopPos[TransactionList]);
@@ -85,9 +85,9 @@ void GiveActionUp() {
     const bool reading = ActionRefused() == ReadRefused;
     BeginAction();
     ReloadNoted();
-    if (!state.OpenedForm) {
+    if (!state.OpenedForm && state.FileAccessReady) {
         SetGreys(state.CurrentScreen);
         RepaintScreen();
     }
-    RefuseTick(128, reading ? 489 : 133);
+    RefuseTick(reading ? Help::NotRead : Help::NotWritten);
 }

@@ -247,6 +247,8 @@ int RecoverFiles() {
 int OpenFile(const char *path, OpenDisposition disposition) {
     const int handle = UnusedSlot();
     char plain[PathRoom];
+    if (OverlayStandsIn() && !ActionRuns())
+        static_cast<void>(ReadyForActions()); // the machine may be well again
     if (handle < 0 || !TakePath(plain, path)) {
         RefuseActionFor(ReadRefused);
         return FailedOpen;

@@ -26,6 +26,8 @@ int PlainPath(char *to, const char *path) {
     if (std::strlen(path) >= PathRoom - 1) // with its '\' it has to fit as well
         return 0;
     std::strcpy(to, path);
+    for (size_t length = std::strlen(to); length > 0 && to[length - 1] == '\\'; --length)
+        to[length - 1] = 0; // a directory's path may end with one
     return 1;
 }
 

@@ -1,9 +1,10 @@
 #include "program/door.h"
 #include "frame/refusal.h"
-#include "input/input.h"
+#include "input/wndproc.h"
 #include "platform/action.h"
 #include "platform/files.h"
 #include "program/start_up.h"
+#include "screens/movie.h"
 #include "state/state.h"
 
 namespace {
@@ -32,11 +33,12 @@ void HandleEvent(const Event &event) {
         GiveActionUp();
         AbortAction(); // what the reading anew would set right waits for a machine that takes it
     }
-    if (state.Next == NextStep::LoadData || state.Next == NextStep::StartAgain) {
-        const bool again = state.Next == NextStep::StartAgain;
-        state.Next = NextStep::None;
-        (again ? StartAgain : LoadData)();
-    }
+    if (state.Next == NextStep::LeaveFrontPage)
+        GoOnFromPage();
+    if (state.Next == NextStep::LoadData)
+        LoadData();
+    if (state.Next == NextStep::StartAgain)
+        StartAgain();
     if (state.Next == NextStep::Leave || state.Next == NextStep::LeaveFiltered) {
         ShutDown(state.Next == NextStep::LeaveFiltered);
         state.Next = NextStep::Left;
@@ -45,7 +47,7 @@ void HandleEvent(const Event &event) {
 }
 
 int IdleStep() {
-    return 0;
+    return DrawAbout();
 }
 
 void RestStep() {

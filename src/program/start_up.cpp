@@ -4,14 +4,16 @@
 #include "care/pass_code.h"
 #include "cipher/keys.h"
 #include "drawing/cells.h"
-#include "drawing/colour_model.h"
+#include "drawing/palette.h"
 #include "forms/pass_code.h"
+#include "frame/changes.h"
 #include "frame/command_bar.h"
 #include "frame/header.h"
 #include "frame/message_window.h"
 #include "frame/scroll.h"
 #include "ledger/account_window.h"
 #include "ledger/balance.h"
+#include "ledger/bin.h"
 #include "ledger/filter.h"
 #include "ledger/recurring.h"
 #include "platform/action.h"
@@ -19,12 +21,15 @@
 #include "platform/files.h"
 #include "platform/shell.h"
 #include "program/sample_data.h"
+#include "screens/front_page.h"
+#include "screens/list_screen.h"
 #include "screens/screens.h"
 #include "state/greys.h"
 #include "state/messages.h"
 #include "state/state.h"
 #include "store/catalogue.h"
 #include "store/configuration.h"
+#include "store/index.h"
 #include "store/windows.h"
 #include <span>
 
@@ -46,7 +51,7 @@ void TakeOverOldData() {
         CreateSampleData(FileKind::Check);
         char accounts[PathRoom];
         DataPath(accounts, FileKind::Accounts);
-        if (FileExists(accounts)) // without accounts this is a first run, whose sample brings its categories
+        if (FileThere(accounts) == 1) // without accounts this is a first run, whose sample brings its categories
             CreateSampleData(FileKind::Categories);
         CreateSampleData(FileKind::Conversions);
     }
@@ -89,18 +94,8 @@ void BeginStep() {
     BeginAction();
     ActionLeavesNoHistory();
 }
-ActionRefusal refusal; // of the first step that was refused
-int NextAction() {
-    const int done = CommitAction();
-    if (refusal == NotRefused)
-        refusal = static_cast<ActionRefusal>(ActionRefused());
-    BeginStep();
-    return done;
-}
 
 void AskForNames() {
-    for (int day = 0; day < 7; ++day)
-        state.DayNames[day] = WeekdayName(day);
     for (int month = 1; month <= 12; ++month)
         state.MonthNames[month] = MonthName(month);
     LoadTodaysDate(&state.SharedToday);
@@ -114,10 +109,10 @@ void OpenMessageWindow() {
     state.LeftEye = state.RightEye = OpenEye;
 }
 
-// Data that can't be read may not be touched.
-void RefuseData(DataRefusal why) {
+// Data that can't be read, or of which a part is lost, may not be touched.
+void RefuseData(DataRefusal reason) {
     state.DataUsable = 0;
-    state.Refusal = why;
+    state.Refusal = reason;
     OpenMessageWindow();
 }
 
@@ -138,10 +133,19 @@ int WaitForPassCode() {
     return OpenPassCode(EnterCode);
 }
 
-int Missing(FileKind kind) {
+// Ends one step of the start and begins the next. 0 when the step was refused; what can't be read is not used at all.
+int NextAction() {
+    const int done = CommitAction();
+    if (!done && ActionRefused() == ReadRefused && state.DataUsable)
+        RefuseData(DataRefusal::Unreadable);
+    BeginStep();
+    return done;
+}
+
+bool Missing(FileKind kind) {
     char path[PathRoom];
     DataPath(path, kind);
-    return !FileExists(path);
+    return FileThere(path) == 0;
 }
 
 // A list behind the accounts, and whether its file was missing before a loader made it.
@@ -162,7 +166,7 @@ int LoadLists(std::span<FurtherList> lists) {
     for (const FurtherList &list : lists)
         list.Load(list.Top);
     LoadPalette();
-    return state.DataUsable == 1 && AcceptTranFile(state.SelectedPos[AccountList]);
+    return state.DataUsable == 1 && AcceptRows(LiveRows(RectoID(state.SelectedPos[AccountList])));
 }
 
 void FillWithSamples(std::span<const FurtherList> lists, int firstRun) {
@@ -184,6 +188,22 @@ void SetPositions() {
     state.SelectedPos[CategoryList] = state.SelectedPos[ConversionList] = 0;
 }
 
+// The transaction files beside a list of accounts that is empty. One that belongs to no account of the bin is that of
+// an account whose row was lost.
+enum class AccountFiles : uint8_t { None, OfBin, Lost };
+AccountFiles FindAccountFiles() {
+    AccountFiles found = AccountFiles::None;
+    FileWalk walk;
+    char name[PathRoom];
+    FindNames(&walk, DataDirectory, "E1_02");
+    while (found != AccountFiles::Lost && FindNextName(&walk, name, PathRoom)) {
+        uint32_t accountID;
+        found = AccountOfFile(name, &accountID) && AccountInBin(accountID) ? AccountFiles::OfBin : AccountFiles::Lost;
+    }
+    EndFind(&walk);
+    return found;
+}
+
 // 1 when all of it was done and is durable.
 int FirstLoad() {
     FurtherList lists[] = {
@@ -194,28 +214,38 @@ int FirstLoad() {
         {FileKind::Conversions, ConversionList, LoadCurFile, 0, true, 0},
     };
     SetPositions();
-    const int usable = LoadLists(lists);
+    int usable = LoadLists(lists);
     state.FileAccessReady = 1;
+    const bool noAccounts = usable && state.EntryCount[AccountList] == 0;
+    const AccountFiles files = noAccounts ? FindAccountFiles() : AccountFiles::None;
+    if (files == AccountFiles::Lost) {
+        RefuseData(DataRefusal::AccountsLost);
+        usable = 0;
+    }
+    const bool firstRun = noAccounts && files == AccountFiles::None;
     int done = 1;
-    const int firstRun = usable && state.EntryCount[AccountList] == 0;
     if (usable) {
-        FillWithSamples(lists, firstRun);
+        if (!ActionRefused())
+            FillWithSamples(lists, firstRun);
         done = NextAction();
-        CheckT1totals(0);
+        CheckT1totals();
         done = NextAction() && done;
     }
     if (firstRun || !usable)
         OpenMessageWindow();
+    return done;
+}
+
+void ShowFirstAccount() {
     SetPositions();
     state.CurrentScreen = AccountList;
-    LoadAccFile(1);
+    ReloadList(AccountList, 1);
     LoadCurrentAccount();
     if (state.CurAccount.RowKind != HeadingRow)
         LoadTranFile(state.SelectedPos[AccountList], 0);
-    LoadAccFile(1);
+    ReloadList(AccountList, 1);
     state.SelectedPos[TransactionList] = 0;
     MeasureYearColumn();
-    return done;
 }
 
 // --- The first screen
@@ -223,12 +253,9 @@ int FirstLoad() {
 void ShowFirstScreen(int loaded) {
     state.FrontPageDone = 1;
     // A disk that refuses says so before anything is entered.
-    const bool writable = !state.DataUsable || (StampLastChecked() && NextAction() && loaded);
-    if (!writable) {
-        AbortAction();
-        BeginStep();
+    const bool writable = !state.DataUsable || loaded;
+    if (!writable)
         OpenMessageWindow();
-    }
     SetMenuBar();
     if (state.DataUsable) {
         CheckDDs();
@@ -236,26 +263,40 @@ void ShowFirstScreen(int loaded) {
         static_cast<void>(NextAction());
     }
     state.CurrentScreen = AccountList;
-    LoadAccFile(1);
+    ReloadList(AccountList, 1);
+    LoadCurrentAccount();
     SetGreys(AccountList);
     PlaceListScrollBar();
     doAccounts(ListWindow, PaintAll);
-    if (writable)
-        ShowHelpMessage(1, 1, 0, 2, 3, 0, 0, 0);
-    else
-        ShowHelpMessage(1, 1, 128, 0, refusal == ReadRefused ? 489 : 133, 0, 0, 0);
+    ForceHelp(writable ? Help::TapAnItem : Help::NotWritable);
 }
 
-// The configuration, then the gate of the pass code or the data.
-void OpenData() {
-    if (state.DataUsable && ConfigurationLost())
+void ShowData() {
+    const int loaded = FirstLoad();
+    ShowFirstAccount();
+    ShowFirstScreen(loaded);
+}
+
+// The settings, which say whether there is a pass code: without them nothing is read.
+void ReadSettings() {
+    if (ConfigurationLost() && ActionRefused() == NotRefused) {
         RefuseData(DataRefusal::ConfigurationLost);
-    LoadConfFile();
-    UpdateBmap();
+        return;
+    }
+    if (!LoadConfFile())
+        RefuseActionFor(ReadRefused);
+    if (ActionRefused() == ReadRefused)
+        RefuseData(DataRefusal::Unreadable);
+    else
+        UpdateBmap();
+}
+
+// The pass code where the data are under one, and otherwise the data.
+void OpenGate() {
     if (!state.DataUsable)
         OpenMessageWindow();
     if (!WaitForPassCode())
-        ShowFirstScreen(FirstLoad());
+        ShowData();
 }
 
 } // namespace
@@ -265,7 +306,6 @@ int StartUp() {
     if (!TakeInstanceLock())
         return -1;
     ResetState();
-    refusal = NotRefused;
     SetPaintProcedures();
     TakeData();
     MakeDataDirectory();
@@ -277,10 +317,25 @@ int StartUp() {
         return 0;
     }
     LoadHelp();
-    OpenData();
-    static_cast<void>(CommitAction());
-    static_cast<void>(LockFiles()); // with the data directory, which may be this start's
+    if (state.DataUsable)
+        ReadSettings();
+    static_cast<void>(NextAction());
+    if (state.ShowFrontPage == 1 && state.DataUsable) {
+        AbortAction(); // nothing was done since
+        OpenFrontPage();
+    } else {
+        GoOnFromPage();
+    }
     return 1;
+}
+
+void GoOnFromPage() {
+    state.Next = NextStep::None;
+    if (!ActionRuns())
+        BeginStep();
+    OpenGate();
+    static_cast<void>(CommitAction()); // what showing wrote is written again when it is needed
+    static_cast<void>(LockFiles());    // with the data directory, which may be this start's
 }
 
 void StartAgain() {
@@ -292,13 +347,16 @@ void StartAgain() {
     if (helped)
         OpenMessageWindow();
     BeginStep();
-    OpenData();
+    ReadSettings();
+    static_cast<void>(NextAction());
+    OpenGate();
     static_cast<void>(CommitAction());
 }
 
 void LoadData() {
+    state.Next = NextStep::None;
     BeginStep();
-    ShowFirstScreen(FirstLoad());
+    ShowData();
     static_cast<void>(CommitAction());
 }
 

@@ -1,11 +1,13 @@
 // The order in which the program comes up and goes down.
 #pragma once
 
-// Steps 1 to the first painted screen, which is the pass-code screen when the data are enciphered. 1, -1 or 0 as
-// WinMain answers.
+// Steps 1 to the first painted screen, which may be the front page, or the pass-code screen when the data are
+// enciphered. 1, -1 or 0 as WinMain answers.
 [[nodiscard]] int StartUp();
 
-// Reads the data and shows the first list: after the start, or after the right pass code.
+// What comes behind the front page: the gate of the pass code, or the data and the first list.
+void GoOnFromPage();
+// What comes behind the gate: the data and the first list.
 void LoadData();
 // The files have been replaced: everything is read anew, with help mode as it was.
 void StartAgain();

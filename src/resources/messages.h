@@ -4,7 +4,8 @@
 
 #include <cstdint>
 
-inline constexpr int MessageRoom = 40, LastMessage = 534;
+inline constexpr int MessageLines = 6; // of the message window
+inline constexpr int MessageRoom = 40, LastMessage = 545;
 
 struct Message {
     int16_t Id;
@@ -505,5 +506,11 @@ inline constexpr Message Messages[] = {
     {532, u"Remove Zentk$B$zpy or Zentk$D$ypz first"},
     {533, u"No backup within the data themselves!"},
     {534, u"The disk refuses: is it full?"},
+    {540, u"This item has no account to go to"},
+    {541, u"Choose one in the account field"},
+    {542, u"Nothing up to here is dated"},
+    {543, u"up to today, so nothing is archived"},
+    {544, u"There are entries of accounts,"},
+    {545, u"but the list of the accounts is empty"},
 };
 // clang-format on

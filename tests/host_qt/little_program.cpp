@@ -59,7 +59,7 @@ void Begin(double scale) {
     ShowScrollBar(0);
     for (const Window window : {HostWindow, HubWindow, DialogWindow})
         ShowWindow(window, 0);
-    host.Frame->resize(qRound(DeviceWidth * scale), qRound(DeviceHeight * scale));
+    host.Frame->resize(qRound(ScreenWidth * scale), qRound(ScreenHeight * scale));
     host.Frame->activateWindow();
     Settle();
     ASSERT_DOUBLE_EQ(host.Scale, scale);

@@ -74,8 +74,8 @@ TEST(Disk, ReadsAndWritesWhatItIsToldAndRefusesTheRest) {
     EXPECT_TRUE(DiskSync(file));
     EXPECT_TRUE(DiskClose(file));
     for (const int bad : {-1, file})
-        EXPECT_TRUE(!DiskWrite(bad, 0, "x", 1) && !DiskRead(bad, 0, bytes, 1) && !DiskLength(bad) && !DiskCut(bad, 0) &&
-                    !DiskSync(bad) && !DiskClose(bad));
+        EXPECT_TRUE(!DiskWrite(bad, 0, "x", 1) && DiskRead(bad, 0, bytes, 1) < 0 && DiskLength(bad) < 0 &&
+                    !DiskCut(bad, 0) && !DiskSync(bad) && !DiskClose(bad));
     const int full = DiskOpen("/dev/full", 0);
     EXPECT_EQ(full, DiskRefused); // a device
     EXPECT_TRUE(DiskRename(path.c_str(), other.c_str()));

@@ -16,14 +16,14 @@ void AddRow(const TRec &row, bool share, Sums *sums) {
     if (row.RowKind == DayMarker)
         return;
     int64_t total = row.Value * (deleted || row.Cash || marker ? 1 : row.Units);
-    int64_t cleared = marker ? row.ClearedValue : total;
+    int64_t cleared = marker || deleted ? row.ClearedValue : total;
     if (share) {
         const bool cash = row.Cash || deleted || marker;
         total = cash ? row.CashAmount : row.NoCash ? 0 : -row.Units * row.Value;
-        cleared = marker ? row.ClearedCashAmount : total;
+        cleared = marker || deleted ? row.ClearedCashAmount : total;
         if (!row.Cash) {
             sums->Shares += row.Units;
-            sums->ClearedShares += marker ? row.ClearedUnits : row.Cleared ? row.Units : 0;
+            sums->ClearedShares += marker || deleted ? row.ClearedUnits : row.Cleared ? row.Units : 0;
         }
     }
     sums->Total += total;
@@ -90,20 +90,20 @@ struct Life : Ledger {
         }
         case 2:
             state.CurrentScreen = BinList;
-            MoveBin(Pick(static_cast<int>(Bin().size())) + 1);
+            Restored(Pick(static_cast<int>(Bin().size())) + 1);
             break;
         case 3:
             GoTo(Own);
-            Archive(IDtoRec(Own), Pick(Count(false)) + 1, nullptr);
+            Archived(Own, Pick(Count(false)) + 1);
             break;
         case 4:
             GoTo(Own, true);
-            Unarchive(IDtoRec(Own), Pick(3) ? Pick(Count(true)) + 1 : 1, nullptr);
+            Unarchived(Own, Pick(3) ? Pick(Count(true)) + 1 : 1);
             break;
         case 5: {
             FilterCriteria criteria = {};
             criteria.Flag = static_cast<uint32_t>(Pick(4));
-            ApplyFilter(Own, Pick(2), FilterBy::Flag, criteria, Today);
+            FilterAccount(Own, Pick(2), FilterBy::Flag, criteria, Today);
             GoTo(Own, archive);
             EXPECT_EQ(DeleteRecMem(1), 0);
             ClearFiltersAndRecompute();

@@ -1,6 +1,8 @@
 // controls.h with the toolkit's own controls, children of the form's window. What the owner does is told after the
 // control has done its own work; what the program does tells nothing.
 #include "platform/controls.h"
+#include "hosts/qt/controls.h"
+#include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
 #include "platform/shell.h"
 #include <QAbstractItemView>
@@ -358,6 +360,8 @@ void OpenForm(const FormTemplate *form) {
         const Rect box = {control.X, control.Y, control.X + control.Width, control.Y + control.Height};
         widgets.append({control.Id, control.Kind, box, real});
         real->setAccessibleName(QString::fromUtf16(control.Name));
+        for (QLineEdit *line : real->findChildren<QLineEdit *>()) // within a box that has more to it
+            line->setAccessibleName(real->accessibleName());
         SetControlLimit(control.Id, control.Limit);
         if (control.Kind != ControlKind::Progress) { // which only shows
             Watch(real);

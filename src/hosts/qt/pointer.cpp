@@ -1,4 +1,6 @@
 // Mouse, touch and pen: each is the stylus, told to the program window that lies under it.
+#include "hosts/qt/pointer.h"
+#include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
 #include "platform/shell.h"
 #include <QApplication>

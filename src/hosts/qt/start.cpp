@@ -1,7 +1,12 @@
 #include "hosts/qt/start.h"
+#include "hosts/qt/accessible.h"
+#include "hosts/qt/art.h"
+#include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/keys.h"
+#include "hosts/qt/pointer.h"
 #include "hosts/qt/style.h"
+#include "hosts/qt/surface.h"
 #include "resources/art.h"
 #include <QApplication>
 #include <QIcon>
@@ -34,6 +39,7 @@ void PrepareHost(double scale) {
     QApplication::setFont(DeviceFont(Font::Normal, host.Scale));
     WatchKeys();
     WatchPointer();
+    OfferSpeech();
 }
 
 static void ShowIcon() {
