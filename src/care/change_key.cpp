@@ -30,8 +30,8 @@ struct Change {
 };
 
 // The only kind without a version byte is the notepad.
-bool Believed(FileKind kind, const void *record) {
-    return kind == FileKind::Notepad || *static_cast<const uint8_t *>(record) == RecordVersion;
+bool Believed(FileKind kind, const uint8_t *record) {
+    return kind == FileKind::Notepad || record[0] == RecordVersion;
 }
 
 uint8_t *RecordBytes(FileKind kind, int32_t index) {
@@ -42,7 +42,7 @@ uint8_t *RecordBytes(FileKind kind, int32_t index) {
 // it is under a third key, or damaged, and what it holds would be lost for good.
 int RekeyRun(const Change &change, FileKind kind, int32_t count, int isFirst) {
     for (int32_t index = 0; index < count; ++index) {
-        void *record = RecordBytes(kind, index);
+        uint8_t *record = RecordBytes(kind, index);
         if (!DecipherUnder(change.From, kind, record) || (isFirst && index == 0 && !Believed(kind, record)))
             return 0;
         if (change.To == NoKey)

@@ -236,37 +236,35 @@ int OldRecordSize(FileKind kind) {
     return row ? row->Record : 0;
 }
 
-void ConvertRecord(FileKind kind, const void *old, void *record) {
-    const auto *from = static_cast<const uint8_t *>(old);
-    auto *to = static_cast<uint8_t *>(record);
-    std::memset(to, 0, static_cast<size_t>(RecordSize(kind)));
+void ConvertRecord(FileKind kind, const uint8_t *old, uint8_t *record) {
+    std::memset(record, 0, static_cast<size_t>(RecordSize(kind)));
     switch (kind) {
     case FileKind::Notepad:
-        ConvertNote(from, to);
+        ConvertNote(old, record);
         return; // it has no version
     case FileKind::Accounts:
-        ConvertFields(AccountFields, from, to);
+        ConvertFields(AccountFields, old, record);
         break;
     case FileKind::Transactions:
-        ConvertFields(TransactionFields, from, to);
+        ConvertFields(TransactionFields, old, record);
         break;
     case FileKind::Configuration:
-        ConvertConfiguration(from, to);
+        ConvertConfiguration(old, record);
         break;
     case FileKind::Recurring:
-        CopyFields(FieldsOfList(RecurringList), from, to);
+        CopyFields(FieldsOfList(RecurringList), old, record);
         break;
     case FileKind::Templates:
-        CopyFields(FieldsOfList(TemplateList), from, to);
+        CopyFields(FieldsOfList(TemplateList), old, record);
         break;
     case FileKind::Bin:
-        ConvertBinned(from, to);
+        ConvertBinned(old, record);
         break;
     default:
         ReportError(In::ConvertFavFile, Trouble::CaseError);
         return;
     }
-    to[0] = RecordVersion; // of the record as it is now
+    record[0] = RecordVersion; // of the record as it is now
 }
 
 int ConvertFile(FileKind kind, const char *fileName) {

@@ -21,7 +21,7 @@ int ConvertFile(FileKind kind, const char *fileName);
 
 // One record, field by field; what the older generation did not know is zero or has its default. `old` holds
 // OldRecordSize(kind) bytes, `record` takes RecordSize(kind).
-void ConvertRecord(FileKind kind, const void *old, void *record);
+void ConvertRecord(FileKind kind, const uint8_t *old, uint8_t *record);
 
 // 0 for a kind that the older generation did not know.
 int OldRecordSize(FileKind kind);

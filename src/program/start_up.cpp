@@ -362,8 +362,8 @@ void LoadData() {
 
 void ShutDown(int keepFilters) {
     BeginStep();
-    if (state.DataUsable && state.FileAccessReady) { // behind the gate of the pass code nothing is touched
-        if (!keepFilters)
+    if (state.DataUsable) {
+        if (!keepFilters && state.FileAccessReady) // behind the gate of the pass code no records are touched
             ClearFilters();
         StoreConfFile();
     }
