@@ -21,3 +21,6 @@ int OpenConfigurationForm();
 // For the current account, from the transactions or the graph. Not of an account that is filtered: only an export is.
 int OpenImportForm();
 int OpenExportForm();
+// The walk to a place for a backup, or to one that holds a backup.
+int OpenBackupForm();
+int OpenRestoreForm();

@@ -40,8 +40,9 @@ Window MessageTarget() {
     case ClosingDialog:
     case NoDialog:
         return ListWindow;
-    case PaletteDialog:
     case PassCodeDialog:
+        return state.StrongMode ? DialogWindow : HostWindow;
+    case PaletteDialog:
         return HostWindow;
     default:
         return DialogWindow;

@@ -41,7 +41,7 @@ void ReloadNoted() {
     state.WaitingCount = 0;
     state.Restructuring = 0;
     state.DragSource = 0;
-    if (!state.DataUsable)
+    if (!state.DataUsable || !state.FileAccessReady) // before the right pass code nothing can be read
         return;
     // Looking goes on also where nothing can be written: the owner stays on a screen that was asked for.
     const int32_t screen = state.CurrentScreen;
@@ -88,7 +88,7 @@ void GiveActionUp(Help help) {
     AbortAction();
     BeginAction();
     ReloadNoted();
-    if (state.ActiveDialog == NoDialog) {
+    if (state.ActiveDialog == NoDialog && state.FileAccessReady) {
         SetGreys(state.CurrentScreen);
         RepaintScreen();
     }

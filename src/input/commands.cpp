@@ -2,6 +2,7 @@
 #include "analysis/charts.h"
 #include "analysis/graph_value.h"
 #include "forms/forms.h"
+#include "forms/pass_code.h"
 #include "forms/progress.h"
 #include "frame/changes.h"
 #include "frame/header.h"
@@ -74,6 +75,30 @@ void ImportEntries(int) {
 
 void ExportEntries(int) {
     if (!OpenExportForm())
+        Beep();
+}
+
+// --- The pass code
+
+void PassCodeOn(int) {
+    if (!state.DataUsable || !OpenPassCode(EnterNewCode))
+        Beep();
+}
+
+void PassCodeOff(int) {
+    if (!state.DataUsable || !TurnPassCodeOff())
+        Beep();
+}
+
+// --- Backup
+
+void OpenBackup(int) {
+    if (!OpenBackupForm())
+        Beep();
+}
+
+void OpenRestore(int) {
+    if (!OpenRestoreForm())
         Beep();
 }
 
@@ -372,8 +397,8 @@ constexpr CommandRow Commands[] = {
     {CommandNotepad,         Everywhere,     InForm::Nothing,  OpenNotepad},
     {CommandGeneral,         Everywhere,     InForm::Nothing,  OpenConfiguration},
     {CommandAlign,           Entries,        InForm::Nothing,  AlignColumns},
-    {CommandPasswordOn,      Everywhere,     InForm::Nothing,  Refuse},
-    {CommandPasswordOff,     Everywhere,     InForm::Nothing,  Refuse},
+    {CommandPasswordOn,      Everywhere,     InForm::Nothing,  PassCodeOn},
+    {CommandPasswordOff,     Everywhere,     InForm::Nothing,  PassCodeOff},
     {CommandJeopardyOn,      AccountViews,   InForm::Explains, Jeopardy},
     {CommandJeopardyOff,     AccountViews,   InForm::Nothing,  Jeopardy},
     {ShowName,               EntriesOrGraph, InForm::Nothing,  Filter},
@@ -407,8 +432,8 @@ constexpr CommandRow Commands[] = {
     {CommandAbout,           Everywhere,     InForm::Nothing,  About},
     {CommandExport,          EntriesOrGraph, InForm::Beeps,    ExportEntries},
     {CommandImport,          EntriesOrGraph, InForm::Beeps,    ImportEntries},
-    {CommandBackup,          Everywhere,     InForm::Nothing,  Refuse},
-    {CommandRestore,         Everywhere,     InForm::Nothing,  Refuse},
+    {CommandBackup,          Everywhere,     InForm::Nothing,  OpenBackup},
+    {CommandRestore,         Everywhere,     InForm::Nothing,  OpenRestore},
     {CommandArchive,         EntriesOrGraph, InForm::Beeps,    ArchivePreceding},
     {CommandUnarchive,       Entries,        InForm::Beeps,    UnarchiveFollowing},
     {CommandExit,            Everywhere,     InForm::Nothing,  Quit},

@@ -1,5 +1,6 @@
 #include "input/wndproc.h"
 #include "forms/palette.h"
+#include "forms/pass_code.h"
 #include "frame/form.h"
 #include "frame/header.h"
 #include "input/commands.h"
@@ -36,6 +37,8 @@ void DoPaint() {
 
 void WndProc(const Event &event) {
     if (HandlePageEvent(event) || HubHears(event) || (state.HubState != LargeHub && HandlePaletteEvent(event)))
+        return;
+    if (state.ActiveDialog == PassCodeDialog && HandlePassCodeEvent(event))
         return;
     const bool forForm = !HubCoversForm() || event.Kind == EventKind::Control;
     if (state.OpenedForm && forForm && HandleFormEvent(event))

@@ -87,9 +87,11 @@ int32_t LastDue(int handle, int32_t position) {
     LoadTodaysDate(&today);
     for (int32_t first = 1, read; first <= position; first += read) {
         read = ReadRows(handle, first, position);
-        for (int32_t index = 0; index < read; ++index)
-            if (RowInRun(index)->Date.DayNumber > today.DayNumber)
-                return first + index - 1;
+        for (int32_t index = 0; index < read; ++index) {
+            const TRec *row = RowInRun(index);
+            if (!row || row->Date.DayNumber > today.DayNumber)
+                return row ? first + index - 1 : 0;
+        }
         if (read == 0)
             return 0; // the read failed
     }

@@ -172,8 +172,8 @@ template <bool Share> void CalcRows(int handle, const ARec &account, Watches *wa
         int32_t changedFrom = read; // the start of the changed rows that end here, `read` for none
         for (int32_t index = 0; index < read; ++index) {
             TRecFile *record = RunRecord<TRec>(index);
-            if (enciphered)
-                DecipherRecord(Kind, record);
+            if (enciphered && !DecipherRecord(Kind, record))
+                return;
             const uint32_t day = record->Rec.Date.DayNumber;
             if (beforeToday && day > today.DayNumber) {
                 beforeToday = false;
@@ -193,7 +193,8 @@ template <bool Share> void CalcRows(int handle, const ARec &account, Watches *wa
                 changedFrom = changedFrom < index ? changedFrom : index;
                 if (enciphered) {
                     std::memset(record->Tail, 0, sizeof record->Tail);
-                    EncipherRecord(Kind, record);
+                    if (!EncipherRecord(Kind, record))
+                        return;
                 }
             } else if (changedFrom < index) {
                 WriteBack(handle, first, changedFrom, index);
@@ -216,8 +217,7 @@ int RefreshArchiveMarker(const Place &live, const ARec &account, const Pass &pas
     for (int32_t first = 1, read; !found && (read = ReadRun(handle, Kind, first, RunLength(Kind))) > 0; first += read) {
         for (int32_t index = 0; index < read && !found; ++index) {
             TRecFile record = *RunRecord<TRec>(index);
-            DecipherRecord(Kind, &record);
-            if (record.Rec.RowKind != ArchiveMarker)
+            if (!DecipherRecord(Kind, &record) || record.Rec.RowKind != ArchiveMarker)
                 continue;
             found = first + index;
             record.Rec.Cash = 0;

@@ -78,7 +78,8 @@ int MergeEntries(int handle, const WaitingEntry *entries, int32_t count) {
             TRecFile row;
             if (index > 0) {
                 row = *RunRecord<TRec>(index - 1);
-                DecipherRecord(Kind, &row);
+                if (!DecipherRecord(Kind, &row))
+                    return 0;
             } else if (position > 0) {
                 break; // more rows stand before this run
             }
@@ -88,7 +89,8 @@ int MergeEntries(int handle, const WaitingEntry *entries, int32_t count) {
                 return 0;
             if (lands) {
                 *room = {entries[--count].Row, {}};
-                EncipherRecord(Kind, room);
+                if (!EncipherRecord(Kind, room))
+                    return 0;
                 continue;
             }
             *room = *RunRecord<TRec>(index - 1);

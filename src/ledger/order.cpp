@@ -31,11 +31,11 @@ struct Rung { // what decides the order of two rows
 Rung RungOf(FileKind kind, int32_t index) {
     if (kind == FileKind::Recurring) {
         DDRecFile *item = RunRecord<DDRec>(index);
-        DecipherRecord(kind, item);
+        static_cast<void>(DecipherRecord(kind, item)); // one that can't be read refuses the action
         return {item->Rec.NextDate.DayNumber, item->Rec.Rank};
     }
     TRecFile *row = RunRecord<TRec>(index);
-    DecipherRecord(kind, row);
+    static_cast<void>(DecipherRecord(kind, row));
     return {row->Rec.Date.DayNumber, row->Rec.Rank};
 }
 

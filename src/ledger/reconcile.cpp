@@ -55,7 +55,8 @@ void LoadReconcileCandidates(const Place &place) {
          first += read) {
         for (int32_t index = 0; index < read && state.CandidateCount < MostCandidates; ++index) {
             TRecFile *record = RunRecord<TRec>(index);
-            DecipherRecord(Kind, record);
+            if (!DecipherRecord(Kind, record))
+                continue;
             const TRec &row = record->Rec;
             if (IsCandidate(row, today.DayNumber))
                 state.Candidates[state.CandidateCount++] = {first + index, TimesUnits(row.Units, row.Value),

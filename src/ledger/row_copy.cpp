@@ -23,7 +23,7 @@ TRecFile *RowAt(const Stretch &part) {
     return RunRecord<TRec>(part.Slot + part.Used);
 }
 
-// The next row of a part, ready. 0 at the part's end or when a read failed.
+// The next row of a part, ready. 0 at the part's end, or when it can't be read.
 int Ready(int source, Stretch *part) {
     if (part->Next > part->Last)
         return 0;
@@ -34,7 +34,8 @@ int Ready(int source, Stretch *part) {
     if (part->Used == part->Read)
         return 0;
     TRecFile row = *RowAt(*part);
-    DecipherRecord(Kind, &row);
+    if (!DecipherRecord(Kind, &row))
+        return 0;
     part->Day = row.Rec.Date.DayNumber;
     return 1;
 }
@@ -47,16 +48,17 @@ int32_t ReadRows(int source, int32_t from, int32_t last) {
 
 TRec *RowInRun(int32_t index) {
     TRecFile *record = RunRecord<TRec>(index);
-    DecipherRecord(Kind, record);
-    return &record->Rec;
+    return DecipherRecord(Kind, record) ? &record->Rec : nullptr;
 }
 
-void KeepRow(int32_t index, int32_t kept) {
+int KeepRow(int32_t index, int32_t kept) {
     TRecFile *record = RunRecord<TRec>(index);
     std::memset(record->Tail, 0, sizeof record->Tail);
-    EncipherRecord(Kind, record);
+    if (!EncipherRecord(Kind, record))
+        return 0;
     if (kept != index)
         std::memcpy(RunRecord<TRec>(kept), record, sizeof *record);
+    return 1;
 }
 
 int WriteKept(int target, int32_t kept, int32_t to) {

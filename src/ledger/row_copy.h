@@ -25,8 +25,8 @@ void EraseTransactions(TransactionFile file, uint32_t accountID);
 
 // --- What CopyRows is made of: a run of rows in the buffer, deciphered one by one; and those kept of it.
 int32_t ReadRows(int source, int32_t from, int32_t last);
-TRec *RowInRun(int32_t index);
-void KeepRow(int32_t index, int32_t kept); // the row at `index`, as the `kept`-th
+TRec *RowInRun(int32_t index);                          // null: it can't be deciphered
+[[nodiscard]] int KeepRow(int32_t index, int32_t kept); // the row at `index`, as the `kept`-th
 [[nodiscard]] int WriteKept(int target, int32_t kept, int32_t to);
 
 template <typename Context> int32_t CopyRows(int source, int32_t from, int32_t last, int target, int32_t to,
@@ -34,9 +34,13 @@ template <typename Context> int32_t CopyRows(int source, int32_t from, int32_t l
     int32_t copied = 0, read;
     for (; from <= last && (read = ReadRows(source, from, last)) > 0; from += read) {
         int32_t kept = 0;
-        for (int32_t index = 0; index < read; ++index)
-            if (choice(RowInRun(index), from + index, context))
-                KeepRow(index, kept++);
+        for (int32_t index = 0; index < read; ++index) {
+            TRec *row = RowInRun(index);
+            if (!row)
+                return -1;
+            if (choice(row, from + index, context) && !KeepRow(index, kept++))
+                return -1;
+        }
         const bool inPlace = source == target && kept == read && to + copied == from;
         if (kept > 0 && !inPlace && !WriteKept(target, kept, to + copied))
             return -1;

@@ -1,6 +1,6 @@
 // Files and directories by device path, such as "\Program Files\Zentrik\E1_Data\E1_01IND": 8-bit text, '\' between
-// names, a leading '\' for the device root. A path without the leading '\' is relative to the root. Implemented once,
-// over disk.h.
+// names, a leading '\' for the device root. A path without it is relative to the root; one that begins with '/' leads
+// from the host's own root, "/home\me", and belongs to no action. Implemented once, over disk.h.
 //
 // What is done to files below "\Program Files\Zentrik" belongs to the action that runs (platform/action.h): it is held
 // in memory, and reads see it. Within an action a file is opened on the disk once, however often it is opened here,

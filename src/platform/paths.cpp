@@ -33,8 +33,9 @@ int PlainPath(char *to, const char *path) {
 }
 
 void HostPath(char *to, const char *plain) {
-    std::snprintf(to, HostPathRoom, "%s/%s", Root, plain);
-    for (char *unit = to + std::strlen(Root); *unit; ++unit)
+    const bool fromTop = *plain == '/';
+    std::snprintf(to, HostPathRoom, "%s%s%s", fromTop ? "" : Root, fromTop ? "" : "/", plain);
+    for (char *unit = to + (fromTop ? 0 : std::strlen(Root)); *unit; ++unit)
         if (*unit == '\\')
             *unit = '/';
 }

@@ -14,7 +14,7 @@ const char *RootName();
 
 // The path without its leading '\', so that equal files have equal paths. 0 when it does not fit into PathRoom.
 [[nodiscard]] int PlainPath(char *to, const char *path);
-// The host's path of a plain path. Room of HostPathRoom.
+// The host's path of a plain path; one that begins with '/' is from the host's own root. Room of HostPathRoom.
 void HostPath(char *to, const char *plain);
 // The directory of a plain path, "" for the root. Room of PathRoom.
 void DirectoryOf(char *to, const char *plain);

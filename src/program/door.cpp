@@ -35,6 +35,10 @@ void HandleEvent(const Event &event) {
     }
     if (state.Next == NextStep::LeaveFrontPage)
         GoOnFromPage();
+    if (state.Next == NextStep::LoadData)
+        LoadData();
+    if (state.Next == NextStep::StartAgain)
+        StartAgain();
     if (state.Next == NextStep::Leave || state.Next == NextStep::LeaveFiltered) {
         ShutDown(state.Next == NextStep::LeaveFiltered);
         state.Next = NextStep::Left;

@@ -1,7 +1,12 @@
 #include "program/start_up.h"
 #include "analysis/charts.h"
+#include "care/backup.h"
+#include "care/migration.h"
+#include "care/pass_code.h"
+#include "cipher/keys.h"
 #include "drawing/cells.h"
 #include "drawing/palette.h"
+#include "forms/pass_code.h"
 #include "frame/changes.h"
 #include "frame/command_bar.h"
 #include "frame/header.h"
@@ -33,18 +38,47 @@ namespace {
 
 // --- Before the windows
 
-void MakeDirectories(std::span<const char *const> paths) {
-    for (const char *path : paths)
-        if (!DirectoryThere(path) && !MakeDirectory(path))
+// Takes over the data of the generation before into the directory just made: all of it or nothing of it, as long as all
+// of it can be read.
+void TakeOverOldData() {
+    const int whole = OldDataReadable();
+    if (whole) {
+        BeginAction();
+        ActionLeavesNoHistory();
+    }
+    int made = MakeDirectory(DataDirectory);
+    if (made) {
+        MigrateDataDirectory();
+        CreateSampleData(FileKind::Check);
+        char accounts[PathRoom];
+        DataPath(accounts, FileKind::Accounts);
+        if (FileThere(accounts) == 1) // without accounts this is a first run, whose sample brings its categories
+            CreateSampleData(FileKind::Categories);
+        CreateSampleData(FileKind::Conversions);
+    }
+    if (whole)
+        made = CommitAction() && made;
+    state.Migrated = made == 1;
+}
+
+void MakeDirectories() {
+    for (const char *path : {"\\Program Files", "\\Program Files\\Zentrik"})
+        if (DirectoryThere(path) != 1 && !MakeDirectory(path))
             return; // whatever needs it reports for itself
 }
 
-constexpr const char *DirectoriesOutside[] = {"\\Program Files", "\\Program Files\\Zentrik"};
-constexpr const char *DirectoriesOfData[] = {DataDirectory};
+void MakeDataDirectory() {
+    if (!state.DataUsable || DirectoryThere(DataDirectory) == 1 || FinishRestore())
+        return;
+    if (OldDataThere())
+        TakeOverOldData();
+    else
+        static_cast<void>(MakeDirectory(DataDirectory));
+}
 
 // Nothing may be read before the data are this process's alone and hold all that was done before.
 void TakeData() {
-    MakeDirectories(DirectoriesOutside);
+    MakeDirectories();
     const int locked = LockFiles();
     if (locked == 1 && RecoverFiles())
         return;
@@ -76,12 +110,28 @@ void OpenMessageWindow() {
     state.LeftEye = state.RightEye = OpenEye;
 }
 
-// Enciphered data can't be read before a pass code is asked for, and they may not be touched; nor may data of which a
-// part can't be read or is lost.
+// Data that can't be read, or of which a part is lost, may not be touched.
 void RefuseData(DataRefusal reason) {
     state.DataUsable = 0;
     state.Refusal = reason;
     OpenMessageWindow();
+}
+
+// The pass code comes before any data. 1 when the screen waits for it.
+int WaitForPassCode() {
+    if (!state.DataUsable || state.PasswordOn != 1)
+        return 0;
+    if (state.CipherSuite > SealedSuite) {
+        RefuseData(DataRefusal::WrongVersion);
+        return 0;
+    }
+    if (!SuiteOffered(static_cast<int>(state.CipherSuite))) {
+        RefuseData(DataRefusal::CipherMissing);
+        return 0;
+    }
+    state.FrontPageDone = 1;
+    SetMenuBar();
+    return OpenPassCode(EnterCode);
 }
 
 // Ends one step of the start and begins the next. 0 when the step was refused; what can't be read is not used at all.
@@ -166,6 +216,7 @@ int FirstLoad() {
     };
     SetPositions();
     int usable = LoadLists(lists);
+    state.FileAccessReady = 1;
     const bool noAccounts = usable && state.EntryCount[AccountList] == 0;
     const AccountFiles files = noAccounts ? FindAccountFiles() : AccountFiles::None;
     if (files == AccountFiles::Lost) {
@@ -221,6 +272,34 @@ void ShowFirstScreen(int loaded) {
     ForceHelp(writable ? Help::TapAnItem : Help::NotWritable);
 }
 
+void ShowData() {
+    const int loaded = FirstLoad();
+    ShowFirstAccount();
+    ShowFirstScreen(loaded);
+}
+
+// The settings, which say whether there is a pass code: without them nothing is read.
+void ReadSettings() {
+    if (ConfigurationLost() && ActionRefused() == NotRefused) {
+        RefuseData(DataRefusal::ConfigurationLost);
+        return;
+    }
+    if (!LoadConfFile())
+        RefuseActionFor(ReadRefused);
+    if (ActionRefused() == ReadRefused)
+        RefuseData(DataRefusal::Unreadable);
+    else
+        UpdateBmap();
+}
+
+// The pass code where the data are under one, and otherwise the data.
+void OpenGate() {
+    if (!state.DataUsable)
+        OpenMessageWindow();
+    if (!WaitForPassCode())
+        ShowData();
+}
+
 } // namespace
 
 // Nothing below may be reordered: later steps read what earlier ones set.
@@ -230,8 +309,8 @@ int StartUp() {
     ResetState();
     SetPaintProcedures();
     TakeData();
+    MakeDataDirectory();
     BeginStep();
-    MakeDirectories(DirectoriesOfData);
     DefaultPalette();
     AskForNames();
     if (!CreateWindows()) {
@@ -239,13 +318,8 @@ int StartUp() {
         return 0;
     }
     LoadHelp();
-    if (state.DataUsable) {
-        if (!LoadConfFile())
-            RefuseActionFor(ReadRefused);
-        UpdateBmap();
-    }
-    if (state.PasswordOn == 1)
-        RefuseData(DataRefusal::WrongVersion); // until a pass code is asked for
+    if (state.DataUsable)
+        ReadSettings();
     static_cast<void>(NextAction());
     if (state.ShowFrontPage == 1 && state.DataUsable) {
         AbortAction(); // nothing was done since
@@ -260,22 +334,43 @@ void GoOnFromPage() {
     state.Next = NextStep::None;
     if (!ActionRuns())
         BeginStep();
-    const int loaded = FirstLoad();
-    ShowFirstAccount();
-    ShowFirstScreen(loaded);
+    OpenGate();
     static_cast<void>(CommitAction()); // what showing wrote is written again when it is needed
     static_cast<void>(LockFiles());    // with the data directory, which may be this start's
+}
+
+void StartAgain() {
+    const uint32_t helped = state.HelpMode;
+    ResetState();
+    SetPaintProcedures();
+    DefaultPalette();
+    AskForNames();
+    if (helped)
+        OpenMessageWindow();
+    BeginStep();
+    ReadSettings();
+    static_cast<void>(NextAction());
+    OpenGate();
+    static_cast<void>(CommitAction());
+}
+
+void LoadData() {
+    state.Next = NextStep::None;
+    BeginStep();
+    ShowData();
+    static_cast<void>(CommitAction());
 }
 
 void ShutDown(int keepFilters) {
     BeginStep();
     if (state.DataUsable) {
-        if (!keepFilters)
+        if (!keepFilters && state.FileAccessReady) // behind the gate of the pass code no records are touched
             ClearFilters();
         StoreConfFile();
         EndCharts();
     }
     static_cast<void>(CommitAction()); // refused or not, the program leaves
     static_cast<void>(SyncFiles());    // what it can't bring to the disk, the next start finds in the journal
+    ForgetCurrentKey();
     LeaveLoop();
 }

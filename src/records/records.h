@@ -244,10 +244,12 @@ struct ConfRec { // the configuration record; the check record has its shape
     int32_t MovieSpeed;
     int32_t PercentLink;
     uint32_t NewUserFields; // 1: new entries open in the Advanced view
-    uint8_t Reserved28[16];
+    uint8_t CipherSuite;    // of cipher/keys.h, while PasswordOn is 1
+    uint8_t Reserved29[15];
     uint32_t ConfSpare; // 3 or 2
     uint32_t PasswordOn;
-    uint8_t Reserved52[88];
+    uint8_t KeySalt[16]; // that the key of SealedSuite is made with
+    uint8_t Reserved68[72];
     char16_t PassCheck[17]; // of the check record
     uint8_t Reserved174[286];
     uint32_t AccountColumns[3]; // all dividers in thousandths of the screen width
@@ -341,7 +343,8 @@ AT(CurRec, FromName, 2); AT(CurRec, ToName, 66); AT(CurRec, Note, 130); AT(CurRe
 AT(CurRec, InverseRate, 208); AT(CurRec, DirectionState, 216); AT(CurRec, ColourFlag, 220);
 
 AT(ConfRec, NextID, 4); AT(ConfRec, ShowFrontPage, 8); AT(ConfRec, CheckAheadDays, 12); AT(ConfRec, MovieSpeed, 16);
-AT(ConfRec, PercentLink, 20); AT(ConfRec, NewUserFields, 24); AT(ConfRec, ConfSpare, 44); AT(ConfRec, PasswordOn, 48);
+AT(ConfRec, PercentLink, 20); AT(ConfRec, NewUserFields, 24); AT(ConfRec, CipherSuite, 28);
+AT(ConfRec, ConfSpare, 44); AT(ConfRec, PasswordOn, 48); AT(ConfRec, KeySalt, 52);
 AT(ConfRec, PassCheck, 140); AT(ConfRec, AccountColumns, 460); AT(ConfRec, TransactionColumns, 472);
 AT(ConfRec, RecurringColumns, 508); AT(ConfRec, TemplateColumns, 528); AT(ConfRec, BinColumns, 540);
 AT(ConfRec, CategoryColumns, 560); AT(ConfRec, ConversionColumns, 572); AT(ConfRec, FurtherColumns, 592);

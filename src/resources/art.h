@@ -42,6 +42,7 @@ enum ImageId : int {
     LargeKeyFaces = 363,   // the same, 38 x 24 at pitch 40 x 26
     BlueCone = 364,
     HubArrows = 365,       // 28 x 30 at pitch 30: read, nothing to read, write, nowhere to write
+    WeightLifter = 521,    // pass-code screen: weak, strong: 24 x 24 each
 };
 // clang-format on
 
@@ -61,5 +62,6 @@ inline constexpr Image Images[] = {
     {EntryDown, 20, 18}, {GraphIcons, 152, 19}, {PointMark, 7, 7}, {ZeroImage, 14, 14}, {ProgramIcon, 64, 64},
     {ConeBody, 114, 46}, {NothingCross, 17, 15}, {HubGround, 240, 79}, {CalculatorGround, 240, 268}, {HubKeyFaces, 120, 48},
     {LargeKeyFaces, 160, 52}, {BlueCone, 30, 30}, {HubArrows, 120, 30},
+    {WeightLifter, 48, 24},
 };
 // clang-format on

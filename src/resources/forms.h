@@ -34,6 +34,7 @@ enum FormField : int16_t {
     FileField = 1006,
     FormatField = 1007,
     SecurityField = 1008,
+    DirectoryField = 1030,
     ProgressField = 1032,
 };
 inline constexpr int FirstField = TextField, LastField = ProgressField;
@@ -150,6 +151,11 @@ inline constexpr FormControl ExportControls[] = {
 inline constexpr FormControl ProgressControls[] = {
     {ProgressField,    ControlKind::Progress,   20,  70, 200,  20, 0,                 u"Progress"},
 };
+
+inline constexpr FormControl DirectoryControls[] = {
+    {DirectoryField,   ControlKind::ListBox,    30,  27, 180, 158, 0,                 u"Directories"},
+    {ProgressField,    ControlKind::Progress,  216,  27,  18, 158, 0,                 u"Progress"},
+};
 // clang-format on
 
 template <int Count> constexpr FormTemplate TemplateOf(int16_t resource, const FormControl (&controls)[Count]) {
@@ -168,4 +174,5 @@ inline constexpr FormTemplate AccountTemplate = TemplateOf(106, AccountControls)
                               ConfigurationTemplate = TemplateOf(135, ConfigurationControls),
                               ImportTemplate = TemplateOf(136, ImportControls),
                               ExportTemplate = TemplateOf(137, ExportControls),
-                              ProgressTemplate = TemplateOf(141, ProgressControls);
+                              ProgressTemplate = TemplateOf(141, ProgressControls),
+                              DirectoryTemplate = TemplateOf(138, DirectoryControls);

@@ -44,11 +44,12 @@ enum class AddedLine : int16_t {
     SET(NotWritable,                128,         0,       133,         0,         0,         0)  \
     SET(NotWritten,                   0,       128,       133,         0,         0,         0)  \
     SET(WrongVersion,               128,         0,       129,       133,         0,         4)  \
-    SET(Enciphered,                 128,         0,       486,       487,       488,         0)  \
     SET(DataInUse,                    128,         0,       490,       491,         0,         0)  \
     SET(DataUnrecovered,              128,         0,       492,       493,       494,         0)  \
     SET(DataUnreadable,               128,         0,       489,         0,         0,         0)  \
     SET(AccountsLost,                 128,         0,       544,       545,       133,         0)  \
+    SET(CipherMissing,              128,         0,       486,       525,       526,         0)  \
+    SET(ConfigurationLost,          128,         0,       486,       529,       530,         0)  \
     SET(NotRead,                        0,       128,       489,         0,         0,         0)  \
     /* Header, tab strip, titles, scroll bar, keys */                                            \
     SET(Hub,                        466,       467,       468,       469,       470,       471)  \
@@ -194,6 +195,25 @@ enum class AddedLine : int16_t {
     SET(MoneyIntoShares,            214,       215,       217,       216,       218,       307)  \
     SET(UnsupportedIntoMoney,       214,       215,       218,       216,       219,       307)  \
     SET(UnsupportedIntoShares,      214,       215,       217,       216,       219,       307)  \
+    /* Pass code, backup, restore */                                                             \
+    SET(WeakCode,                   472,       473,       475,       476,       479,       480)  \
+    SET(StrongCode,                 472,       474,       477,       478,       479,       480)  \
+    SET(NewStrongCode,                0,       483,       484,         0,         0,         0)  \
+    SET(CodeReset,                    0,       481,       482,         0,         0,         0)  \
+    SET(WrongCode,                    0,       520,         0,         0,         0,         0)  \
+    SET(TooManyCodes,                 0,       520,         0,       521,       522,         0)  \
+    SET(RecordUndeciphered,           0,       523,       524,         0,         0,         0)  \
+    SET(NoKeyMade,                    0,       527,       524,         0,         0,         0)  \
+    SET(Backup,                     175,       176,       177,       178,         0,         0)  \
+    SET(Restore,                    179,       180,         0,       184,       185,         0)  \
+    SET(DirectoryField,               0,       181,       182,       183,         0,         0)  \
+    SET(DirectoryUp,                  0,       183,         0,         0,         0,         0)  \
+    SET(BackingUp,                    0,         0,       395,         0,         0,         0)  \
+    SET(Restoring,                    0,         0,       396,         0,         0,         0)  \
+    SET(CopyInterrupted,              0,       531,       532,         0,         0,         0)  \
+    SET(BackupWithinData,             0,       533,         0,         0,         0,         0)  \
+    SET(CopyRefused,                  0,       534,       524,         0,         0,         0)  \
+    SET(NoBackupThere,                0,        80,        88,         0,         0,         0)  \
     /* Forms as they open */                                                                     \
     SET(NewAccount,                   0,       115,         0,       117,         0,         0)  \
     SET(ChangeAccount,                0,         2,         3,         0,       117,         0)  \

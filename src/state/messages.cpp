@@ -16,8 +16,8 @@ static_assert(InOrder());
 // What is said in place of everything else while the data can't be used.
 constexpr Help Refusals[] = {
     // ORDER DATAREFUSAL
-    Help::WrongVersion,    Help::DataInUse,      Help::NotWritable,
-    Help::DataUnrecovered, Help::DataUnreadable, Help::AccountsLost,
+    Help::WrongVersion,   Help::DataInUse,    Help::NotWritable,   Help::DataUnrecovered,
+    Help::DataUnreadable, Help::AccountsLost, Help::CipherMissing, Help::ConfigurationLost,
 };
 
 char16_t Slots[LastMessage + 1][MessageRoom];
@@ -48,8 +48,7 @@ void ShowHelpMessage(int align, int force, int line1, int line2, int line3, int 
                                    static_cast<int16_t>(line3), static_cast<int16_t>(line4),
                                    static_cast<int16_t>(line5), static_cast<int16_t>(line6)};
     if (!state.DataUsable) {
-        const Help refusal = state.PasswordOn == 1 ? Help::Enciphered : Refusals[static_cast<int>(state.Refusal)];
-        std::memcpy(lines, LinesOf(refusal), sizeof lines);
+        std::memcpy(lines, LinesOf(Refusals[static_cast<int>(state.Refusal)]), sizeof lines);
         align = 1;
     }
     const bool same = std::memcmp(lines, state.MessageLine, sizeof lines) == 0 && align == state.MessageAlign;

@@ -1,4 +1,5 @@
 #include "state/state.h"
+#include "platform/cipher.h"
 #include "resources/hub_keys.h"
 #include <cstring>
 #include <initializer_list>
@@ -8,6 +9,7 @@ State state;
 
 void ResetState() {
     static_assert(std::is_trivially_copyable_v<State>);
+    DropKey(state.CurrentKey); // it lies with the machine, and nobody else would know its number
     std::memset(reinterpret_cast<uint8_t *>(&state), 0, sizeof state);
     state.CurrentScreen = AccountList;
     state.DataUsable = 1;
@@ -18,6 +20,8 @@ void ResetState() {
     state.PercentLink = 2;
     state.ConfSpare = 3;
     state.CurrentKey = NoKey;
+    state.HeldDigit = -1;
+    state.CipherProgress = -1;
     state.DrawDepth = 3;
     state.RecurringInOrder = 1;
     state.BarZoom = 1;

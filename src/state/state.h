@@ -20,7 +20,9 @@ inline constexpr int RunBytes = 256 * 1064; // one run of records, of the widest
 inline constexpr int MostCandidates = 20;   // of the reconcile search: 2^20 subsets are still instant
 inline constexpr int MostSamples = 100;     // of a plot: more would stand on one pixel of x
 inline constexpr int AxisRoom = 18;
-inline constexpr int32_t NoKey = 2000000; // CurrentKey when nothing is enciphered
+inline constexpr int32_t NoKey = 2000000;                                // CurrentKey when nothing is enciphered
+inline constexpr int PassRoom = 32;                                      // units of a pass code, terminator included
+inline constexpr int MostDirectories = 1000, DirectoryNamesRoom = 40000; // of one directory that the browser shows
 
 // What owns input: a form, an overlay, or nothing. The numbers stand in the tables of forms and greys.
 enum Dialog : int {
@@ -49,11 +51,14 @@ enum Dialog : int {
 enum class NextStep : uint8_t {
     None,
     LoadData,
+    StartAgain,     // the files are others than they were
     LeaveFrontPage, // the start goes on behind it
     Leave,
     LeaveFiltered, // the filters stay
     Left,          // nothing is heard any more
 };
+
+enum class PassMarks : uint8_t { Typed, Right, Wrong }; // colour of the four digit circles
 
 enum class Page : uint8_t { None, Front, About }; // what covers the whole screen
 enum class MovieStep : uint8_t { NotBegun, Runs, Rests };
@@ -82,7 +87,9 @@ enum class DataRefusal : uint8_t { // ORDER DATAREFUSAL: the lines that say so
     Unreachable, // they can't be taken for this process alone
     Unrecovered, // the journal can't be applied
     Unreadable,
-    AccountsLost, // entries are there, and no list of accounts
+    AccountsLost,      // entries are there, and no list of accounts
+    CipherMissing,     // the machine does not offer the cipher they are under
+    ConfigurationLost, // and with it how the key is made
 };
 
 struct Candidate {    // of the reconcile search
@@ -149,7 +156,9 @@ struct State {
     int32_t MovieSpeed, PercentLink;
     uint32_t ConfSpare;
     uint32_t PasswordOn;
-    int32_t CurrentKey; // NoKey: nothing is enciphered
+    int32_t CurrentKey;   // number of a key that the machine keeps, or NoKey: nothing is enciphered
+    uint32_t CipherSuite; // of the data, while PasswordOn is 1
+    uint8_t KeySalt[16];
     // Pixel positions of the column dividers; [0] is 0 and the last is 226.
     int32_t ColumnEdge[ScreenCount + 1][5];
     // The stored dividers as read, and the pixels they gave: an edge nobody dragged is written back as it was read.
@@ -318,6 +327,26 @@ struct State {
     // skipped as requested, unreadable, file too big, and the number of entries that the file held
     int32_t ImportCount[MessageLines];
     uint32_t ImportSucceeded;
+
+    // Pass code; what was entered is wiped as soon as it has been used
+    int32_t PassMode;              // a PassCodeMode of forms/pass_code.h
+    uint32_t StrongMode;           // 1: the long code's box is shown, 0: the digits
+    int32_t FailedTries;           // wrong codes of this run
+    int32_t DigitCount;            // entered so far, 0 to 4
+    int32_t HeldDigit;             // under the stylus, -1 none: it is not taken again before the stylus has left it
+    int32_t PassNumber;            // that the digits make
+    PassMarks DigitMarks;          // how the four circles are drawn
+    char16_t FirstEntry[PassRoom]; // of a new code, until it is confirmed
+    int32_t CipherProgress;        // 0 to 100, how much of the circle is filled while files are rewritten; -1 not now
+
+    // Care
+    uint32_t FileAccessReady;                // 1 once the data have been read, behind the gate of the pass code
+    uint32_t Migrated;                       // 1 when this start took over the data of the older generation
+    char BrowsePath[260];                    // directory in view, ends with a backslash
+    int32_t DirectoryCount;                  // directories in it
+    uint16_t DirectoryName[MostDirectories]; // of each, in the order shown: where in DirectoryNames it starts
+    char DirectoryNames[DirectoryNamesRoom];
+    int32_t CopyProgress; // 0 to 100, what the bar shows; before a restore 100 when the directory holds a backup
 
     // Forms: shared by all
     const struct Form *OpenedForm;  // of frame/form.h, null for none

@@ -105,7 +105,7 @@ int ReadRecord(int handle, FileKind kind, int32_t position, void *record) {
     const int size = RecordSize(kind);
     if (ReadFileAt(handle, (position - int64_t{1}) * size, record, size) != size)
         return 0;
-    DecipherRecord(kind, record);
+    static_cast<void>(DecipherRecord(kind, record));
     return 1;
 }
 
@@ -115,14 +115,13 @@ int32_t ReadRecords(int handle, FileKind kind, int32_t first, int32_t most, void
     const int64_t arrived = ReadFileAt(handle, (first - int64_t{1}) * size, bytes, int64_t{most} * size);
     const auto read = arrived < 0 ? 0 : static_cast<int32_t>(arrived / size);
     for (int32_t index = 0; index < read; ++index)
-        DecipherRecord(kind, bytes + int64_t{index} * size);
+        static_cast<void>(DecipherRecord(kind, bytes + int64_t{index} * size));
     return read;
 }
 
 int WriteRecord(int handle, FileKind kind, int32_t position, void *record) {
     const int size = RecordSize(kind);
-    EncipherRecord(kind, record);
-    return WriteFileAt(handle, (position - int64_t{1}) * size, record, size);
+    return EncipherRecord(kind, record) && WriteFileAt(handle, (position - int64_t{1}) * size, record, size);
 }
 
 Trouble CreateFailOf(FileKind kind) {

@@ -41,6 +41,7 @@ int CloseFile(int handle);
 int32_t CountRecords(int handle, FileKind kind);
 
 // One record at a 1-based position into a buffer of RecordSize(kind), deciphered. 0 on a short read, buffer undefined.
+// A record that can't be deciphered arrives as zeros, here and below (cipher/hooks.h).
 [[nodiscard]] int ReadRecord(int handle, FileKind kind, int32_t position, void *record);
 
 // Up to `most` whole records from a 1-based position on by one read, deciphered, into a buffer of that many

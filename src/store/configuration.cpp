@@ -1,4 +1,5 @@
 #include "store/configuration.h"
+#include "cipher/keys.h"
 #include "state/error_log.h"
 #include "state/state.h"
 #include "store/catalogue.h"
@@ -104,6 +105,11 @@ void SetConfDefaults(ConfRec *record) {
     record->MovieSpeed = 20;
     record->PercentLink = 2;
     record->ConfSpare = 3;
+    if (state.PasswordOn == 1) { // a record that goes missing in a run does not take the way to the key with it
+        record->PasswordOn = 1;
+        record->CipherSuite = static_cast<uint8_t>(state.CipherSuite);
+        std::memcpy(record->KeySalt, state.KeySalt, sizeof record->KeySalt);
+    }
     ForEachDividers(record, [](const ListFacts &row, uint32_t *stored) {
         for (int i = 0; i < row.DividerCount; ++i)
             stored[i] = normalise(row.DividerPixels[i]);
@@ -129,7 +135,7 @@ int WriteConfiguration(const ConfRec *record, In function) {
         return 0;
     ConfRecFile whole; // for its tail, which is written back as found
     if (ReadWhole(&whole, function) == ConfRead::Failed)
-        return 0;
+        return 0; // a record that stands there is not written over: it may say how to make the key
     whole.Rec = *record;
     const int file = OpenDataFile(FileKind::Configuration, OpenOrCreate);
     const int written = file >= 0 && WriteRecord(file, FileKind::Configuration, 1, &whole);
@@ -145,8 +151,10 @@ int LoadConfFile() {
     if (read == ConfRead::Failed)
         return 0;
     state.PasswordOn = record.PasswordOn;
+    state.CipherSuite = record.CipherSuite;
+    std::memcpy(state.KeySalt, record.KeySalt, sizeof state.KeySalt);
     if (state.PasswordOn == 0)
-        state.CurrentKey = NoKey;
+        ForgetCurrentKey();
     TakeFrontSettings(record);
     ForEachDividers(&record, [](const ListFacts &row, const uint32_t *stored) { TakeDividers(row, stored); });
     return read == ConfRead::Whole || WriteConfiguration(&record, In::LoadConfFile);

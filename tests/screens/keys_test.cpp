@@ -276,12 +276,6 @@ TEST_F(Device, RefusedCommandsBeepOrKeepStill) {
     EXPECT_EQ(AccountNames(), accounts);
     SendCommand(CommandCross);
     ASSERT_EQ(state.ActiveDialog, NoDialog);
-    // Rooms that are not built yet.
-    for (const int id : {+CommandBackup, +CommandRestore, +CommandPasswordOn}) {
-        machine.Beeps = 0;
-        SendEvent({.Kind = EventKind::Command, .Code = id});
-        EXPECT_EQ(machine.Beeps, 1) << id;
-    }
 }
 
 TEST_F(Device, PaintRequestsAreSwallowedAsOftenAsAsked) {

@@ -52,18 +52,15 @@ TEST(Start, EmptiedListsStayEmptyAndMissingOnesAreFilled) {
 
 TEST(Start, DataThatCanNotBeUsedAreRefusedInWordsAndLeftAlone) {
     static constexpr char Future[] = "Warning! | Wrong (future) version data | Can't use xx_Data directory | "
-                                     "To exit Help mode, tap the eyes below",
-                          Enciphered[] = "Warning! | The data are enciphered | and can't be opened without a pass code "
-                                         "| This version has no way to ask for it";
+                                     "To exit Help mode, tap the eyes below";
     constexpr struct {
         const char *File;
         size_t Offset;
         uint8_t Byte;
         const char *Told;
     } cases[] = {
-        {"E1_01IND", 0, 2, Future}, {"E1_02A1", 0, 2, Future},       {"E1_04DD", 0, 2, Future},
-        {"E1_05FAV", 0, 2, Future}, {"E1_06BIN", 0, 2, Future},      {"E1_07CAT", 0, 2, Future},
-        {"E1_08CUR", 0, 2, Future}, {"E1_03CON", 48, 1, Enciphered}, // PasswordOn
+        {"E1_01IND", 0, 2, Future}, {"E1_02A1", 0, 2, Future},  {"E1_04DD", 0, 2, Future},  {"E1_05FAV", 0, 2, Future},
+        {"E1_06BIN", 0, 2, Future}, {"E1_07CAT", 0, 2, Future}, {"E1_08CUR", 0, 2, Future},
     };
     const auto told = [] { return TextAt(ListWindow, {0, 120, 240, 262}); };
     for (const auto &row : cases) {

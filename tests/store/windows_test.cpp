@@ -279,7 +279,7 @@ TEST_F(Lists, ColumnsStayWhereTheOwnerPutThem) {
         record.AccountColumns[1] = c.Account;
         record.ConfSpare = 7;
         record.CheckAheadDays = 2000000000;
-        std::memset(record.Reserved52, 0x5A, sizeof record.Reserved52);
+        std::memset(record.Reserved68, 0x5A, sizeof record.Reserved68);
         EXPECT_EQ(WriteConfiguration(&record, In{}), 1);
         EXPECT_EQ(LoadConfFile(), 1);
         UpdateBmap();
@@ -290,7 +290,7 @@ TEST_F(Lists, ColumnsStayWhereTheOwnerPutThem) {
         EXPECT_EQ(state.CheckAheadDays, 7);
         StoreConfFile();
         EXPECT_EQ(Configuration().ConfSpare, 2u);
-        EXPECT_EQ(Configuration().Reserved52[87], 0x5A) << "reserved bytes are written as found";
+        EXPECT_EQ(Configuration().Reserved68[71], 0x5A) << "reserved bytes are written as found";
     }
     SetClock(2026, 11, 22);
     EXPECT_EQ(StampLastChecked(), 1);

@@ -287,6 +287,7 @@ QWidget *Make(QWidget *parent, const FormControl &control) {
     case ControlKind::Progress: {
         QProgressBar *const bar = new QProgressBar(parent);
         bar->setTextVisible(false);
+        bar->setOrientation(control.Height > control.Width ? Qt::Vertical : Qt::Horizontal);
         bar->setRange(0, 100);
         bar->setFocusPolicy(Qt::NoFocus);
         return bar;

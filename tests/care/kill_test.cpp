@@ -1,0 +1,177 @@
+// Killed, refused or full at every write of a change of key, a backup and a restore: nothing is lost.
+#include "care.h"
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+using namespace testhost;
+
+namespace {
+
+constexpr char Rows[] = "Current account | 516.00";
+
+// What the sweeps do to a device, and what an owner may find afterwards.
+struct Deed {
+    const char *Name;
+    void (*Prepare)();
+    void (*Do)();
+};
+void SetCode() {
+    SetPassCode("1234");
+}
+void TakeCodeOff() {
+    SendCommand(CommandPasswordOff);
+}
+void CopyAway() {
+    SendCommand(CommandBackup);
+    Choose(DirectoryField, "Card");
+    SendCommand(CommandTick);
+}
+// Into data that the restore takes back.
+void CopyAndSpoil() {
+    CopyAway();
+    ShowScreen(AccountList);
+    TapRow(3);
+    SendKey(Key::Delete);
+}
+void BringBack() {
+    SendCommand(CommandRestore);
+    Choose(DirectoryField, "Card");
+    SendCommand(CommandTick);
+}
+constexpr Deed Deeds[] = {
+    {"on", [] {}, SetCode},
+    {"off", SetCode, TakeCodeOff},
+    {"another code", SetCode, [] { SetPassCode("4321"); }},
+    {"backup", [] {}, CopyAway},
+    {"backup over another", CopyAway, CopyAway},
+    {"restore", CopyAndSpoil, BringBack},
+};
+
+class Kill : public testing::TestWithParam<Deed> {
+protected:
+    TestRoot root;
+    const std::string copy = root.Path() + "-copy";
+
+    Kill() {
+        SetClock(2026, 3, 2);
+        fs::create_directories(root.HostPath("\\Card"));
+        EXPECT_TRUE(StartProgram());
+        GetParam().Prepare();
+        QuitProgram();
+    }
+    ~Kill() override { fs::remove_all(copy); }
+
+    void Copied() const {
+        fs::remove_all(copy);
+        fs::copy(root.Path(), copy, fs::copy_options::recursive);
+    }
+    // Past the gate, when there is one, with whichever code is right.
+    static void Enter() {
+        for (const char *code : {"1234", "4321"})
+            if (state.ActiveDialog == PassCodeDialog)
+                TapDigits(code);
+    }
+    // Starts on the copy and does the deed on a disk that behaves as told. The write-like calls that it made.
+    static int DoOn(const std::string &device, const DiskSwitches &switches) {
+        const TestRoot again(device);
+        if (!StartProgram())
+            _exit(1);
+        Enter();
+        ResetDisk();
+        disk.Switches = switches;
+        GetParam().Do();
+        const int calls = disk.WriteCalls;
+        ResetDisk();
+        QuitProgram();
+        return calls;
+    }
+    // Every entry, template and category stands, and a backup that stood stands or is the new one.
+    void ExpectAllThere() const {
+        const bool spoiled = GetParam().Prepare == CopyAndSpoil;
+        const TestRoot again(copy);
+        ASSERT_TRUE(StartProgram());
+        Enter();
+        ASSERT_EQ(state.ActiveDialog, NoDialog) << "no code opens the data";
+        EXPECT_EQ(state.DataUsable, 1U) << Lines();
+        EXPECT_EQ(TextAt(ListWindow, Row(1)), Rows);
+        const int accounts = state.EntryCount[AccountList];
+        EXPECT_TRUE(accounts == 3 || (spoiled && accounts == 2)) << accounts;
+        OpenRow(1);
+        EXPECT_EQ(state.EntryCount[TransactionList], 5);
+        EXPECT_NE(TextAt(ListWindow, Row(2)).find("ATM"), std::string::npos);
+        constexpr int counts[][2] = {{RecurringList, 1}, {TemplateList, 6}, {CategoryList, 3}, {ConversionList, 5}};
+        for (const auto &[list, count] : counts)
+            EXPECT_EQ(state.EntryCount[list], count) << list;
+        if (GetParam().Prepare == CopyAway || spoiled) {
+            SendCommand(CommandRestore);
+            Choose(DirectoryField, "Card");
+            EXPECT_EQ(form.Controls[ProgressField].Progress, 100) << "the backup is no backup any more";
+            SendCommand(CommandCross);
+        }
+        QuitProgram();
+    }
+};
+
+} // namespace
+
+TEST_P(Kill, AtAnyWriteTheDataAreWhole) {
+    int kills = 0, total = 0;
+    Copied();
+    total = DoOn(copy, {});
+    // A change of key has as many writes as files and records: every one of the first and last, a sample between.
+    for (int n = 1; n <= total; n += n < 6 || n > total - 12 ? 1 : 1 + total / 8) {
+        SCOPED_TRACE(testing::Message() << "write " << n << " of " << total);
+        Copied();
+        const pid_t child = fork();
+        if (child == 0) {
+            DiskSwitches switches;
+            switches.DieAt = n;
+            DoOn(copy, switches);
+            _exit(0);
+        }
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        ASSERT_TRUE(WIFEXITED(status));
+        kills += WEXITSTATUS(status) == DiedExitCode;
+        ExpectAllThere();
+    }
+    EXPECT_GE(kills, 3);
+}
+
+TEST_P(Kill, OnADiskThatRefusesOrIsFullTheDataAreWholeAndItIsTold) {
+    Copied();
+    const int total = DoOn(copy, {});
+    DiskSwitches full, unwritable;
+    full.Full = true;
+    unwritable.Unwritable = true;
+    std::vector<DiskSwitches> ways = {full, unwritable};
+    for (int n = 1; n <= total; n += n < 3 ? 1 : 1 + total / 5) {
+        DiskSwitches refusing;
+        refusing.FailAt = n;
+        refusing.FailOnward = n % 2 == 0;
+        refusing.TearWrite = true;
+        ways.push_back(refusing);
+    }
+    for (const int n : {1, 4, 12, 40}) {
+        DiskSwitches blind;
+        blind.FailRead = n;
+        ways.push_back(blind);
+        blind.FailRead = 0;
+        blind.FailOpen = n;
+        blind.FailOnward = n == 12;
+        ways.push_back(blind);
+    }
+    for (size_t n = 0; n < ways.size(); ++n) {
+        SCOPED_TRACE(n);
+        Copied();
+        DoOn(copy, ways[n]);
+        ExpectAllThere();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Deeds, Kill, testing::ValuesIn(Deeds), [](const auto &row) {
+    std::string name = row.param.Name;
+    std::replace(name.begin(), name.end(), ' ', '_');
+    return name;
+});
