@@ -124,7 +124,7 @@ int PassOverDuplicates(const Place &place) {
         whole = read == last - first + 1;
         for (int32_t index = read; index > 0 && !earlier; --index) {
             TRecFile *record = RunRecord<TRec>(index - 1);
-            DecipherRecord(Kind, record);
+            whole = whole && DecipherRecord(Kind, record);
             record->Rec.FITID[TextRoom - 1] = 0;
             earlier = record->Rec.Date.DayNumber < firstDay;
             if (*record->Rec.FITID && !earlier)

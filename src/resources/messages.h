@@ -503,7 +503,7 @@ inline constexpr Message Messages[] = {
     {529, u"and their configuration record is lost:"},
     {530, u"copy E1_03CON back from a backup"},
     {531, u"An interrupted copy is in the way!"},
-    {532, u"Remove Zentk$B$zpy or Zentk$D$ypz first"},
+    {532, u"Remove Zentk$B$zpy/Zentk$D$ypz first"},
     {533, u"No backup within the data themselves!"},
     {534, u"The disk refuses: is it full?"},
     {540, u"This item has no account to go to"},

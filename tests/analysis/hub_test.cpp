@@ -97,7 +97,7 @@ TEST_F(Hub, TheReadArrowTakesWhatTheSelectedRowIsWorth) {
         {TemplateList, 3, "1.700", -1700},
         {CategoryList, 1, "", 0},
         {ConversionList, 4, "2.329", 2329},
-        {ConversionList, 7, "", 0},
+        {ConversionList, 6, "", 0},
     };
     for (const auto &row : rows) {
         OpenOn(row.Screen, row.Position);
@@ -199,7 +199,7 @@ TEST_F(Hub, ShareColumnsTakeAndGiveTheirOwnMeasure) {
         const char *Written; // after writing 7.250
     } columns[] = {
         {ShareValue, 45000, "10, 4500"}, {ShareCash, -45000, "10, 4500"}, {ShareNumber, 10000, "7, 4500"},
-        {ShareTotal, 8000, "7, 4500"},   {SharePrice, 4500, "7, 7250"},
+        {ShareTotal, 7000, "7, 4500"},   {SharePrice, 4500, "7, 7250"},
     };
     for (const auto &column : columns) {
         OpenOn(TransactionList, 2); // behind the opening balance

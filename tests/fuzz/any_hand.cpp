@@ -80,10 +80,11 @@ std::string WhatIsWrong() {
     const bool panel = state.HubState == SmallHub;
     if (machine.Shown[HubWindow] != panel || (state.HubPicking && !panel) || (panel && state.RowCount != 7))
         return "the hub is not what it shows";
+    const bool covered = HubCoversForm() || state.ActiveDialog == PaletteDialog || state.ActiveDialog == PassCodeDialog;
     if (state.ActiveDialog != NoDialog)
-        return machine.Shown[DialogWindow] != (HubCoversForm() || state.ActiveDialog == PaletteDialog)
+        return machine.Shown[DialogWindow] != covered
                    ? ""
-                   : "the form is not where it is heard";
+                   : "the form is not where it is heard, dialog " + std::to_string(state.ActiveDialog);
     if (state.RowCount != (state.MessageWindowOn ? 7 : 12))
         return "wrong number of rows";
     if (TextAt(TopWindow, {210, 0, 240, 15}) != std::to_string(state.EntryCount[screen]))
