@@ -75,6 +75,10 @@ void ListTypes(int field) {
 }
 constexpr FieldList Lists[] = {{TypeField, ListTypes}};
 
+const char16_t *Title() {
+    return IsHeading() ? u"Total" : state.ActiveDialog == NewAccountDialog ? u"New account" : u"Account";
+}
+
 constexpr Form FormOf(int dialog, std::span<const HelpRow> help) {
     return {.Dialog = dialog,
             .WithPanel = 1,
@@ -87,7 +91,8 @@ constexpr Form FormOf(int dialog, std::span<const HelpRow> help) {
             .Cross = nullptr,
             .Changed = TellCheck,
             .Tapped = nullptr,
-            .Decor = PaintID};
+            .Decor = PaintID,
+.Title = Title};
 }
 constexpr Form NewForm = FormOf(NewAccountDialog, Help), ChangeForm = FormOf(AccountDialog, Help),
                HeadingForm = FormOf(AccountDialog, HeadingHelp);

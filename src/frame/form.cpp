@@ -61,8 +61,24 @@ void FillLists() {
     }
 }
 
+void ShowTitle() {
+    TitleDevice(state.OpenedForm && state.OpenedForm->Title ? state.OpenedForm->Title() : nullptr);
+}
+
+// A date that can't be read is told and stays to be put right.
+int RefuseDate() {
+    if (!FieldPresent(DateField) || ControlDateReads(DateField))
+        return 0;
+    FocusControl(DateField);
+    if (!state.HelpMode)
+        ToggleEyes();
+    Beep();
+    ShowHelpMessage(1, 1, 0, 506, 0, 507, 508, 0);
+    return 1;
+}
+
 void TickForm() {
-    if (!state.OpenedForm->Tick)
+    if (!state.OpenedForm->Tick || RefuseDate())
         return;
     const int result = state.OpenedForm->Tick();
     if (result == TickDone)
@@ -77,6 +93,14 @@ void CrossForm() {
     if (state.OpenedForm->Cross)
         state.OpenedForm->Cross();
     Dialog_End();
+}
+
+// The tick, and a new form of the kind once the work is done.
+void TickAndGoOn() {
+    void (*const again)() = state.OpenedForm->Again;
+    TickForm();
+    if (again && !state.OpenedForm)
+        again();
 }
 
 int HandleCommand(int command) {
@@ -121,6 +145,8 @@ int HandleKey(Key key) {
         return 0;
     if (key == Key::Tick || key == Key::Enter)
         TickForm();
+    else if (key == Key::TickAndNext)
+        TickAndGoOn();
     else if (key == Key::Escape)
         CrossForm();
     else if (state.OpenedForm->KeysStep && (key == Key::Up || key == Key::Down))
@@ -130,7 +156,38 @@ int HandleKey(Key key) {
     return 1;
 }
 
+// The sign that stands before a number.
+struct FieldSign {
+    int16_t Field;
+    int Item; // FormItem
+    uint32_t State::*Word;
+    int Decor;
+};
+// clang-format off
+constexpr FieldSign Signs[] = {
+    {WholeField,      FirstSignItem,  &State::FirstSign,  DecorFirstSign},
+    {FractionField,   FirstSignItem,  &State::FirstSign,  DecorFirstSign},
+    {MultiplierField, SecondSignItem, &State::SecondSign, DecorSecondSign},
+    {MaxField,        FirstSignItem,  &State::FirstSign,  DecorFirstSign},
+    {MinField,        SecondSignItem, &State::SecondSign, DecorSecondSign},
+};
+// clang-format on
+
+void SetSign(int field, int plus) {
+    for (const FieldSign &sign : Signs)
+        if (sign.Field == field && ShowsItem(sign.Item)) {
+            state.*(sign.Word) = static_cast<uint32_t>(plus);
+            DrawDialogDecor(sign.Decor);
+            return;
+        }
+    Beep(); // a number that has none
+}
+
 void HandleControl(const Event &event) {
+    if (event.Change == ControlChange::Minus || event.Change == ControlChange::Plus) {
+        SetSign(event.Control, event.Change == ControlChange::Plus);
+        return;
+    }
     const bool told = event.Change == ControlChange::Focus || event.Change == ControlChange::Dropped ||
                       event.Change == ControlChange::Pressed || event.Change == ControlChange::Calendar;
     if (told)
@@ -167,6 +224,7 @@ int Dialog_Init(const Form *form) {
     if (form->Fill)
         form->Fill(1);
     DrawDialogDecor(DecorAll);
+    ShowTitle();
     return 1;
 }
 
@@ -180,6 +238,7 @@ void RebuildForm(const Form *form, int initialise) {
     if (FieldPresent(focused))
         FocusControl(focused);
     DrawDialogDecor(DecorAll);
+    ShowTitle();
 }
 
 void Dialog_End() {
@@ -188,6 +247,7 @@ void Dialog_End() {
     SipControl(LowerMode);
     CloseForm();
     state.OpenedForm = nullptr;
+    ShowTitle();
     state.ActiveDialog = NoDialog;
     state.RowCount = state.MessageWindowOn ? RowsAboveMessages : MostRows;
     if (state.CurrentScreen != GraphList) {

@@ -91,6 +91,8 @@ struct Form {
     void (*Tapped)(int item);            // what a tap on a part does beyond what it does on all forms; null: nothing
     void (*Decor)(int mask);             // painting beyond the parts; null: none
     int KeysStep = 0;                    // 1: the keys Up and Down are taps on the arrows
+    const char16_t *(*Title)() = nullptr; // what the device's title bar calls it
+    void (*Again)() = nullptr;           // after a tick that is to be followed by a new form; null: nothing follows
 };
 
 // Opens a form: ActiveDialog, controls and their lists, Fill(1), background and parts, room for the message window,
@@ -120,6 +122,11 @@ void RefuseTick(int line2, int line3 = 0);
 // Says that the data can't be written; what was entered stays in the form.
 void TellUnwritten();
 
+// What the marks of the open form are, at a point of DialogWindow.
+Hint HintOfForm(int x, int y);
+
+// The name that stands beside a field, null when the open form does not have it.
+const char16_t *FieldName(int field);
 // 1 when the open form has the control.
 int FieldPresent(int field);
 // Sets a field's text, and remembers what the field then holds. A text longer than the field's limit is cut there.

@@ -130,15 +130,6 @@ bool PartPresent(const FormPart &part) {
     return !part.Present || part.Present();
 }
 
-const FormPart *PartAt(int x, int y) {
-    if (!state.OpenedForm)
-        return nullptr;
-    for (const FormPart &part : state.OpenedForm->Parts)
-        if (Inside(part.Hit, x, y) && PartPresent(part))
-            return &part;
-    return nullptr;
-}
-
 const HelpRow *HelpOf(int id) {
     for (const HelpRow &row : state.OpenedForm->Help)
         if (row.Id == id)
@@ -175,6 +166,22 @@ void Tap(const FormPart &part) {
 }
 
 } // namespace
+
+const FormPart *PartAt(int x, int y) {
+    if (!state.OpenedForm)
+        return nullptr;
+    for (const FormPart &part : state.OpenedForm->Parts)
+        if (Inside(part.Hit, x, y) && PartPresent(part))
+            return &part;
+    return nullptr;
+}
+
+int ShowsItem(int item) {
+    for (const FormPart &part : state.OpenedForm->Parts)
+        if (part.Item == item && PartPresent(part))
+            return 1;
+    return 0;
+}
 
 int TapPart(int x, int y) {
     const FormPart *part = PartAt(x, y);

@@ -202,19 +202,30 @@ void DeleteOne(int) {
         Beep();
         return;
     }
-    BinRow(state.SelectedPos[state.CurrentScreen]);
+    if (state.CurrentScreen != BinList || Confirmed(CommandDeleteOne))
+        BinRow(state.SelectedPos[state.CurrentScreen]);
+}
+
+// In the bin the second of the two commands that name a range deletes for good.
+int MayDeleteRange(int id) {
+    const bool ends = id == CommandDeleteStart ? state.RangeFinish > 0 : state.RangeStart > 0;
+    return state.CurrentScreen != BinList || !ends || Confirmed(id);
 }
 
 void DeleteRange(int id) {
     const int screen = state.CurrentScreen;
+    if (!MayDeleteRange(id))
+        return;
     const int deleted = id == CommandDeleteStart ? SelectRangeStart() : SelectRangeFinish();
     state.CurrentScreen = screen;
     if (deleted)
         ShowRemaining();
 }
 
-void DeletePreceding(int) {
+void DeletePreceding(int id) {
     const int screen = state.CurrentScreen;
+    if (screen == BinList && InList(state.SelectedPos[screen]) && !Confirmed(id))
+        return;
     if (DeleteRecRange(1, state.SelectedPos[screen]) != 1) {
         Beep();
         return;
@@ -224,7 +235,9 @@ void DeletePreceding(int) {
     ShowRemaining();
 }
 
-void EmptyTheBin(int) {
+void EmptyTheBin(int id) {
+    if (!Confirmed(id))
+        return;
     EmptyBin();
     Repaint();
 }

@@ -59,6 +59,8 @@ void ReleaseEdge() {
     state.ColumnRepaintGate = 1;
     if (screen == TransactionList && state.CurrentScreen == TransactionList)
         KeepAccountEdges();
+    else if (screen == state.CurrentScreen)
+        StoreConfFile(); // at once: nobody knows how the program will end
     ScreenOf(state.CurrentScreen)->Paint(ListWindow, PaintColumns | PaintRows | PaintTabs);
 }
 

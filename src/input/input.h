@@ -15,6 +15,23 @@ void DoKeyDown(Key key);
 void DoCommand(int command);
 void DoScroll(ScrollCode code, int position);
 
+// 1 when the command, which can't be taken back, came a second time; else the owner has been asked.
+int Confirmed(int command);
+// The question is off the screen.
+void ForgetQuestion();
+// Before any other handling: whatever does not answer yes takes the question back.
+void HearAnswer(const Event &event);
+
+// The search by what is typed, on the screens with rows.
+void BeginSearch();
+// 1 when the event belonged to the search.
+int HearSearch(const Event &event);
+
+// What stands at a point of a window.
+Hint HintOf(Window where, int x, int y);
+// The column edge that a press at a point grabs, 0 for none.
+int EdgeUnder(Window where, int x, int y);
+
 // What lies under a point of ListWindow: 1 and up a row, -1 to -8 a tab, -13 the page button, 0 anything else.
 int LinePos(Window window, int x, int y);
 

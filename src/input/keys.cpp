@@ -114,9 +114,22 @@ void StrokeSelected(Key) {
     const int32_t selected = state.SelectedPos[state.CurrentScreen];
     if (!screen || !screen->Stroke || selected < 1)
         return;
-    if (!SelectionShows())
+    if (!SelectionShows()) // nobody acts on what he does not see: it comes into view, and the next press acts
         CentreOnSelection();
-    screen->Stroke(selected);
+    else
+        screen->Stroke(selected);
+}
+
+void DeleteSelected(Key) {
+    const int screen = state.CurrentScreen;
+    if (screen != GraphList && InList(state.SelectedPos[screen]) && !SelectionShows())
+        CentreOnSelection();
+    else
+        WndProc({.Kind = EventKind::Command, .Code = CommandDeleteOne});
+}
+
+void FindByTyping(Key) {
+    BeginSearch();
 }
 
 // As if the stylus dragged the selected row to a tab, or over the row before or behind it.
@@ -166,10 +179,12 @@ constexpr KeyRow Keys[] = {
     {Key::Header, Key::Header, TapHeader,      0},
     {Key::Escape, Key::Escape, Leave,          0},
     {Key::Help,   Key::Help,   nullptr,        CommandLeftEye},
-    {Key::Delete, Key::Delete, nullptr,        CommandDeleteOne},
+    {Key::Delete, Key::Delete, DeleteSelected, 0},
+    {Key::Find,   Key::Find,   FindByTyping,   0},
     {Key::New,    Key::New,    nullptr,        CommandNew},
     {Key::Modify, Key::Modify, nullptr,        CommandModify},
     {Key::Tick,   Key::Tick,   nullptr,        CommandTick},
+    {Key::TickAndNext, Key::TickAndNext, nullptr, CommandTick},
 };
 // clang-format on
 

@@ -33,7 +33,8 @@ void DoPaint() {
 } // namespace
 
 void WndProc(const Event &event) {
-    if (state.OpenedForm && HandleFormEvent(event))
+    HearAnswer(event);
+    if (state.OpenedForm ? HandleFormEvent(event) : HearSearch(event))
         return;
     switch (event.Kind) {
     case EventKind::PointerDown:
@@ -54,6 +55,7 @@ void WndProc(const Event &event) {
     case EventKind::Command:
         DoCommand(event.Code);
         return;
+    case EventKind::Character:
     case EventKind::Control:
         return;
     case EventKind::Scroll:

@@ -20,6 +20,7 @@ enum class EventKind : uint8_t {
     PointerUp,   // Where, X, Y
     DoubleTap,   // Where, X, Y; stands for the second PointerDown, its PointerUp follows
     Key,         // Code is a Key
+    Character,   // Code is a UTF-16 unit typed while no form is open and no Key stands for it
     Command,     // Code is a menu command or bar button
     Control,     // Control id and Change of the open form
     Scroll,      // Code is a ScrollCode, Position for the thumb
@@ -45,6 +46,8 @@ enum class Key : uint8_t {
     Header, // a tap on the header's title
     FlagPart, FirstSignPart, SecondSignPart, ClearedPart, FreePart, DuplicatePart, ViewPart, // taps on parts of a form
     OtherSidePart, // the other block of a recurring item, the other direction of a conversion
+    TickAndNext,   // the tick, then a new form of the same kind
+    Find,          // begins a search by what is typed
 };
 
 enum class ScrollCode : uint8_t { LineUp, LineDown, PageUp, PageDown, ThumbTrack, Top, Bottom };
@@ -57,6 +60,7 @@ enum class ControlChange : uint8_t {
     Pressed,      // a check box, button or list row was pressed
     DoublePressed,
     Calendar,     // the calendar was opened
+    Minus, Plus,  // that sign was typed into a box that holds a number
 };
 // clang-format on
 
@@ -68,4 +72,10 @@ struct Event {
     int Position = 0;
     int Control = 0;
     ControlChange Change = ControlChange::Focus;
+};
+
+// What stands somewhere, in words, and the key that does the same as a tap there.
+struct Hint {
+    const char16_t *Words = nullptr; // null: nothing that has a name
+    Key Pressed = Key::None;
 };

@@ -16,6 +16,8 @@ void ShowWindow(Window window, int on);
 int WindowShown(Window window);
 // For HubWindow and HostWindow, in TopWindow's coordinates.
 void PlaceWindow(Window window, const Rect &box);
+// What the device's title bar says; the program's own name for null.
+void TitleDevice(const char16_t *title);
 // Ends the host's loop after the present event.
 void LeaveLoop();
 

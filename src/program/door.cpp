@@ -22,3 +22,11 @@ int IdleStep() {
     SyncFiles();
     return 0;
 }
+
+Hint HintAt(Window where, int x, int y) {
+    return state.Next == NextStep::Left ? Hint{} : HintOf(where, x, y);
+}
+
+int CanDragEdge(Window where, int x, int y) {
+    return state.Next != NextStep::Left && EdgeUnder(where, x, y) != 0;
+}

@@ -13,3 +13,9 @@ void HandleEvent(const Event &event);
 
 // Called when no input waits. 1 while it wants to be called again without an event.
 int IdleStep();
+
+// Questions of a host, which change nothing.
+// What stands at a point of a window.
+Hint HintAt(Window where, int x, int y);
+// 1 where a column's edge can be dragged.
+int CanDragEdge(Window where, int x, int y);

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-inline constexpr int MessageRoom = 40, LastMessage = 488;
+inline constexpr int MessageRoom = 40, LastMessage = 508;
 
 struct Message {
     int16_t Id;
@@ -487,5 +487,14 @@ inline constexpr Message Messages[] = {
     {486, u"The data are enciphered"},
     {487, u"and can't be opened without a pass code"},
     {488, u"This version has no way to ask for it"},
+    {500, u"Delete this entry for good?"},
+    {501, u"Delete these entries for good?"},
+    {502, u"It can't be taken back"},
+    {503, u"Do the same again to do it;"},
+    {504, u"anything else leaves all as it is"},
+    {505, u"Empty the bin?"},
+    {506, u"This is no date"},
+    {507, u"Type it as 15 Apr 2027 or 2027-04-15,"},
+    {508, u"or choose it in the calendar"},
 };
 // clang-format on

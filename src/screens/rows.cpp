@@ -21,7 +21,8 @@ void TurningCell(const RowStrip &row, int left, int right, int brush, int presse
 
 void RowText(const RowStrip &row, int left, int right, const char16_t *text, Align align, Font font, Colour ink) {
     if (right > left && *text)
-        PaintText(row.Where, text, RowTextBox(row.Place.Top, left, right), align, font, ink);
+        PaintText(row.Where, text, RowTextBox(row.Place.Top, left, right), align, font,
+                  InkOn(FillOfRow((left + right) / 2), ink));
 }
 
 void RowAmount(const RowStrip &row, int left, int right, FixedAmount value, int decimals, Align align) {
@@ -38,7 +39,8 @@ void RowNumber(const RowStrip &row, int left, int right, int64_t value, Align al
     char16_t text[24] = {};
     AppendNumber(text, 24, value < 0 ? -value : value);
     if (right > left)
-        PaintText(row.Where, text, RowTextBox(row.Place.Top, left, right), align, Font::Normal, ink, 1);
+        PaintText(row.Where, text, RowTextBox(row.Place.Top, left, right), align, Font::Normal,
+                  InkOn(FillOfRow((left + right) / 2), ink), 1);
 }
 
 const char16_t *AccountTypeName(uint32_t accountType) {

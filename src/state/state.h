@@ -70,6 +70,13 @@ union WorkingRow { // by the form that is open
 };
 inline constexpr int ShownFields = 32, ShownRoom = 40;
 
+struct CellFill { // x of ListWindow, the right one excluded
+    int32_t Left, Right;
+    Colour Fill;
+};
+inline constexpr int MostFills = 12; // of a row
+inline constexpr int SearchRoom = 32;
+
 inline constexpr int EveryBand = 1023; // the mask that means everything to a paint procedure
 using PaintProcedure = void (*)(Window window, int mask);
 
@@ -88,6 +95,10 @@ struct State {
     const char16_t *MonthNames[13];        // [1] January, short
     PaintProcedure Paint[ScreenCount + 1]; // by screen; [0] the message window
     int32_t RepaintSkip;                   // paint requests still to swallow
+
+    // Error log
+    uint32_t TroubleTold;  // bit n: the terminal has read of Trouble n
+    uint64_t CauseTold[4]; // sums of the causes that the terminal has read of; 0 free
 
     // Configuration record
     uint32_t ShowFrontPage;
@@ -148,6 +159,8 @@ struct State {
     int32_t YearColumn;      // x of the year in a date cell, measured at start-up
     int32_t HighlightPos;    // position drawn as selected, 0 none
     int32_t ScrollBarShown;
+    CellFill RowFill[MostFills]; // of the row painted last, later ones over earlier ones
+    int32_t RowFills;
     int32_t LeftEye, RightEye;         // images of the command bar's eyes, 1 to 10
     int16_t MessageLine[MessageLines]; // the current message: ids, 0 blank, below 0 a line of the import report
     int16_t MessageAlign;              // 1 centred, 0 left
@@ -163,6 +176,17 @@ struct State {
     int32_t ColumnDragScreen; // screen whose column edge is held, 0 none
     int32_t ColumnGrab;       // index of the held edge
     uint32_t ColumnRepaintGate;
+
+    // Questions: a command that is done when it comes a second time
+    int32_t AskedCommand; // 0 none
+    int32_t AskedScreen, AskedPosition;
+    uint32_t AskOpenedHelp; // help mode goes again when the question does
+
+    // Search by what is typed
+    uint32_t SearchOn;
+    char16_t SearchText[SearchRoom];
+    int32_t SearchStart; // position selected when it began
+    int32_t SearchTop;   // of the window of rows then
 
     // Graph
     int32_t GraphMode; // 0 none yet, 1 graph, 2 regression, 3 extrapolation, 4 bars, 5 pies

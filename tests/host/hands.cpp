@@ -284,6 +284,8 @@ static constexpr struct {
     {Key::DuplicatePart, "Duplicate"},
     {Key::ViewPart, "View"},
     {Key::OtherSidePart, "OtherSide"},
+    {Key::TickAndNext, "TickAndNext"},
+    {Key::Find, "Find"},
 };
 
 Key KeyByName(const std::string &name) {

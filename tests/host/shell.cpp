@@ -1,4 +1,5 @@
 // The machine around the program, as plain values that a test reads and sets.
+#include "platform/cause.h"
 #include "platform/shell.h"
 #include "internals.h"
 #include "platform/text.h"
@@ -150,6 +151,15 @@ void Sleep(int) {
 int Random(int below) {
     machine.RandomState = machine.RandomState * 1664525u + 1013904223u;
     return below > 0 ? static_cast<int>((machine.RandomState >> 8) % static_cast<uint32_t>(below)) : 0;
+}
+
+int FindCause(const char *, char *to, int room) {
+    std::snprintf(to, static_cast<size_t>(room), "%s", machine.Cause.c_str());
+    return !machine.Cause.empty();
+}
+
+void TitleDevice(const char16_t *title) {
+    machine.Title = title ? Utf8(title) : "";
 }
 
 void TellTerminal(const char *line) {

@@ -128,6 +128,8 @@ struct Machine {
     int ShownNow = 0; // calls of ShowNow
     uint32_t RandomState = 12345;
     std::vector<std::string> Terminal; // lines of TellTerminal
+    std::string Cause;                 // what FindCause finds; "" for nothing
+    std::string Title;                 // of TitleDevice; "" for the program's own
 };
 extern Machine machine;
 // 0 for a greyed command, and for one in a greyed popup. A command that was never greyed is enabled.

@@ -30,6 +30,7 @@ public:
     void ShowPainted();
 
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
@@ -46,8 +47,11 @@ public:
     QWidget *Stage; // clips the program's windows to the rows between title bar and command bar
     QWidget *Bar;
     QPoint Corner; // of the device in this widget
+    QString Title; // what the title bar says
 
     void PlaceEverything();
+    // The whole screen without a frame, at the largest scale that fits; or the window as it was.
+    void FillScreen(bool on);
 
 protected:
     bool event(QEvent *event) override;
@@ -58,6 +62,7 @@ protected:
 
 private:
     int ClockTimer = 0;
+    QRect Framed; // where the window was before it filled the screen
     void WaitForMinute();
 };
 
@@ -70,6 +75,7 @@ struct Host {
     double Factor = 1; // screen pixels in a device pixel
     bool Leaving;      // LeaveLoop was called
     bool QuitAfterPaint;
+    bool FillsScreen; // the device is as large as the screen
 };
 extern Host host;
 
@@ -80,7 +86,11 @@ int WidgetEdge(double at);
 QRect PixelBox(const Rect &box);
 QRect WidgetBox(const Rect &box);
 
-// The largest of 1, 1.5, 2, ... that leaves a fifth of the screen's height free.
+// The largest of 0.5, 1, 1.5, ... at which the device fits a screen.
+double LargestScale(const QSize &screen);
+// Whether a device of that size leaves no room for a window's frame, nor for anything else.
+bool DeviceFillsScreen(const QSize &screen);
+// The largest of 1, 1.5, 2, ... that fits with a window's frame, or without one where the device fills the screen.
 double FirstScale(const QSize &screen);
 void SetScale(double scale);
 

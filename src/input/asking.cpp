@@ -1,0 +1,87 @@
+// A question before what can't be taken back: the command is told in the message window, and done when it comes again.
+// Anything else that the owner does meanwhile is a no.
+#include "frame/message_window.h"
+#include "input/input.h"
+#include "platform/shell.h"
+#include "resources/menus.h"
+#include "state/messages.h"
+#include "state/state.h"
+
+namespace {
+
+struct Question {
+    int Command;
+    int16_t Lines[MessageLines];
+};
+// clang-format off
+constexpr Question Questions[] = { // the first is asked of every other command
+    {CommandDeleteOne,       {0, 500, 502, 0, 503, 504}},
+    {CommandDeletePreceding, {0, 501, 502, 0, 503, 504}},
+    {CommandDeleteStart,     {0, 501, 502, 0, 503, 504}},
+    {CommandDeleteFinish,    {0, 501, 502, 0, 503, 504}},
+    {CommandEmptyBin,        {0, 505, 502, 0, 503, 504}},
+};
+// clang-format on
+
+const Question &QuestionOf(int command) {
+    for (const Question &question : Questions)
+        if (question.Command == command)
+            return question;
+    return Questions[0];
+}
+
+} // namespace
+
+int Confirmed(int command) {
+    const int screen = state.CurrentScreen;
+    const bool again = state.AskedCommand == command && state.AskedScreen == screen &&
+                       state.AskedPosition == state.SelectedPos[screen];
+    ForgetQuestion();
+    if (again)
+        return 1;
+    const bool opens = !state.HelpMode;
+    if (opens)
+        ToggleEyes();
+    state.AskedCommand = command;
+    state.AskedScreen = screen;
+    state.AskedPosition = state.SelectedPos[screen];
+    state.AskOpenedHelp = opens;
+    Beep();
+    const int16_t *line = QuestionOf(command).Lines;
+    ShowHelpMessage(1, 1, line[0], line[1], line[2], line[3], line[4], line[5]);
+    return 0;
+}
+
+void ForgetQuestion() {
+    if (!state.AskedCommand)
+        return;
+    state.AskedCommand = 0;
+    if (state.AskOpenedHelp && state.HelpMode)
+        ToggleEyes();
+    state.AskOpenedHelp = 0;
+}
+
+void HearAnswer(const Event &event) {
+    const Key key = event.Kind == EventKind::Key ? static_cast<Key>(event.Code) : Key::None;
+    switch (event.Kind) {
+    case EventKind::PointerDown:
+    case EventKind::DoubleTap:
+    case EventKind::Character:
+        ForgetQuestion();
+        return;
+    case EventKind::Key: // the same key again comes as the same command
+        if (key != Key::Delete && key != Key::Drop6 && key != Key::Help)
+            ForgetQuestion();
+        else if (key == Key::Help)
+            state.AskedCommand = 0; // the owner closes the help himself
+        return;
+    case EventKind::Command:
+        if (event.Code == CommandLeftEye || event.Code == CommandRightEye)
+            state.AskedCommand = 0;
+        else if (event.Code != state.AskedCommand)
+            ForgetQuestion();
+        return;
+    default:
+        return;
+    }
+}
