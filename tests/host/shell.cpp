@@ -1,7 +1,7 @@
 // The machine around the program, as plain values that a test reads and sets.
-#include "platform/cause.h"
 #include "platform/shell.h"
 #include "internals.h"
+#include "platform/cause.h"
 #include "platform/text.h"
 #include "resources/menus.h"
 #include "test_host.h"

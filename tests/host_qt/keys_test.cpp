@@ -62,7 +62,9 @@ TEST(Keys, EveryKeyOfTheTableIsSentAndNoOther) {
         {Qt::Key_PageUp, {}, "scroll PageUp", ""},
         {Qt::Key_End, {}, "scroll Bottom", ""},
         {Qt::Key_Up, Qt::ShiftModifier, "", ""},
-        {Qt::Key_Q, {}, "", "control 1002 Text"},
+        {Qt::Key_Q, {}, "character q", "control 1002 Text"},
+        {Qt::Key_F, Qt::ControlModifier, "key Find", ""},
+        {Qt::Key_Return, Qt::ShiftModifier, "", "key TickAndNext"},
     };
     for (const auto &row : Keys) {
         PressKey(row.Key, row.Modifiers);
@@ -144,7 +146,8 @@ TEST(Menus, ListWhatTheTableListsAndGreyWhatTheProgramGreys) {
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Right); // from Edit to the tools
     auto *tools = qobject_cast<QMenu *>(QApplication::activePopupWidget());
     ASSERT_TRUE(tools);
-    EXPECT_EQ(ItemsOf(tools), "About ..., Export ..., Import ..., Backup ..., Restore ..., Archive, Unarchive, Exit");
+    EXPECT_EQ(ItemsOf(tools),
+              "About ..., Export ..., Import ..., Backup ..., Restore ..., Archive, Unarchive, Keys ..., Exit");
     QTest::keyClick(tools, Qt::Key_Escape);
     EXPECT_EQ(Told(), ""); // the key was the menu's
 

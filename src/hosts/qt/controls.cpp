@@ -123,12 +123,14 @@ private:
         return nullptr;
     }
 
-    // What is typed after a tap into a box replaces what stood there, as after Tab; a second tap places the cursor.
+    // What is typed after a tap into a box replaces what stood there, as after Tab; a second tap places the cursor. A
+    // date is replaced whole until it is being typed.
     void SelectTapped(QWidget *control, QWidget *part) {
         auto *edit = qobject_cast<QLineEdit *>(part);
         if (!edit || edit->hasSelectedText())
             return;
-        if (Entered == control)
+        const DateBox *const date = DateOf(ControlOf(part)->Id);
+        if (Entered == control || (date && !date->isModified()))
             QTimer::singleShot(0, edit, &QLineEdit::selectAll);
         Entered = nullptr;
     }

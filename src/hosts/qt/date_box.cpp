@@ -34,6 +34,8 @@ void DateBox::SetDate(const QDate &date) {
     Shown = Base = std::clamp(date, FirstDate, LastDate);
     setText(WriteDate(Shown, Order()));
     setPalette({});
+    if (hasFocus())
+        selectAll();
 }
 
 bool DateBox::Reads() const {

@@ -121,7 +121,8 @@ void TitleDevice(const char16_t *title) {
         return;
     const QString program = QStringLiteral("Zentrik");
     host.Frame->Title = title && title[0] ? QString::fromUtf16(title) : program;
-    host.Frame->setWindowTitle(host.Frame->Title == program ? program : host.Frame->Title + QStringLiteral(" - ") + program);
+    host.Frame->setWindowTitle(host.Frame->Title == program ? program
+                                                            : host.Frame->Title + QStringLiteral(" - ") + program);
     host.Frame->update();
 }
 
