@@ -120,6 +120,10 @@ void StrokeSelected(Key) {
         screen->Stroke(selected);
 }
 
+void FindByTyping(Key) {
+    BeginSearch();
+}
+
 void DeleteSelected(Key) {
     const int screen = state.CurrentScreen;
     if (screen != GraphList && InList(state.SelectedPos[screen]) && !SelectionShows())
@@ -128,13 +132,13 @@ void DeleteSelected(Key) {
         WndProc({.Kind = EventKind::Command, .Code = CommandDeleteOne});
 }
 
-void FindByTyping(Key) {
-    BeginSearch();
-}
-
 // As if the stylus dragged the selected row to a tab, or over the row before or behind it.
 void DropSelected(Key key) {
-    DropRow(static_cast<int>(key) - static_cast<int>(Key::Drop1) + 1);
+    const int tab = static_cast<int>(key) - static_cast<int>(Key::Drop1) + 1;
+    if (tab == BinList && state.CurrentScreen == BinList)
+        DeleteSelected(key); // for good
+    else
+        DropRow(tab);
 }
 
 void MoveSelected(Key key) {

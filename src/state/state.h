@@ -96,10 +96,6 @@ struct State {
     PaintProcedure Paint[ScreenCount + 1]; // by screen; [0] the message window
     int32_t RepaintSkip;                   // paint requests still to swallow
 
-    // Error log
-    uint32_t TroubleTold;  // bit n: the terminal has read of Trouble n
-    uint64_t CauseTold[4]; // sums of the causes that the terminal has read of; 0 free
-
     // Configuration record
     uint32_t ShowFrontPage;
     uint32_t NewUserFields; // 1: new entries open in the Advanced view

@@ -427,9 +427,9 @@ TEST_P(Forms, NotepadAndSettingsAreKept) {
         HandleEvent({.Kind = EventKind::Command, .Code = CommandGeneral});
         EXPECT_EQ(Shown("Look ahead"), "14");
         EXPECT_EQ(Shown("I'm an advanced user"), "on");
-        Enter({"Look ahead", By::Typing, "abc"});
+        Enter({"Look ahead", By::Typing, "ab9"}); // letters are refused
         Tick();
-        EXPECT_EQ(state.CheckAheadDays, 7);
+        EXPECT_EQ(state.CheckAheadDays, 9);
         NewForm(TransactionList);
         EXPECT_TRUE(Control("Number"));
         Cross();

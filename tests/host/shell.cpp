@@ -1,7 +1,6 @@
 // The machine around the program, as plain values that a test reads and sets.
 #include "platform/shell.h"
 #include "internals.h"
-#include "platform/cause.h"
 #include "platform/text.h"
 #include "resources/menus.h"
 #include "test_host.h"
@@ -153,13 +152,12 @@ int Random(int below) {
     return below > 0 ? static_cast<int>((machine.RandomState >> 8) % static_cast<uint32_t>(below)) : 0;
 }
 
-int FindCause(const char *, char *to, int room) {
-    std::snprintf(to, static_cast<size_t>(room), "%s", machine.Cause.c_str());
-    return !machine.Cause.empty();
-}
-
 void TitleDevice(const char16_t *title) {
     machine.Title = title ? Utf8(title) : "";
+}
+
+void TellTrouble(int, const char *, const char *line) {
+    TellTerminal(line);
 }
 
 void TellTerminal(const char *line) {
