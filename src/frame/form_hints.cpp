@@ -46,5 +46,6 @@ Hint HintOfForm(int x, int y) {
     for (const MarkWords &mark : Marks)
         if (mark.Item == part->Item)
             return {SignWords(mark, mark.Word && state.*(mark.Word)), mark.Pressed};
-    return {FieldName(part->Field)};
+    const char16_t *field = FieldName(part->Field);
+    return {field ? field : part->Text};
 }

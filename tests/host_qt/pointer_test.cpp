@@ -1,7 +1,9 @@
 // Stylus, scroll bar and wheel: an event goes where the pointer is, in the pixels of that window.
 #include "host_qt/little_program.h"
 #include <QApplication>
+#include <QHelpEvent>
 #include <QScrollBar>
+#include <QToolTip>
 
 using namespace little;
 
@@ -81,6 +83,26 @@ static void Turn(int x, int y, int eighths) {
     QWheelEvent wheel(at, host.Frame->mapToGlobal(at), {}, {0, eighths}, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(host.Frame->childAt(at), &wheel);
+}
+
+TEST(Pointer, WhatItRestsOnIsNamedWithItsKeyAndAnEdgeShowsThatItCanBeDragged) {
+    Begin();
+    const auto rest = [](Window window, const QPoint &at) {
+        QToolTip::hideText();
+        ProgramWindow *const widget = host.Windows[window];
+        QHelpEvent event(QEvent::ToolTip, at, widget->mapToGlobal(at));
+        QApplication::sendEvent(widget, &event);
+        return QToolTip::text().toStdString();
+    };
+    EXPECT_EQ(rest(ListWindow, {20, 210}), "Transactions (Ctrl+2)");
+    EXPECT_EQ(rest(TopWindow, {20, 10}), "");
+    QToolTip::hideText();
+    for (const auto &[x, shape] : {std::pair(105, Qt::SplitHCursor), {120, Qt::ArrowCursor}}) {
+        MoveTo(x, 26 + 25);
+        Settle();
+        EXPECT_EQ(host.Windows[TopWindow]->cursor().shape(), shape) << x;
+    }
+    EXPECT_EQ(Told(), ""); // a pointer that is not down tells nothing
 }
 
 TEST(Scrolling, TheWheelIsLineUpAndLineDownWhereTheListIs) {

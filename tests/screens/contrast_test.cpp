@@ -119,7 +119,7 @@ TEST_F(Device, EveryInkIsReadOnItsFill) {
         pairs.Look();
     }
     EXPECT_GE(pairs.Seen.size(), 25U); // the walk has been everywhere
-    EXPECT_GE(pairs.Red, 12);
+    EXPECT_GE(pairs.Red, 10);
 }
 
 TEST(Ink, IsLeftAloneWhereItCanBeReadAndMovesAsLittleAsItMust) {

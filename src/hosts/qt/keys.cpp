@@ -182,6 +182,19 @@ bool Take(const QKeyEvent &event) {
     return true;
 }
 
+class KeyList : public QTreeWidget {
+public:
+    using QTreeWidget::QTreeWidget;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override {
+        if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return || event->key() == Qt::Key_F12)
+            close();
+        else
+            QTreeWidget::keyPressEvent(event);
+    }
+};
+
 class KeyFilter : public QObject {
 public:
     using QObject::QObject;
@@ -244,7 +257,7 @@ QString NameOfMenuKey() {
 }
 
 void ShowKeyList() {
-    QTreeWidget *const list = new QTreeWidget(host.Frame);
+    QTreeWidget *const list = new KeyList(host.Frame);
     list->setWindowFlag(Qt::Popup);
     list->setAttribute(Qt::WA_DeleteOnClose);
     list->setAccessibleName(QStringLiteral("Keys"));
