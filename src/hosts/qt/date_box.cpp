@@ -13,6 +13,7 @@
 #include <QPainter>
 #include <QScreen>
 #include <QStyleOptionComboBox>
+#include <QTextCharFormat>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -129,6 +130,10 @@ void DateBox::OpenCalendar() {
         Calendar->setFirstDayOfWeek(QLocale::system().firstDayOfWeek());
         Calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
         Calendar->setDateRange(FirstDate, LastDate);
+        QTextCharFormat weekend;
+        weekend.setForeground(QColor(style::Alarm));
+        Calendar->setWeekdayTextFormat(Qt::Saturday, weekend);
+        Calendar->setWeekdayTextFormat(Qt::Sunday, weekend);
         QVBoxLayout *const layout = new QVBoxLayout(Popup);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(Calendar);

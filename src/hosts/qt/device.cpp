@@ -127,6 +127,7 @@ void TitleDevice(const char16_t *title) {
 }
 
 void Device::FillScreen(bool on) {
+    Filled = on;
     if (on) {
         Framed = geometry();
         showFullScreen();

@@ -52,6 +52,7 @@ public:
     void PlaceEverything();
     // The whole screen without a frame, at the largest scale that fits; or the window as it was.
     void FillScreen(bool on);
+    bool FillsScreen() const { return Filled; }
 
 protected:
     bool event(QEvent *event) override;
@@ -62,7 +63,8 @@ protected:
 
 private:
     int ClockTimer = 0;
-    QRect Framed; // where the window was before it filled the screen
+    bool Filled = false; // a machine without a window manager does not know
+    QRect Framed;        // where the window was before it filled the screen
     void WaitForMinute();
 };
 

@@ -173,7 +173,7 @@ bool Take(const QKeyEvent &event) {
         OpenBarMenu();
         break;
     case Does::FillScreen:
-        host.Frame->FillScreen(!host.Frame->isFullScreen());
+        host.Frame->FillScreen(!host.Frame->FillsScreen());
         break;
     case Does::ListKeys:
         ShowKeyList();
