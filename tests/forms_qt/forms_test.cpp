@@ -339,6 +339,38 @@ TEST_P(Forms, AnEntryIsTypedChosenAndFoundAgain) {
     });
 }
 
+TEST_P(Forms, WhatIsTypedInOneGoIsWhatIsKept) {
+    Sitting([] {
+        const auto value = [] { return state.TranRows[RowNamed(u"Typed")].Rec.Value; };
+        NewForm(TransactionList);
+        EXPECT_EQ(host.Frame->Title.toStdString(), "New transaction");
+        Enter({"Date", By::Typing, "29 Feb 2028"});
+        Enter({"Name", By::Typing, "Typed"});
+        Enter({"Amount", By::Typing, "+1.234,50"});
+        Tick();
+        ASSERT_GT(RowNamed(u"Typed"), 0);
+        EXPECT_EQ(value(), 1234500);
+        EXPECT_EQ(state.TranRows[RowNamed(u"Typed")].Rec.Date.Year, 2028u);
+        EXPECT_EQ(state.TranRows[RowNamed(u"Typed")].Rec.Date.Day, 29);
+
+        state.SelectedPos[TransactionList] = RowNamed(u"Typed");
+        PressKey(Qt::Key_M, Qt::ControlModifier);
+        Enter({"Date", By::Typing, "29 Feb 2027"});
+        PressKey(Qt::Key_Return);
+        ASSERT_TRUE(state.OpenedForm) << "no such day";
+        EXPECT_EQ(state.MessageLine[1], 506);
+        Enter({"Date", By::Typing, "28 Feb 2027"});
+        Enter({"Amount", By::Typing, "-12.50"});
+        PressKey(Qt::Key_Return, Qt::ShiftModifier); // and the next of the same day
+        ASSERT_TRUE(state.OpenedForm);
+        EXPECT_EQ(Shown("Date"), "2027-02-28");
+        Cross();
+        EXPECT_EQ(host.Frame->Title.toStdString(), "Zentrik");
+        PressKey(Qt::Key_F1);
+        EXPECT_EQ(value(), -12500);
+    });
+}
+
 TEST_P(Forms, ATemplateChosenInBasicOpensTheAdvancedViewUnderTheOwnersHand) {
     Sitting([] {
         NewForm(TemplateList);
