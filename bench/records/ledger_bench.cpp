@@ -1,7 +1,7 @@
 // The ledger's rules. The counter "ratio" is the time of one turn in times of the reference, taken in the same run just
 // before and after: reading the same rows once, or reading and writing them once. All times are the process's own, in
 // the program and in the system, so that what else the machine does is not counted.
-#include "ledger/account_window.h"
+#include "frame/changes.h"
 #include "ledger/archive.h"
 #include "ledger/balance.h"
 #include "ledger/bin.h"
@@ -12,7 +12,7 @@
 #include "platform/text.h"
 #include "rows.h"
 #include "store/configuration.h"
-#include "store/operations.h"
+#include "frame/changes.h"
 #include <algorithm>
 #include <ctime>
 
@@ -27,7 +27,7 @@ double Now() {
 // An account that the index knows, with rows as in rows.h; balances right.
 struct AccountOnDisk : RowsOnDisk {
     explicit AccountOnDisk(int32_t count) : RowsOnDisk(count) {
-        LoadConfFile();
+        static_cast<void>(LoadConfFile());
         ARecFile account = {};
         InitARec(&account.Rec);
         account.Rec.ID = BenchAccount;

@@ -1,6 +1,6 @@
 // The record operations, against reading and writing the same file once.
 #include "rows.h"
-#include "store/operations.h"
+#include "frame/changes.h"
 #include <benchmark/benchmark.h>
 
 namespace {

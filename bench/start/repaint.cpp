@@ -1,4 +1,5 @@
 // A full repaint of an account's transactions on the real surface: bench_repaint [ROUNDS]
+#include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/start.h"
 #include "platform/files.h"

@@ -1,8 +1,7 @@
-// Colours as hue, luminosity, saturation and contrast, all 0 to 255; and the palette that categories take theirs from.
+// Colours as hue, luminosity, saturation and contrast, all 0 to 255.
 #pragma once
 
 #include "platform/surface.h"
-#include "state/state.h"
 
 struct Hls {
     int H, L, S, C;
@@ -17,18 +16,3 @@ inline Hls HlsOfColour(Colour colour) {
 Colour HlsToRgb(int hue, int luminosity, int saturation);
 // 0 to 255; a colour at 128 or more takes black text.
 int Brightness(Colour colour);
-
-inline constexpr int OwnerEntries = 60; // of the palette, those in its file
-
-// Palette entries count from 1; 1 to 60 are the owner's, entry i + 60 is i moved in hue by 11. Any other entry is
-// ignored.
-void SetPaletteEntry(int entry, int red, int green, int blue);
-// 12 hues in 5 shades.
-void DefaultPalette();
-// Reads the palette file, DefaultPalette when there is none. Entries that a short file lacks are red; all are grey when
-// the file can't be opened, reported as FcreateFail. A record of another version ends the use of the data.
-void LoadPalette();
-// Writes all 60 records. 0 on failure, reported; a file that could not be begun is taken away again.
-int SavePalette();
-// The entry that a name falls on, 1 to 119. Its first 29 units count.
-int PaletteHash(const char16_t *name);

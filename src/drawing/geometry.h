@@ -1,19 +1,18 @@
-// Where everything stands on the 240-wide screen.
+// Where everything stands in the windows.
 #pragma once
 
+#include "resources/geometry.h"
 #include "state/state.h"
-#include "store/configuration.h"
 
 // TopWindow
 inline constexpr int HeaderBottom = 15, TitlesBottom = 36;
 inline constexpr Rect LeftCountBox = {0, 0, 30, 15}, UpArrowBox = {30, 0, 47, 15}, TitleBox = {47, 0, 193, 15},
-                      DownArrowBox = {193, 0, 210, 15}, RightCountBox = {210, 0, 240, 15};
+                      DownArrowBox = {193, 0, 210, 15}, RightCountBox = {210, 0, ScreenWidth, 15};
 // ListWindow
 inline constexpr int RowHeight = 17;
 inline constexpr int MessageTop = 147, MessageTopInForm = 189, MessageLineHeight = 13;
-inline constexpr int WindowHeight = 294;  // TopWindow
-inline constexpr int VisibleBottom = 268; // of TopWindow and of a form: the command bar covers the rest
-inline constexpr int ListTop = 36;        // ListWindow in TopWindow
+inline constexpr int VisibleBottom =
+    BarTop - TitleHeight; // of TopWindow and of a form: the command bar covers the rest
 inline constexpr int TabPitch = 37;
 inline constexpr int TabBand = 32; // height of the strip
 

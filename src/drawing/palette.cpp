@@ -1,12 +1,13 @@
+// 20-byte records, never enciphered.
+#include "drawing/palette.h"
 #include "drawing/colour_model.h"
 #include "state/error_log.h"
+#include "state/state.h"
 #include "store/catalogue.h"
 #include "store/windows.h"
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
-
-// The palette, and its file of 20-byte records that is never enciphered.
 
 namespace {
 
@@ -19,7 +20,7 @@ struct PaletteRecord {
 };
 static_assert(sizeof(PaletteRecord) == 20);
 
-constexpr Colour Unset = Rgb(255, 0, 0), Unreadable = Rgb(100, 100, 100);
+constexpr Colour UnsetColour = Rgb(255, 0, 0), UnreadableColour = Rgb(100, 100, 100);
 
 void PalettePath(char *to) {
     std::snprintf(to, PathRoom, "%s\\COL", DataDirectory);
@@ -53,7 +54,7 @@ void LoadPalette() {
     if (!state.DataUsable || !FileThere(path))
         return;
     const int file = OpenFile(path, OpenExisting);
-    std::fill(std::begin(state.Palette), std::end(state.Palette), file < 0 ? Unreadable : Unset);
+    std::fill(std::begin(state.Palette), std::end(state.Palette), file < 0 ? UnreadableColour : UnsetColour);
     if (file < 0) {
         ReportError(In::LoadCatFile, Trouble::FcreateFail);
         return;

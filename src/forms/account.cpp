@@ -1,21 +1,20 @@
 // The form of an account: its name, kind, watch limits and flag.
 #include "drawing/colours.h"
 #include "forms/forms.h"
+#include "frame/changes.h"
 #include "frame/form.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
 #include "ledger/balance.h"
+#include "ledger/entries.h"
 #include "ledger/markers.h"
 #include "platform/text.h"
 #include "state/messages.h"
 #include "store/index.h"
-#include "store/operations.h"
 #include "store/windows.h"
 
 namespace {
 
-constexpr int NumberRoom = 24;
 constexpr int32_t ProposedMin = 0, ProposedMax = 50000;
-constexpr int LimitMessage = 299;
 
 // The rows of the type list, and what each stores. A share account begins with the value as its measure.
 constexpr const char16_t *TypeNames[] = {u"Bank", u"Share", u"List"};
@@ -45,24 +44,24 @@ constexpr FormPart Parts[] = {
     {SecondSignItem,     {128, 107, 140, 119},   {126, 106, 142, 121},   nullptr},
     {LabelItem,          {5, 142, 90, 162},      {0, 142, 90, 162},      u"Account type", Align::Left,  TypeField},
 };
-constexpr HelpRow Help[] = {
-    {TextField,      {0, 115, 0, 117, 0, 0}},
-    {MinField,       {0, 306, 0, 145, 0, 0}},
-    {MaxField,       {0, 306, 0, 145, 0, 0}},
-    {TypeField,      {92, 0, 93, 96, 318, 0}},
-    {TypeItem,       {0, 394, 296, 10, 0, 0}},
-    {FirstSignItem,  {0, 145, 0, LimitMessage, 0, 0}},
-    {SecondSignItem, {0, 145, 0, LimitMessage, 0, 0}},
+constexpr FieldHelp FieldHelps[] = {
+    {TextField,      Help::NewAccount},
+    {MinField,       Help::LimitField},
+    {MaxField,       Help::LimitField},
+    {TypeField,      Help::AccountTypeField},
+    {TypeItem,       Help::Jeopardy},
+    {FirstSignItem,  Help::LimitSign},
+    {SecondSignItem, Help::LimitSign},
 };
 // A Total marker has no type.
-constexpr HelpRow HeadingHelp[] = {
-    {TextField,      {0, 115, 0, 117, 0, 0}},
-    {MinField,       {0, 306, 0, 145, 0, 0}},
-    {MaxField,       {0, 306, 0, 145, 0, 0}},
-    {TypeField,      {0, 92, 97, 0, 0, 0}},
-    {TypeItem,       {0, 394, 296, 10, 0, 0}},
-    {FirstSignItem,  {0, 145, 0, LimitMessage, 0, 0}},
-    {SecondSignItem, {0, 145, 0, LimitMessage, 0, 0}},
+constexpr FieldHelp HeadingHelps[] = {
+    {TextField,      Help::NewAccount},
+    {MinField,       Help::LimitField},
+    {MaxField,       Help::LimitField},
+    {TypeField,      Help::NoAccountType},
+    {TypeItem,       Help::Jeopardy},
+    {FirstSignItem,  Help::LimitSign},
+    {SecondSignItem, Help::LimitSign},
 };
 // clang-format on
 
@@ -79,12 +78,12 @@ const char16_t *Title() {
     return IsHeading() ? u"Total" : state.ActiveDialog == NewAccountDialog ? u"New account" : u"Account";
 }
 
-constexpr Form FormOf(int dialog, std::span<const HelpRow> help) {
+constexpr Form FormOf(int dialog, std::span<const FieldHelp> helps) {
     return {.Dialog = dialog,
             .WithPanel = 1,
             .Controls = &AccountTemplate,
             .Parts = Parts,
-            .Help = help,
+            .FieldHelps = helps,
             .Lists = Lists,
             .Fill = Fill,
             .Tick = DiaProcRename,
@@ -92,10 +91,10 @@ constexpr Form FormOf(int dialog, std::span<const HelpRow> help) {
             .Changed = TellCheck,
             .Tapped = nullptr,
             .Decor = PaintID,
-.Title = Title};
+            .Title = Title};
 }
-constexpr Form NewForm = FormOf(NewAccountDialog, Help), ChangeForm = FormOf(AccountDialog, Help),
-               HeadingForm = FormOf(AccountDialog, HeadingHelp);
+constexpr Form NewForm = FormOf(NewAccountDialog, FieldHelps), ChangeForm = FormOf(AccountDialog, FieldHelps),
+               HeadingForm = FormOf(AccountDialog, HeadingHelps);
 
 // A new account has no ID until it is saved.
 void PaintID(int mask) {
@@ -151,44 +150,19 @@ void TellCheck(const Event &event) {
     if (event.Change != ControlChange::Pressed && event.Change != ControlChange::Focus)
         return;
     if (event.Control == MinCheck)
-        ControlChecked(MinCheck) ? ShowHelp(0, 300, 0, 301) : ShowHelp(0, 302);
+        ControlChecked(MinCheck) ? ShowHelp(Help::MinEnabled) : ShowHelp(Help::MinDisabled);
     if (event.Control == MaxCheck)
-        ControlChecked(MaxCheck) ? ShowHelp(0, 303, 0, 304) : ShowHelp(0, 305);
-}
-
-// A new account's file: today's Day marker, and above it an opening balance of nothing.
-void AddFirstRows(const ARec &account) {
-    const uint32_t view = state.ArchiveView;
-    state.ArchiveView = 0;
-    state.CurrentScreen = TransactionList;
-    MakeAccountCurrent(account.ID);
-    RecDate today;
-    LoadTodaysDate(&today);
-    TRec row;
-    if (account.AccType != ListAccount) {
-        InitTRec(&row);
-        FillDayMarker(&row, today);
-        AddRecFile(account.ID, 1, &row, 1);
-    }
-    InitTRec(&row);
-    row.Date = today;
-    row.Rank = EntryRank;
-    row.Units = 1;
-    CopyText(row.Name, TextRoom, u"Opening balance");
-    AddRecFile(account.ID, 1, &row, 1);
-    CalcBalance(account.ID);
-    state.ArchiveView = view;
-    state.CurrentScreen = AccountList;
-    CheckT1totals(0);
+        ControlChecked(MaxCheck) ? ShowHelp(Help::MaxEnabled) : ShowHelp(Help::MaxDisabled);
 }
 
 int AddAccount(ARec *row) {
     const int32_t position = state.EntryCount[AccountList] + 1;
     row->ID = GetNextID();
-    if (!AddRecFile(0, position, row, 0))
+    if (row->ID == 0 || !AddRecFile(0, position, row, 0) || !AddFirstRows(row->ID, row->AccType))
         return 0;
     state.SelectedPos[AccountList] = position;
-    AddFirstRows(*row);
+    LoadCurrentAccount();
+    CheckT1totals();
     return 1;
 }
 
@@ -197,8 +171,7 @@ int ChangeAccount(const ARec &row) {
         return 0;
     if (row.RowKind != HeadingRow)
         CalcBalance(row.ID);
-    state.CurrentScreen = AccountList;
-    CheckT1totals(0);
+    CheckT1totals();
     return 1;
 }
 
@@ -215,7 +188,7 @@ int DiaProcRename() {
     if (!IsHeading() && type >= 0 && type < 3)
         row.AccType = TypeStored[type];
     if (row.MinLimit > row.MaxLimit) {
-        RefuseTick(LimitMessage);
+        RefuseTick(Help::MinAboveMax);
         return TickRefused;
     }
     return state.ActiveDialog == NewAccountDialog ? AddAccount(&row) : ChangeAccount(row);
@@ -235,8 +208,8 @@ int OpenAccountForm(int create) {
     if (!Dialog_Init(create ? &NewForm : row.RowKind == HeadingRow ? &HeadingForm : &ChangeForm))
         return 0;
     if (create)
-        ShowHelp(0, 115, 0, 117);
+        ShowHelp(Help::NewAccount);
     else
-        ShowHelp(0, 2, 3, 0, 117);
+        ShowHelp(Help::ChangeAccount);
     return 1;
 }

@@ -1,12 +1,13 @@
 // The form of a category. It shows the category between its neighbours, each in its colour.
 #include "drawing/colour_model.h"
 #include "drawing/colours.h"
+#include "drawing/palette.h"
 #include "forms/forms.h"
+#include "frame/changes.h"
 #include "frame/form.h"
-#include "platform/clock.h"
+#include "frame/refusal.h"
 #include "platform/text.h"
 #include "state/messages.h"
-#include "store/operations.h"
 #include "store/windows.h"
 
 namespace {
@@ -33,14 +34,14 @@ constexpr FormPart Parts[] = {
     {LabelItem,          {94, 126, 128, 146},    {90, 126, 130, 146},    u"Name", Align::Right, TextField},
     {LabelItem,          {0, 154, 35, 174},      {0, 154, 36, 174},      u"Ref",  Align::Right, DescriptionField},
 };
-constexpr HelpRow Help[] = {
-    {TextField,        {0, 139, 0, 162, 0, 0}},
-    {DescriptionField, {0, 147, 0, 162, 0, 0}},
-    {UpItem,           {0, 71, 72, 359, 0, 0}},
-    {DownItem,         {0, 71, 72, 359, 0, 0}},
-    {UpperBar,         {0, 360, 361, 0, 0, 0}},
-    {CentreBar,        {0, 356, 0, 357, 0, 0}},
-    {LowerBar,         {0, 360, 361, 0, 0, 0}},
+constexpr FieldHelp FieldHelps[] = {
+    {TextField,        Help::CategoryNameField},
+    {DescriptionField, Help::DescriptionField},
+    {UpItem,           Help::CategoryArrow},
+    {DownItem,         Help::CategoryArrow},
+    {UpperBar,         Help::CategoryBeside},
+    {CentreBar,        Help::CentralCategory},
+    {LowerBar,         Help::CategoryBeside},
 };
 // clang-format on
 
@@ -53,7 +54,7 @@ constexpr Form CategoryForm = {.Dialog = CategoryDialog,
                                .WithPanel = 1,
                                .Controls = &CategoryTemplate,
                                .Parts = Parts,
-                               .Help = Help,
+                               .FieldHelps = FieldHelps,
                                .Lists = {},
                                .Fill = Fill,
                                .Tick = SaveCategory,
@@ -62,7 +63,7 @@ constexpr Form CategoryForm = {.Dialog = CategoryDialog,
                                .Tapped = Tapped,
                                .Decor = Decor,
                                .KeysStep = 1,
-.Title = [] { return u"Category"; }};
+                               .Title = [] { return u"Category"; }};
 
 // The position so many places on, wrapping at the ends.
 int32_t Neighbour(int step) {
@@ -94,14 +95,6 @@ void Decor(int mask) {
         PaintBar(row, LowerBox);
 }
 
-// Drawn from the clock; two of one instant differ.
-int64_t NewCatID() {
-    int64_t catID = ClockTicks();
-    while (CatIDToPosition(catID) > 0)
-        ++catID;
-    return catID;
-}
-
 void Fill(int initialise) {
     if (initialise)
         (void)FetchCat(state.SelectedPos[CategoryList], &Working());
@@ -131,6 +124,8 @@ void Step(int step) {
         TellUnwritten();
         return;
     }
+    if (!FinishAction())
+        return;
     state.DuplicateOn = 0;
     state.SelectedPos[CategoryList] = Neighbour(step);
     Fill(1);
@@ -175,6 +170,6 @@ int OpenCategoryForm() {
         return 0;
     if (!Dialog_Init(&CategoryForm))
         return 0;
-    ShowHelp(isNew ? 132 : 136, 358, 2, 3, 117);
+    ShowHelp(Help::CategoryOrConversion);
     return 1;
 }

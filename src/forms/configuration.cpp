@@ -9,7 +9,6 @@
 namespace {
 
 constexpr int32_t UsualLookAhead = 7, LongestListed = 31;
-constexpr int NumberRoom = 24;
 
 // clang-format off
 constexpr FormPart Parts[] = {
@@ -19,10 +18,10 @@ constexpr FormPart Parts[] = {
     {LabelItem,   {180, 77, 230, 97},     {175, 77, 240, 97},     u"day(s)",                 Align::Left, LookAheadField},
     {LabelItem,   {10, 108, 178, 128},    {0, 108, 180, 128},     u"I'm an advanced user",   Align::Left, AdvancedCheck},
 };
-constexpr HelpRow Help[] = {
-    {FrontPageCheck, {0, 168, 169, 0, 0, 0}},
-    {AdvancedCheck,  {0, 311, 312, 0, 0, 0}},
-    {LookAheadField, {0, 170, 171, 0, 0, 0}},
+constexpr FieldHelp FieldHelps[] = {
+    {FrontPageCheck, Help::FrontPageCheck},
+    {AdvancedCheck,  Help::AdvancedCheck},
+    {LookAheadField, Help::LookAheadField},
 };
 // clang-format on
 
@@ -72,7 +71,7 @@ constexpr Form ConfigurationForm = {.Dialog = ConfigurationDialog,
                                     .WithPanel = 1,
                                     .Controls = &ConfigurationTemplate,
                                     .Parts = Parts,
-                                    .Help = Help,
+                                    .FieldHelps = FieldHelps,
                                     .Lists = Lists,
                                     .Fill = Fill,
                                     .Tick = DiaProcConfig,
@@ -80,13 +79,13 @@ constexpr Form ConfigurationForm = {.Dialog = ConfigurationDialog,
                                     .Changed = nullptr,
                                     .Tapped = nullptr,
                                     .Decor = nullptr,
-.Title = [] { return u"Settings"; }};
+                                    .Title = [] { return u"Settings"; }};
 
 } // namespace
 
 int OpenConfigurationForm() {
     if (!Dialog_Init(&ConfigurationForm))
         return 0;
-    ShowHelp(0, 122, 167, 0, 2, 3);
+    ShowHelp(Help::Configuration);
     return 1;
 }

@@ -2,12 +2,12 @@
 #include "drawing/colours.h"
 #include "forms/entry_fields.h"
 #include "forms/forms.h"
+#include "frame/changes.h"
 #include "frame/form.h"
 #include "platform/text.h"
 #include "resources/art.h"
 #include "resources/currencies.h"
 #include "state/messages.h"
-#include "store/operations.h"
 #include "store/windows.h"
 
 namespace {
@@ -30,14 +30,14 @@ constexpr FormPart Parts[] = {
     {DirectionItem,      {196, 75, 228, 113},    {197, 76, 229, 114},    nullptr},
     {RefItem,            {0, 152, 35, 172},      {0, 152, 36, 172},      u"Ref", Align::Right,  TextField},
 };
-constexpr HelpRow Help[] = {
-    {LabelItem,      {0, 345, 346, 347, 0, 0}},
-    {FromField,      {0, 348, 144, 0, 0, 0}},
-    {ToField,        {0, 349, 144, 0, 0, 0}},
-    {WholeField,     {0, 141, 143, 144, 145, 0}},
-    {FractionField,  {142, 143, 144, 150, 145, 0}},
-    {TextField,      {0, 147, 162, 0, 0, 0}},
-    {DirectionItem,  {0, 350, 342, 0, 0, 0}},
+constexpr FieldHelp FieldHelps[] = {
+    {LabelItem,      Help::ConversionLabel},
+    {FromField,      Help::FromField},
+    {ToField,        Help::ToField},
+    {WholeField,     Help::WholeField},
+    {FractionField,  Help::FractionField},
+    {TextField,      Help::TextField},
+    {DirectionItem,  Help::Direction},
 };
 // clang-format on
 
@@ -59,7 +59,7 @@ constexpr Form ConversionForm = {.Dialog = ConversionDialog,
                                  .WithPanel = 1,
                                  .Controls = &ConversionTemplate,
                                  .Parts = Parts,
-                                 .Help = Help,
+                                 .FieldHelps = FieldHelps,
                                  .Lists = Lists,
                                  .Fill = Fill,
                                  .Tick = SaveConversion,
@@ -67,7 +67,7 @@ constexpr Form ConversionForm = {.Dialog = ConversionDialog,
                                  .Changed = nullptr,
                                  .Tapped = Tapped,
                                  .Decor = Decor,
-.Title = [] { return IsNew() ? u"New conversion" : u"Conversion"; }};
+                                 .Title = [] { return IsNew() ? u"New conversion" : u"Conversion"; }};
 
 void Decor(int mask) {
     if (mask & DecorEquals) {
@@ -159,6 +159,6 @@ int OpenConversionForm() {
     state.Reversed = Working().DirectionState != 0;
     if (!Dialog_Init(&ConversionForm))
         return 0;
-    ShowHelp(122, 41, 0, 2, 3, 0);
+    ShowHelp(Help::CategoryOrConversion);
     return 1;
 }

@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr int NumberRoom = 24;
-
 void AddNumbers(int field, int last, int digits) {
     for (int number = 0; number <= last; ++number) {
         char16_t text[NumberRoom] = {};
@@ -24,8 +22,8 @@ union AnyRecord {
     CatRecFile Category;
 };
 
-int OpenList(FileKind kind) {
-    const int handle = OpenDataFile(kind, OpenOrCreate, 0, nullptr);
+int OpenWalkedFile(FileKind kind) {
+    const int handle = OpenDataFile(kind, OpenOrCreate);
     if (handle < 0)
         ReportError(FormFunction(), kind == FileKind::Accounts ? Trouble::AcreateFail : Trouble::FcreateFail);
     return handle;
@@ -50,7 +48,7 @@ struct AccountWalk {
     ARecFile Row;
 };
 void BeginAccounts(AccountWalk *walk) {
-    walk->Handle = OpenList(FileKind::Accounts);
+    walk->Handle = OpenWalkedFile(FileKind::Accounts);
     walk->Position = 0;
     walk->Count = walk->Handle < 0 ? 0 : CountRecords(walk->Handle, FileKind::Accounts);
 }
@@ -63,7 +61,7 @@ int NextAccount(AccountWalk *walk) {
     return 0;
 }
 
-void AddAccounts(int field) {
+void AddAccountNames(int field) {
     AccountWalk walk;
     for (BeginAccounts(&walk); NextAccount(&walk);)
         AddName(field, walk.Row.Rec.Name);
@@ -90,7 +88,7 @@ void ListMultipliers(int field) {
 }
 
 void ListTemplates(int field) {
-    const int handle = OpenList(FileKind::Templates);
+    const int handle = OpenWalkedFile(FileKind::Templates);
     if (handle < 0)
         return;
     AnyRecord record;
@@ -104,7 +102,7 @@ void ListTemplates(int field) {
 void ListCategories(int field) {
     AddControlItem(field, NoneText);
     state.ListedCategories = 0;
-    const int handle = OpenList(FileKind::Categories);
+    const int handle = OpenWalkedFile(FileKind::Categories);
     if (handle < 0)
         return;
     AnyRecord record;
@@ -119,11 +117,11 @@ void ListCategories(int field) {
 
 void ListTransfers(int field) {
     AddControlItem(field, NoneText);
-    AddAccounts(field);
+    AddAccountNames(field);
 }
 
 void ListAccounts(int field) {
-    AddAccounts(field);
+    AddAccountNames(field);
 }
 
 In FormFunction() {
@@ -137,7 +135,7 @@ In FormFunction() {
     }
 }
 
-int CashOffered() {
+bool CashOffered() {
     return state.ActiveDialog != TransactionDialog || IsShare(state.AccountKind);
 }
 
@@ -181,7 +179,7 @@ void FillUnits(int32_t units, uint32_t cash) {
     SetFieldText(MultiplierField, text);
 }
 
-int MultiplierIsCash() {
+bool MultiplierIsCash() {
     char16_t text[ShownRoom];
     GetControlText(MultiplierField, text, ShownRoom);
     return SameText(text, CashText);
@@ -203,6 +201,10 @@ int32_t ReadUnits(int32_t shown) {
 void FillCategory(int64_t catID) {
     if (!FieldPresent(CategoryField))
         return;
+    if (ControlItemCount(CategoryField) > state.ListedCategories + 1) { // what stood for another entry's ID
+        ClearControlList(CategoryField);
+        ListCategories(CategoryField);
+    }
     if (catID == 0) {
         SelectControlItem(CategoryField, 0);
         return;
@@ -213,10 +215,6 @@ void FillCategory(int64_t catID) {
         return;
     }
     // A row past the listed ones stands for the ID that the entry has.
-    if (ControlItemCount(CategoryField) > state.ListedCategories + 1) {
-        ClearControlList(CategoryField);
-        ListCategories(CategoryField);
-    }
     CatRec row;
     AddName(CategoryField, position >= 1 && FetchCat(position, &row) ? row.Name : DeletedCategoryText);
     SelectControlItem(CategoryField, state.ListedCategories + 1);
@@ -253,7 +251,7 @@ void FillAccount(int field, uint32_t accountID, int noneFirst) {
         SetFieldText(field, OverflowText);
 }
 
-uint32_t ReadAccount(int field, uint32_t shown, int noneFirst) {
+uint32_t ReadAccountField(int field, uint32_t shown, int noneFirst) {
     const int index = SelectedControlItem(field);
     if (index < 0 && !FieldTouched(field))
         return shown;
@@ -297,9 +295,9 @@ void ReadEntryFields(DDBlock *block, int keepDeletedCategory) {
     if (FieldPresent(CategoryField))
         block->CatID = ReadCategory(block->CatID, keepDeletedCategory);
     if (FieldPresent(AccountField))
-        block->Account = ReadAccount(AccountField, block->Account, 0);
+        block->Account = ReadAccountField(AccountField, block->Account, 0);
     if (FieldPresent(TransferField))
-        block->Transfer = ReadAccount(TransferField, block->Transfer, 1);
+        block->Transfer = ReadAccountField(TransferField, block->Transfer, 1);
 }
 
 int PickedTemplate(int index, FRec *row) {
@@ -308,28 +306,4 @@ int PickedTemplate(int index, FRec *row) {
     const int32_t position = index + 1;
     const int32_t shown = TemplateShown();
     return FetchFav(shown > 0 && position >= shown ? position + 1 : position, row);
-}
-
-void TemplateToBlock(const FRec &row, DDBlock *block) {
-    block->Cleared = row.Cleared;
-    block->Cash = row.Cash;
-    block->NoCash = row.NoCash;
-    block->Flag = static_cast<uint8_t>(row.Flag % 4);
-    block->Units = row.Units;
-    block->Value = row.Value;
-    block->Transfer = row.Transfer;
-    block->CatID = row.CatID;
-    CopyText(block->Memo, TextRoom, row.Memo);
-}
-
-void BlockToTemplate(const DDBlock &block, FRec *row) {
-    row->Cleared = block.Cleared;
-    row->Cash = block.Cash;
-    row->NoCash = block.NoCash;
-    row->Flag = block.Flag;
-    row->Units = block.Units;
-    row->Value = block.Value;
-    row->Transfer = block.Transfer;
-    row->CatID = block.CatID;
-    CopyText(row->Memo, TextRoom, block.Memo);
 }

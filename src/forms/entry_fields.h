@@ -3,6 +3,7 @@
 #pragma once
 
 #include "frame/form.h"
+#include "records/entry_values.h"
 #include "records/records.h"
 #include "resources/error_names.h"
 
@@ -11,19 +12,19 @@ inline constexpr char16_t NoneText[] = u"<none>", CashText[] = u"Cash", DeletedC
 
 // The help lines of an entry's fields.
 // clang-format off
-inline constexpr HelpRow EntryHelp[] = {
-    {DateField,       {0, 137, 138, 0, 0, 0}},
-    {TitleField,      {0, 139, 144, 140, 0, 0}},
-    {WholeField,      {0, 141, 143, 144, 145, 0}},
-    {FractionField,   {142, 143, 144, 150, 145, 0}},
-    {TextField,       {0, 147, 162, 0, 0, 0}},
-    {MultiplierField, {148, 149, 143, 144, 213, 0}},
-    {CategoryField,   {0, 393, 0, 0, 0, 0}},
-    {TransferField,   {0, 151, 144, 156, 0, 0}},
-    {AccountField,    {0, 159, 144, 156, 0, 0}},
-    {CountField,      {0, 157, 143, 144, 0, 0}},
-    {UnitField,       {0, 157, 144, 0, 0, 0}},
-    {RemainingField,  {0, 158, 143, 144, 0, 0}},
+inline constexpr FieldHelp EntryHelps[] = {
+    {DateField,       Help::DateField},
+    {TitleField,      Help::TitleField},
+    {WholeField,      Help::WholeField},
+    {FractionField,   Help::FractionField},
+    {TextField,       Help::TextField},
+    {MultiplierField, Help::MultiplierField},
+    {CategoryField,   Help::CategoryField},
+    {TransferField,   Help::TransferField},
+    {AccountField,    Help::AccountField},
+    {CountField,      Help::CountField},
+    {UnitField,       Help::UnitField},
+    {RemainingField,  Help::RemainingField},
 };
 // clang-format on
 
@@ -44,8 +45,8 @@ void ListAccounts(int field);
 
 // The function that the open form reports under.
 In FormFunction();
-// 1 where "Cash" may stand as a multiplier: in a share account, a template and a recurring item.
-int CashOffered();
+// True where "Cash" may stand as a multiplier: in a share account, a template and a recurring item.
+bool CashOffered();
 
 // Fields of the open form from values. `threeDecimals` 1 shows the third decimal even when it is 0.
 void FillAmount(FixedAmount value, int threeDecimals);
@@ -59,9 +60,9 @@ FixedAmount ReadAmount(FixedAmount shown);
 int32_t ReadUnits(int32_t shown);
 // What the category list's row stands for. `keepDeleted` 1 keeps an ID that no longer resolves, otherwise it gives 0.
 int64_t ReadCategory(int64_t shown, int keepDeleted);
-uint32_t ReadAccount(int field, uint32_t shown, int noneFirst);
-// 1 when the multiplier field says "Cash".
-int MultiplierIsCash();
+uint32_t ReadAccountField(int field, uint32_t shown, int noneFirst);
+// True when the multiplier field says "Cash".
+bool MultiplierIsCash();
 
 // The entry fields that the open form has, and its marks, from a block and back. Reading leaves alone what the form
 // does not show.
@@ -70,5 +71,3 @@ void ReadEntryFields(DDBlock *block, int keepDeletedCategory);
 
 // The template behind an item of the title list. 1, or 0 when there is none.
 int PickedTemplate(int index, FRec *row);
-void TemplateToBlock(const FRec &row, DDBlock *block);
-void BlockToTemplate(const DDBlock &block, FRec *row);

@@ -18,9 +18,3 @@ int OpenConversionForm();
 int OpenCategoryForm();
 int OpenNotepadForm();
 int OpenConfigurationForm();
-
-// The progress form of ArchiveDialog or UnarchiveDialog. It takes no input; TellProgress (a ProgressTeller of
-// ledger/archive.h) moves its bar to 0 to 100 and shows it at once, and says when rows are being moved.
-int OpenProgressForm(int dialog);
-void TellProgress(int percent);
-void CloseProgressForm();

@@ -7,7 +7,7 @@
 namespace {
 
 constexpr int NoteRoom = NoteLimit + 1;
-constexpr HelpRow Help[] = {{TextField, {0, 160, 161, 0, 162, 0}}};
+constexpr FieldHelp FieldHelps[] = {{TextField, Help::Notepad}};
 
 void Fill(int) {
     char16_t text[NoteRoom] = {};
@@ -28,7 +28,7 @@ constexpr Form NotepadForm = {.Dialog = NotepadDialog,
                               .WithPanel = 1,
                               .Controls = &NotepadTemplate,
                               .Parts = {},
-                              .Help = Help,
+                              .FieldHelps = FieldHelps,
                               .Lists = {},
                               .Fill = Fill,
                               .Tick = DiaProcNote,
@@ -36,13 +36,13 @@ constexpr Form NotepadForm = {.Dialog = NotepadDialog,
                               .Changed = nullptr,
                               .Tapped = nullptr,
                               .Decor = nullptr,
-.Title = [] { return u"Notepad"; }};
+                              .Title = [] { return u"Notepad"; }};
 
 } // namespace
 
 int OpenNotepadForm() {
     if (!Dialog_Init(&NotepadForm))
         return 0;
-    ShowHelp(0, 160, 161, 0, 162, 0);
+    ShowHelp(Help::Notepad);
     return 1;
 }

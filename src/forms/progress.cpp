@@ -1,7 +1,7 @@
 // The bar that shows how far a long archiving has come.
+#include "forms/progress.h"
 #include "drawing/colours.h"
 #include "drawing/geometry.h"
-#include "forms/forms.h"
 #include "frame/form.h"
 #include "platform/surface.h"
 
@@ -21,7 +21,7 @@ constexpr Form FormOf(int dialog) {
             .WithPanel = 0,
             .Controls = &ProgressTemplate,
             .Parts = {},
-            .Help = {},
+            .FieldHelps = {},
             .Lists = {},
             .Fill = nullptr,
             .Tick = nullptr,

@@ -4,17 +4,17 @@
 #include "drawing/colours.h"
 #include "forms/entry_fields.h"
 #include "forms/forms.h"
+#include "frame/changes.h"
 #include "frame/form.h"
-#include "ledger/moves.h"
 #include "ledger/order.h"
 #include "platform/text.h"
 #include "state/messages.h"
-#include "store/operations.h"
+#include "store/index.h"
 #include "store/windows.h"
+#include <cstring>
 
 namespace {
 
-constexpr int NumberRoom = 24;
 constexpr char16_t ForEverText[] = u"For ever";
 constexpr const char16_t *UnitNames[] = {u"Day(s)", u"Week(s)", u"Month(s)", u"Year(s)"};
 constexpr int UnitCount = 4, MonthRow = 2;
@@ -82,7 +82,7 @@ constexpr Form RecurringForm = {.Dialog = RecurringDialog,
                                 .WithPanel = 1,
                                 .Controls = &RecurringTemplate,
                                 .Parts = Parts,
-                                .Help = EntryHelp,
+                                .FieldHelps = EntryHelps,
                                 .Lists = Lists,
                                 .Fill = Fill,
                                 .Tick = DiaProcDD,
@@ -148,8 +148,19 @@ void Fill(int) {
         FillNumber(RemainingField, item.Remaining);
 }
 
-void FlipBlock() {
+// The second block is the first one's until its owner changes it.
+void ReadBlock() {
+    DDBlock *blocks = Working().Block;
+    const DDBlock before = Block();
     ReadEntryFields(&Block(), 0);
+    if (state.BlockIndex == 1 && std::memcmp(&before, &Block(), sizeof before) != 0)
+        state.BlockFollows = 0;
+    if (state.BlockIndex == 0 && state.BlockFollows)
+        blocks[1] = blocks[0];
+}
+
+void FlipBlock() {
+    ReadBlock();
     const uint32_t sign = state.FirstSign;
     state.BlockIndex = 1 - state.BlockIndex;
     FillBlock();
@@ -157,9 +168,9 @@ void FlipBlock() {
         state.FirstSign = sign; // nothing has none of its own
     DrawDialogDecor(DecorAll);
     if (state.BlockIndex == 0)
-        ShowHelp(0, 153);
+        ShowHelp(Help::NextBlock);
     else
-        ShowHelp(0, 154, 155);
+        ShowHelp(Help::FurtherBlock);
 }
 
 void Tapped(int item) {
@@ -172,13 +183,15 @@ void TellChange(const Event &event) {
         return;
     FRec picked;
     if (event.Control == MultiplierField && MultiplierIsCash()) {
-        ShowHelp(0, 222, 223);
+        ShowHelp(Help::CashMultiplier);
     } else if (event.Control == TitleField && PickedTemplate(SelectedControlItem(TitleField), &picked)) {
         const int index = SelectedControlItem(TitleField);
-        ReadEntryFields(&Block(), 0);
+        ReadBlock();
         CopyText(Working().Name, TextRoom, picked.Name);
         SetFieldText(TitleField, picked.Name);
-        TemplateToBlock(picked, &Block());
+        CopyEntryValues(picked, &Block());
+        if (state.BlockIndex == 1)
+            state.BlockFollows = 0;
         FillBlock();
         SelectControlItem(TitleField, index);
         DrawDialogDecor(DecorAll);
@@ -205,8 +218,14 @@ void TieAccounts(DDRec *item) {
         other.Account = inView.Account;
 }
 
+// True when a block that will be used has an account.
+bool HasAccounts(const DDRec &item) {
+    const bool usesFirst = !item.FirstDone, usesSecond = item.FirstDone || item.Remaining > 1;
+    return (!usesFirst || item.Block[0].Account != 0) && (!usesSecond || item.Block[1].Account != 0);
+}
+
 int DiaProcDD() {
-    ReadEntryFields(&Block(), 0);
+    ReadBlock();
     DDRec item = Working();
     item.Version = RecordVersion;
     item.RowKind = EntryRow;
@@ -222,7 +241,11 @@ int DiaProcDD() {
         GetControlText(TitleField, item.Name, TextRoom);
     TieAccounts(&item);
     ReadPeriod(&item);
-    const int isNew = IsNew();
+    if (!HasAccounts(item)) {
+        RefuseTick(Help::ItemNeedsAccount);
+        return TickRefused;
+    }
+    const bool isNew = IsNew();
     const int32_t position = CpDates(item.NextDate, item.Rank);
     const int written =
         isNew ? AddRecFile(0, position, &item, 0) : MoveRecFile(0, state.SelectedPos[RecurringList], position, &item);
@@ -237,8 +260,10 @@ int DiaProcDD() {
 void ProposeItem(DDRec *item) {
     InitDDRec(item);
     LoadTodaysDate(&item->NextDate);
-    for (DDBlock &block : item->Block)
+    for (DDBlock &block : item->Block) {
         block.Units = 1;
+        block.Account = AccountThere(state.CurAccount.ID) ? state.CurAccount.ID : 0;
+    }
     item->PeriodCount = 1;
     item->TotalCount = item->Remaining = ForEver;
     CopyText(item->PeriodUnit, UnitRoom, UnitNames[MonthRow]);
@@ -253,12 +278,13 @@ int OpenRecurringForm() {
     if (isNew)
         ProposeItem(&Working());
     state.BlockIndex = BlockInForce(Working());
+    state.BlockFollows = std::memcmp(&Working().Block[0], &Working().Block[1], sizeof(DDBlock)) == 0;
     if (!Dialog_Init(&RecurringForm))
         return 0;
     if (isNew) { // most often a debit
         state.FirstSign = 0;
         DrawDialogDecor(DecorFirstSign);
     }
-    ShowHelp(isNew ? 132 : 136, 152, 2, 3, 117);
+    ShowHelp(isNew ? Help::NewRecurring : Help::ChangeRecurring);
     return 1;
 }

@@ -2,10 +2,10 @@
 #include "drawing/colours.h"
 #include "forms/entry_fields.h"
 #include "forms/forms.h"
+#include "frame/changes.h"
 #include "frame/form.h"
 #include "platform/text.h"
 #include "state/messages.h"
-#include "store/operations.h"
 #include "store/windows.h"
 
 namespace {
@@ -51,7 +51,7 @@ constexpr Form TemplateForm = {.Dialog = TemplateDialog,
                                .WithPanel = 1,
                                .Controls = &TemplateTemplate,
                                .Parts = Parts,
-                               .Help = EntryHelp,
+                               .FieldHelps = EntryHelps,
                                .Lists = Lists,
                                .Fill = Fill,
                                .Tick = DiaProcFav,
@@ -59,11 +59,11 @@ constexpr Form TemplateForm = {.Dialog = TemplateDialog,
                                .Changed = TellChange,
                                .Tapped = nullptr,
                                .Decor = PaintPoint<51>,
-.Title = Title};
+                               .Title = Title};
 
 DDBlock BlockOf(const FRec &row) {
     DDBlock block = {};
-    TemplateToBlock(row, &block);
+    CopyEntryValues(row, &block);
     return block;
 }
 
@@ -77,7 +77,7 @@ void TellChange(const Event &event) {
         return;
     FRec picked;
     if (event.Control == MultiplierField && MultiplierIsCash()) {
-        ShowHelp(0, 222, 223);
+        ShowHelp(Help::CashMultiplier);
     } else if (event.Control == TitleField && PickedTemplate(SelectedControlItem(TitleField), &picked)) {
         const int index = SelectedControlItem(TitleField);
         Working() = picked;
@@ -93,7 +93,7 @@ int DiaProcFav() {
         GetControlText(TitleField, row.Name, TextRoom);
     DDBlock block = BlockOf(row);
     ReadEntryFields(&block, 1);
-    BlockToTemplate(block, &row);
+    CopyEntryValues(block, &row);
     if (!IsNew())
         return ModRecFile(0, state.SelectedPos[TemplateList], &row);
     const int32_t position = state.EntryCount[TemplateList] + 1;
@@ -115,6 +115,6 @@ int OpenTemplateForm() {
     }
     if (!Dialog_Init(&TemplateForm))
         return 0;
-    ShowHelp(isNew ? 132 : 136, 131, 2, 3, 117);
+    ShowHelp(isNew ? Help::NewTemplate : Help::ChangeTemplate);
     return 1;
 }

@@ -2,18 +2,16 @@
 #include "drawing/colours.h"
 #include "forms/entry_fields.h"
 #include "forms/forms.h"
+#include "frame/changes.h"
 #include "frame/form.h"
-#include "ledger/account_file.h"
-#include "ledger/account_window.h"
-#include "ledger/balance.h"
-#include "ledger/filter.h"
-#include "ledger/moves.h"
+#include "frame/refusal.h"
+#include "frame/shown.h"
+#include "ledger/entries.h"
 #include "ledger/order.h"
 #include "ledger/reconcile.h"
 #include "ledger/shares.h"
 #include "platform/text.h"
 #include "state/messages.h"
-#include "store/operations.h"
 #include "store/windows.h"
 
 namespace {
@@ -23,13 +21,13 @@ constexpr char16_t ReconcileName[] = u"Reconcile";
 TRec &Working() {
     return state.FormRow.Tran;
 }
-int IsNew() {
+bool IsNew() {
     return state.SelectedPos[TransactionList] > state.EntryCount[TransactionList];
 }
-int IsExisting() {
+bool IsExisting() {
     return !IsNew();
 }
-int IsShareAccount() {
+bool IsShareAccount() {
     return IsShare(state.AccountKind);
 }
 
@@ -67,6 +65,9 @@ constexpr FieldList Lists[] = {
 constexpr std::span<const FormPart> BasicParts = std::span(EntryParts).first<10>();
 static_assert(BasicParts.back().Item == ViewItem && EntryParts[BasicParts.size()].Item == RefItem);
 
+void ForgetPartner() {
+    state.FormTransfer = 0;
+}
 void TranDialogFill(int initialise);
 int TranDialogSave();
 void DiaProcTran(const Event &event);
@@ -83,11 +84,11 @@ constexpr Form FormOf(const FormTemplate *controls, std::span<const FormPart> pa
             .WithPanel = 1,
             .Controls = controls,
             .Parts = parts,
-            .Help = EntryHelp,
+            .FieldHelps = EntryHelps,
             .Lists = Lists,
             .Fill = TranDialogFill,
             .Tick = TranDialogSave,
-            .Cross = nullptr,
+            .Cross = ForgetPartner,
             .Changed = DiaProcTran,
             .Tapped = TapTran,
             .Decor = Decor,
@@ -123,36 +124,21 @@ void Decor(int mask) {
         PaintText(DialogWindow, u"Statement balance", {40, 87, 194, 103}, Align::Left, Font::Bold, Black);
 }
 
-// An entry's fields as a block, and back. A cash row of an account shows and keeps CashAmount.
+// An entry's fields as a block, and back, with the partner that the form has picked.
 DDBlock BlockOf(const TRec &row) {
     DDBlock block = {};
-    block.Cleared = row.Cleared;
-    block.Cash = row.Cash;
-    block.NoCash = row.NoCash;
-    block.Flag = row.Flag;
-    block.Units = row.Units;
-    block.Value = row.Cash ? row.CashAmount : row.Value;
+    CopyEntryValues(row, &block);
     block.Transfer = state.FormTransfer;
-    block.CatID = row.CatID;
-    CopyText(block.Memo, TextRoom, row.Memo);
     return block;
 }
 void TakeBlock(const DDBlock &block, TRec *row) {
-    row->Cleared = block.Cleared;
-    row->Cash = block.Cash;
-    row->NoCash = block.NoCash;
-    row->Flag = block.Flag;
-    row->Units = block.Units;
-    row->Value = block.Value;
-    if (block.Cash)
-        row->CashAmount = block.Value;
-    row->CatID = block.CatID;
-    CopyText(row->Memo, TextRoom, block.Memo);
+    CopyEntryValues(block, row);
     state.FormTransfer = block.Transfer;
 }
 
 void LoadWorkingCopy() {
     TRec &row = Working();
+    state.FormTransfer = 0;
     if (IsExisting()) {
         const int fetched = FetchTran(state.SelectedPos[TransactionList], &row);
         (void)fetched; // on a short read the row's defaults show
@@ -165,7 +151,6 @@ void LoadWorkingCopy() {
     row.Units = 1;
     if (wanted == ReconcileEntry)
         CopyText(row.Name, TextRoom, ReconcileName);
-    state.FormTransfer = 0;
 }
 
 // The fields of the layout shown into the working copy; what it does not show stays as it is.
@@ -214,7 +199,7 @@ void LoadTemplate(int index) {
     TRec &row = Working();
     CopyText(row.Name, TextRoom, picked.Name);
     DDBlock block = BlockOf(row);
-    TemplateToBlock(picked, &block);
+    CopyEntryValues(picked, &block);
     if (block.Cash && !IsShareAccount()) {
         block.Cash = 0;
         block.Units = 1;
@@ -236,7 +221,84 @@ void DiaProcTran(const Event &event) {
     if (event.Control == TitleField)
         LoadTemplate(SelectedControlItem(TitleField));
     else if (event.Control == MultiplierField && MultiplierIsCash())
-        ShowHelp(0, 222, 223);
+        ShowHelp(Help::CashMultiplier);
+}
+
+bool Differs(const TRec &row, const TRec &kept) {
+    return row.Date.DayNumber != kept.Date.DayNumber || row.Flag != kept.Flag || row.NoCash != kept.NoCash ||
+           row.Cash != kept.Cash || row.Cleared != kept.Cleared || row.Units != kept.Units || row.CatID != kept.CatID ||
+           !SameText(row.Name, kept.Name, TextRoom) || !SameText(row.Memo, kept.Memo, TextRoom) ||
+           (row.Cash ? row.CashAmount != kept.CashAmount : row.Value != kept.Value);
+}
+
+// A new row with what the form holds, and nothing of a row that it may be a duplicate of: its bank identity and running
+// totals stay behind.
+TRec FreshRow() {
+    const TRec &row = Working();
+    TRec fresh;
+    InitTRec(&fresh);
+    fresh.RowKind = row.RowKind;
+    fresh.Date = row.Date;
+    fresh.Rank = EntryRank;
+    CopyText(fresh.Name, TextRoom, row.Name);
+    TakeBlock(BlockOf(row), &fresh);
+    return fresh;
+}
+
+bool WillBeNew() {
+    return IsNew() || state.DuplicateOn;
+}
+
+// Takes the fields. True when there is something to write.
+bool EntryChanged() {
+    ReadFields();
+    TRec kept;
+    return WillBeNew() || (FetchTran(state.SelectedPos[TransactionList], &kept) && Differs(Working(), kept));
+}
+
+// The row, with its counter-entry for a new transfer, and balances; then the form's list follows. A List account is in
+// its owner's order: a new row goes under the one selected.
+int WriteEntry(bool isNew) {
+    const Place place = EntriesShown();
+    const int32_t selected = std::min(state.SelectedPos[TransactionList], state.EntryCount[TransactionList]);
+    int32_t position;
+    if (isNew) {
+        TRec row = FreshRow();
+        row.TransferID = row.RowKind == EntryRow ? state.FormTransfer : 0;
+        position = EnterEntry(place, state.AccountKind == ListAccount ? selected + 1 : 0, &row);
+    } else {
+        Working().Rank = RankOf(Working().RowKind, In::DiaProcTran);
+        position = ChangeEntry(place, selected, Working());
+    }
+    if (position == 0)
+        return 0;
+    RefreshAccounts();
+    state.SelectedPos[TransactionList] = position;
+    return 1;
+}
+
+// Writes what the fields hold. A filtered view can't be changed: the filter gives way first.
+int SaveEntry() {
+    const bool isNew = WillBeNew();
+    if (state.FilterView)
+        ClearFilters();
+    if (WriteEntry(isNew))
+        return FinishAction();
+    TellUnwritten();
+    return 0;
+}
+
+int TranDialogSave() {
+    const bool changed = EntryChanged(), isNew = WillBeNew();
+    const bool toReconcile = Working().RowKind == ReconcileEntry;
+    const FixedAmount target = Working().Value;
+    if (state.FilterView)
+        ClearFilters();
+    if (changed && !WriteEntry(isNew))
+        return 0; // what could not be written stays in the form
+    if (toReconcile)
+        RunReconcile(EntriesShown(), target);
+    return 1;
 }
 
 // The next row, forward or back, that is an entry; wraps at the ends. 0 when there is none.
@@ -256,10 +318,9 @@ int32_t NextEntry(int32_t position, int forward) {
 }
 
 void StepEntry(int forward) {
-    if (!state.FilterView && !TranDialogSave()) {
-        TellUnwritten();
+    // What was changed is kept before another entry takes its place in the form; a filter then gives way.
+    if (EntryChanged() && !SaveEntry())
         return;
-    }
     const int32_t next = NextEntry(state.SelectedPos[TransactionList], forward);
     if (next == 0)
         return;
@@ -305,89 +366,6 @@ void TapTran(int item) {
     }
 }
 
-bool Differs(const TRec &row, const TRec &kept) {
-    return row.Date.DayNumber != kept.Date.DayNumber || row.Flag != kept.Flag || row.NoCash != kept.NoCash ||
-           row.Cash != kept.Cash || row.Cleared != kept.Cleared || row.Units != kept.Units || row.CatID != kept.CatID ||
-           !SameText(row.Name, kept.Name, TextRoom) || !SameText(row.Memo, kept.Memo, TextRoom) ||
-           (row.Cash ? row.CashAmount != kept.CashAmount : row.Value != kept.Value);
-}
-
-// A new row with what the form holds, and nothing of a row that it may be a duplicate of: its bank identity and running
-// totals stay behind.
-TRec FreshRow() {
-    const TRec &row = Working();
-    TRec fresh;
-    InitTRec(&fresh);
-    fresh.RowKind = row.RowKind;
-    fresh.Date = row.Date;
-    fresh.Rank = EntryRank;
-    CopyText(fresh.Name, TextRoom, row.Name);
-    TakeBlock(BlockOf(row), &fresh);
-    return fresh;
-}
-
-int AddEntry(TRec *row) {
-    const uint32_t accountID = state.CurAccount.ID;
-    // A List account is in its owner's order: the new row goes under the one selected.
-    const int32_t selected = state.SelectedPos[TransactionList], count = state.EntryCount[TransactionList];
-    const int32_t position =
-        state.AccountKind == ListAccount ? (selected < count ? selected : count) + 1 : CpDates(row->Date, row->Rank);
-    if (!AddRecFile(accountID, position, row, 0))
-        return 0;
-    CalcBalance(accountID);
-    return 1;
-}
-
-int ChangeEntry(TRec *row) {
-    row->Rank = RankOf(row->RowKind, In::DiaProcTran);
-    const int32_t from = state.SelectedPos[TransactionList];
-    const int32_t to = state.AccountKind == ListAccount ? from : CpDates(row->Date, row->Rank);
-    return MoveRecFile(state.CurAccount.ID, from, to, row);
-}
-
-// The other side of a transfer, in the partner's file. 0 when it could not be written; a partner that has gone needs
-// none.
-int AddCounterEntry(const TRec &row, uint32_t partnerID) {
-    const uint32_t accountID = state.CurAccount.ID;
-    const int32_t fromType = state.AccountKind, selected = state.SelectedPos[TransactionList];
-    int written = 1;
-    if (MakeAccountCurrent(partnerID)) {
-        TRec counter = row;
-        CopyText(counter.FITID, TextRoom, u""); // the bank's identity is the row's own
-        MakeCounterEntry(&counter, fromType, state.AccountKind);
-        // Into the live account, since nothing of it may be archived yet, and there into the real file: what stands in
-        // the partner's filter file alone goes with the filter.
-        const uint32_t view = state.ArchiveView;
-        state.ArchiveView = 0;
-        ReleaseFile(OpenTransactions(TransactionFile::Live, partnerID, OpenOrCreate));
-        state.IgnoreFilter = 1;
-        written = AddRecFile(partnerID, CpDates(counter.Date, counter.Rank), &counter, 0);
-        if (written)
-            CalcBalance(partnerID);
-        state.IgnoreFilter = 0;
-        state.ArchiveView = view;
-    }
-    MakeAccountCurrent(accountID);
-    CountTransactions();
-    state.SelectedPos[TransactionList] = selected;
-    return written;
-}
-
-// Writes the row and, for a transfer, its counter-entry. 0 when the entry could not be written; a new one whose
-// counter-entry could not be written is taken back, so that no money appears or goes.
-int SaveEntry(TRec *row, int isNew) {
-    const int32_t selected = state.SelectedPos[TransactionList];
-    const uint32_t partner = row->TransferID;
-    if (!(isNew ? AddEntry(row) : ChangeEntry(row)))
-        return 0;
-    if (!partner || AddCounterEntry(*row, partner) || !isNew)
-        return 1;
-    DeleteRecFile(state.CurAccount.ID, state.SelectedPos[TransactionList]);
-    CalcBalance(state.CurAccount.ID);
-    state.SelectedPos[TransactionList] = selected;
-    return 0;
-}
-
 // The next entry of a pile: a new one of the same day.
 void EnterNext() {
     const RecDate date = Working().Date;
@@ -398,37 +376,6 @@ void EnterNext() {
         return;
     Working().Date = date;
     SetFieldDate(DateField, date);
-}
-
-int TranDialogSave() {
-    if (state.FilterView) { // a filtered view can't be changed: the tick lifts the filter, and the entry is lost
-        ClearFilters();
-        return 1;
-    }
-    const int isNew = IsNew() || state.DuplicateOn;
-    // The account picked is this entry's alone; only a template or a switch of views leaves it for the next form.
-    const uint32_t left = state.FormTransfer;
-    ReadFields();
-    const uint32_t partner = state.FormTransfer;
-    if (FieldPresent(TransferField))
-        state.FormTransfer = left;
-    TRec kept = {};
-    if (!isNew && !FetchTran(state.SelectedPos[TransactionList], &kept))
-        return 1;
-    const TRec row = Working();
-    const uint8_t kind = row.RowKind;
-    const FixedAmount target = row.Value;
-    if (isNew || Differs(row, kept)) {
-        TRec saved = isNew ? FreshRow() : row;
-        saved.TransferID = partner;
-        if (!SaveEntry(&saved, isNew))
-            return 0; // what could not be written stays in the form
-    }
-    if (kind == ReconcileEntry) {
-        LoadCurrentAccount();
-        RunReconcile(target);
-    }
-    return 1;
 }
 
 } // namespace
@@ -448,8 +395,8 @@ int OpenTransactionForm(int rowKind) {
     if (!Dialog_Init(CurrentLayout()))
         return 0;
     if (row.RowKind == ReconcileEntry)
-        ShowHelp(431, 442, 0, 447, 448, 0);
+        ShowHelp(Help::ReconcileTarget);
     else
-        ShowHelp(132, 130, 2, 3, 117, 0);
+        ShowHelp(Help::EnterTransaction);
     return 1;
 }

@@ -64,7 +64,7 @@ int LookAt(int x, int eyeX, int above) {
 } // namespace
 
 void SetMenuBar() {
-    const int configuration = OpenDataFile(FileKind::Configuration, OpenExisting, 0, nullptr);
+    const int configuration = OpenDataFile(FileKind::Configuration, OpenExisting);
     if (configuration < 0)
         ReportError(In::SetMenuBar, Trouble::CcreateFail);
     else

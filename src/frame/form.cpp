@@ -5,8 +5,9 @@
 #include "frame/form_parts.h"
 #include "frame/header.h"
 #include "frame/message_window.h"
+#include "frame/refusal.h"
 #include "frame/scroll.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
 #include "platform/shell.h"
 #include "state/error_log.h"
 #include "state/greys.h"
@@ -18,17 +19,20 @@ namespace {
 constexpr int RaiseMode = 0, LowerMode = 2, InputFormMode = 4;
 
 // The lines at the end of a form, by screen and view.
-constexpr int16_t EndLines[ScreenCount + 1][2][MessageLines] = {
-    {{}, {}},
-    {{0, 122, 7, 0, 0, 0}, {0, 122, 82, 0, 0, 0}},
-    {{0, 122, 9, 10, 0, 0}, {122, 9, 84, 0, 0, 0}},
-    {{122, 12, 0, 250, 252, 0}, {122, 12, 0, 251, 252, 0}},
-    {{0, 122, 14, 15, 0, 0}, {0, 122, 14, 15, 0, 0}},
-    {{0, 122, 19, 20, 21, 0}, {0, 122, 19, 20, 21, 0}},
-    {{0, 122, 25, 26, 27, 0}, {0, 122, 25, 26, 27, 0}},
-    {{0, 122, 352, 0, 0, 0}, {0, 122, 352, 0, 0, 0}},
-    {{0, 122, 344, 0, 0, 0}, {0, 122, 344, 0, 0, 0}},
+// ORDER LIST
+// clang-format off
+constexpr Help EndLines[ScreenCount + 1][2] = {
+    {Help::None,               Help::None},
+    {Help::BackToAccounts,     Help::BackToArchivedAccounts},
+    {Help::BackToTransactions, Help::BackToArchivedTransactions},
+    {Help::BackToGraph,        Help::BackToArchivedGraph},
+    {Help::BackToRecurring,    Help::BackToRecurring},
+    {Help::BackToTemplates,    Help::BackToTemplates},
+    {Help::BackToBin,          Help::BackToBin},
+    {Help::BackToCategories,   Help::BackToCategories},
+    {Help::BackToConversions,  Help::BackToConversions},
 };
+// clang-format on
 
 void ShowEndLines() {
     const int screen = state.CurrentScreen;
@@ -36,8 +40,7 @@ void ShowEndLines() {
         ReportError(In::Dialog_End, Trouble::CaseError);
         return;
     }
-    const int16_t *lines = EndLines[screen][state.ArchiveView != 0];
-    ShowHelp(lines[0], lines[1], lines[2], lines[3], lines[4], lines[5]);
+    ShowHelp(EndLines[screen][state.ArchiveView != 0]);
 }
 
 // The list as the form left it: where it stood as long as the selected row shows there.
@@ -70,10 +73,7 @@ int RefuseDate() {
     if (!FieldPresent(DateField) || ControlDateReads(DateField))
         return 0;
     FocusControl(DateField);
-    if (!state.HelpMode)
-        ToggleEyes();
-    Beep();
-    ShowHelpMessage(1, 1, 0, 506, 0, 507, 508, 0);
+    RefuseTick(Help::NoDate);
     return 1;
 }
 
@@ -81,10 +81,10 @@ void TickForm() {
     if (!state.OpenedForm->Tick || RefuseDate())
         return;
     const int result = state.OpenedForm->Tick();
-    if (result == TickDone)
+    if (result == TickUnwritten)
+        GiveActionUp();
+    else if (result == TickDone && FinishAction())
         Dialog_End();
-    else if (result == TickUnwritten)
-        TellUnwritten();
 }
 
 void CrossForm() {
@@ -190,6 +190,8 @@ void HandleControl(const Event &event) {
     }
     const bool told = event.Change == ControlChange::Focus || event.Change == ControlChange::Dropped ||
                       event.Change == ControlChange::Pressed || event.Change == ControlChange::Calendar;
+    if (event.Change == ControlChange::Text || event.Change == ControlChange::Choice)
+        MarkEdited(event.Control);
     if (told)
         ShowItemHelp(event.Control);
     if (state.OpenedForm->Changed)
@@ -204,6 +206,7 @@ int Dialog_Init(const Form *form) {
     state.ActiveDialog = form->Dialog;
     state.OpenedForm = form;
     state.DuplicateOn = 0;
+    state.DragSource = 0; // what was held is let go
     OpenForm(form->Controls);
     if (state.CurrentScreen != GraphList) {
         state.RowCount = RowsAboveMessages;
@@ -311,13 +314,13 @@ int SipControl(int mode) {
     return 0;
 }
 
-void RefuseTick(int line2, int line3) {
+void RefuseTick(Help help) {
     if (!state.HelpMode)
         ToggleEyes();
     Beep();
-    ShowHelpMessage(1, 1, 0, line2, line3, 0, 0, 0);
+    ForceHelp(help);
 }
 
 void TellUnwritten() {
-    RefuseTick(128, 133);
+    GiveActionUp();
 }

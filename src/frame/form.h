@@ -2,7 +2,10 @@
 // form shows besides its real controls is painted by hand from a table of parts, and answers taps by the same table.
 #pragma once
 
+#include "frame/form_fields.h"
+#include "frame/form_parts.h"
 #include "resources/forms.h"
+#include "resources/help_lines.h"
 #include "state/state.h"
 #include <span>
 
@@ -35,38 +38,19 @@ enum FormItem : int {
     ProgressItem = 58,
 };
 
-// Bits of the mask of DrawDialogDecor.
-enum DecorMask : int {
-    DecorGround = 1,
-    DecorFlag = 2,
-    DecorCounters = 4, // with the arrows
-    DecorDuplicate = 8,
-    DecorFirstSign = 16,
-    DecorSecondSign = 32,
-    DecorLabels = 64,
-    DecorCleared = 128,
-    DecorFree = 256,
-    DecorSelector = 512,
-    DecorEquals = 1024,
-    DecorPreview = 2048,
-    DecorPalette = 4096,
-    DecorView = 8192,
-    DecorAll = 16383,
-};
-
-struct HelpRow {      // the help lines of a field or of a part
-    int16_t Id;       // FormField or FormItem; a row for an item goes before the lines common to all forms
-    int16_t Lines[6]; // ids of resources/messages.h
+struct FieldHelp { // the help lines of a field or of a part
+    int16_t Id;    // FormField or FormItem; a row for an item goes before the lines common to all forms
+    Help Lines;
 };
 
 struct FormPart {
-    int Item;                   // FormItem
-    Rect Box;                   // where it is painted; empty: it is not
-    Rect Hit;                   // where a tap finds it; empty: nowhere
-    const char16_t *Text;       // of a label
-    Align Side = Align::Right;  // of the label's text in its box
-    int Field = 0;              // field whose help lines a tap shows; 0: the item's own
-    int (*Present)() = nullptr; // null: always there
+    int Item;                    // FormItem
+    Rect Box;                    // where it is painted; empty: it is not
+    Rect Hit;                    // where a tap finds it; empty: nowhere
+    const char16_t *Text;        // of a label
+    Align Side = Align::Right;   // of the label's text in its box
+    int Field = 0;               // field whose help lines a tap shows; 0: the item's own
+    bool (*Present)() = nullptr; // null: always there
 };
 
 struct FieldList {
@@ -74,7 +58,8 @@ struct FieldList {
     void (*Fill)(int field); // writes the items of its list
 };
 
-// What a tick came to. Unwritten: the frame tells so; Refused: the form itself has told why. Both stay open.
+// What a tick came to. Done: the frame makes it durable, and only then ends the form. Unwritten: the frame gives up
+// what was done and tells so; Refused: the form itself has told why. Both stay open.
 enum TickResult { TickUnwritten = 0, TickDone = 1, TickRefused = 2 };
 
 struct Form {
@@ -82,17 +67,17 @@ struct Form {
     int WithPanel; // 1: the input panel rises with the form
     const FormTemplate *Controls;
     std::span<const FormPart> Parts;
-    std::span<const HelpRow> Help;
+    std::span<const FieldHelp> FieldHelps;
     std::span<const FieldList> Lists;
-    void (*Fill)(int initialise);        // 1: loads the working copy first; 0: shows it as it is
-    int (*Tick)();                       // a TickResult; null: the form ends by itself
-    void (*Cross)();                     // null: nothing to undo
-    void (*Changed)(const Event &event); // control events beyond help; null: none
-    void (*Tapped)(int item);            // what a tap on a part does beyond what it does on all forms; null: nothing
-    void (*Decor)(int mask);             // painting beyond the parts; null: none
-    int KeysStep = 0;                    // 1: the keys Up and Down are taps on the arrows
+    void (*Fill)(int initialise);         // 1: loads the working copy first; 0: shows it as it is
+    int (*Tick)();                        // a TickResult; null: the form ends by itself
+    void (*Cross)();                      // null: nothing to undo
+    void (*Changed)(const Event &event);  // control events beyond help; null: none
+    void (*Tapped)(int item);             // what a tap on a part does beyond what it does on all forms; null: nothing
+    void (*Decor)(int mask);              // painting beyond the parts; null: none
+    int KeysStep = 0;                     // 1: the keys Up and Down are taps on the arrows
     const char16_t *(*Title)() = nullptr; // what the device's title bar calls it
-    void (*Again)() = nullptr;           // after a tick that is to be followed by a new form; null: nothing follows
+    void (*Again)() = nullptr;            // after a tick that is to be followed by a new form; null: nothing follows
 };
 
 // Opens a form: ActiveDialog, controls and their lists, Fill(1), background and parts, room for the message window,
@@ -108,34 +93,15 @@ void RebuildForm(const Form *form, int initialise);
 // the form's.
 int HandleFormEvent(const Event &event);
 
-// Paints the parts of the open form that the mask names. With DecorGround everything that lies under them first, down
-// to the message window.
-void DrawDialogDecor(int mask);
-// The FormItem under a point of DialogWindow, NoItem for none.
-int DialogItemAtPos(int x, int y);
 // Panel: mode 0 raises it, 2 lowers it: 1 when it changed; any other value is the preference for the next control: 0.
 int SipControl(int mode);
 
 // Forces help mode on and shows the lines: how a form refuses a tick.
-void RefuseTick(int line2, int line3 = 0);
+void RefuseTick(Help help);
 
-// Says that the data can't be written; what was entered stays in the form.
+// Gives up what the action did and says that the data can't be written (frame/refusal.h); what was entered stays in the
+// form.
 void TellUnwritten();
 
 // What the marks of the open form are, at a point of DialogWindow.
 Hint HintOfForm(int x, int y);
-
-// The name that stands beside a field, null when the open form does not have it.
-const char16_t *FieldName(int field);
-// 1 when the open form has the control.
-int FieldPresent(int field);
-// Sets a field's text, and remembers what the field then holds. A text longer than the field's limit is cut there.
-void SetFieldText(int field, const char16_t *text);
-// The same for a field with a list.
-void SelectFieldItem(int field, int index);
-// 1 when the owner has changed the field's text since: a value that nobody touched is kept whole, whatever of it fitted
-// into the field.
-int FieldTouched(int field);
-void SetFieldDate(int field, const RecDate &date);
-// Into `date`, held within the valid dates; left alone when nobody touched it.
-void GetFieldDate(int field, RecDate *date);

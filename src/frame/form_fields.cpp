@@ -1,4 +1,4 @@
-// What the fields of the open form hold, and whether the owner changed it.
+#include "frame/form_fields.h"
 #include "frame/form.h"
 #include "platform/text.h"
 
@@ -43,7 +43,7 @@ const char16_t *FieldName(int field) {
     return control ? control->Name : nullptr;
 }
 
-int FieldPresent(int field) {
+bool FieldPresent(int field) {
     return ControlOf(field) != nullptr;
 }
 
@@ -55,6 +55,7 @@ void SetFieldText(int field, const char16_t *text) {
     CopyText(fitting, control->Limit > 0 && control->Limit < ShownRoom ? control->Limit + 1 : ShownRoom, text);
     SetControlText(field, fitting);
     GetControlText(field, ShownOf(field), ShownRoom);
+    state.FieldEdited[field - FirstField] = 0;
 }
 
 void SelectFieldItem(int field, int index) {
@@ -62,9 +63,17 @@ void SelectFieldItem(int field, int index) {
         return;
     SelectControlItem(field, index);
     GetControlText(field, ShownOf(field), ShownRoom);
+    state.FieldEdited[field - FirstField] = 0;
 }
 
-int FieldTouched(int field) {
+void MarkEdited(int field) {
+    if (field >= FirstField && field - FirstField < ShownFields)
+        state.FieldEdited[field - FirstField] = 1;
+}
+
+bool FieldTouched(int field) {
+    if (state.FieldEdited[field - FirstField])
+        return true;
     char16_t now[ShownRoom];
     GetControlText(field, now, ShownRoom);
     return !SameText(now, ShownOf(field));
@@ -74,11 +83,12 @@ void SetFieldDate(int field, const RecDate &date) {
     const RecDate valid = DateFromDayNumber(WithinValid(date.DayNumber));
     SetControlDate(field, {static_cast<int>(valid.Year), valid.Month, valid.Day});
     state.ShownDate = DateShown(field);
+    state.FieldEdited[field - FirstField] = 0;
 }
 
 void GetFieldDate(int field, RecDate *date) {
     RecDate picked = DateShown(field);
-    if (SameFields(picked, state.ShownDate))
+    if (!state.FieldEdited[field - FirstField] && SameFields(picked, state.ShownDate))
         return;
     InsertAbs(&picked);
     *date = DateFromDayNumber(WithinValid(picked.DayNumber));

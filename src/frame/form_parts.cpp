@@ -1,4 +1,3 @@
-// The parts of forms that are painted by hand: where they are, how they look, what a tap on them does.
 #include "frame/form_parts.h"
 #include "drawing/colours.h"
 #include "drawing/geometry.h"
@@ -85,33 +84,33 @@ struct ItemKind {
     int Item;
     int Decor;
     uint32_t State::*Word;
-    int16_t OffLines[MessageLines], OnLines[MessageLines];
+    Help OffLines, OnLines; // None: none of its own
     void (*Paint)(const FormPart &part);
 };
 
 // clang-format off
 constexpr ItemKind ItemKinds[] = {
-    // item             bit               word                    lines when off             lines when on
-    {LabelItem,         DecorLabels,      nullptr,                {},                        {},                        PaintLabel},
-    {FirstSignItem,     DecorFirstSign,   &State::FirstSign,      {0, 145},                  {0, 145},                  PaintFirstSign},
-    {TimesItem,         DecorSecondSign,  nullptr,                {0, 213, 0, 212},          {},                        PaintTimes},
-    {DownItem,          DecorCounters,    nullptr,                {0, 71, 72, 397},          {},                        PaintArrowDown},
-    {UpItem,            DecorCounters,    nullptr,                {0, 71, 72, 397},          {},                        PaintArrowUp},
-    {DirectionItem,     DecorAll,         &State::Reversed,       {0, 350, 342},             {0, 350, 342},             nullptr},
-    {FlagItem,          DecorFlag,        nullptr,                {0, 45, 0, 46},            {},                        PaintFlagPicture},
-    {TitleItem,         DecorLabels,      nullptr,                {},                        {},                        PaintLabel},
-    {RefItem,           DecorLabels,      nullptr,                {},                        {},                        PaintLabel},
-    {SecondSignItem,    DecorSecondSign,  &State::SecondSign,     {0, 213, 0, 212},          {0, 213, 0, 212},          PaintSecondSign},
-    {CategoryItem,      DecorLabels,      nullptr,                {},                        {},                        PaintLabel},
-    {FreeItem,          DecorFree,        &State::FormNoCash,     {0, 247, 248},             {0, 247, 248},             PaintFree},
-    {ClearedItem,       DecorCleared,     &State::FormCleared,    {0, 146},                  {0, 146},                  PaintCleared},
-    {DefaultItem,       DecorSelector,    nullptr,                {},                        {},                        nullptr},
-    {NextItem,          DecorSelector,    nullptr,                {},                        {},                        nullptr},
-    {SelectedCountItem, DecorCounters,    nullptr,                {0, 207},                  {},                        PaintSelected},
-    {TotalItem,         DecorCounters,    nullptr,                {0, 208},                  {},                        PaintTotal},
-    {DuplicateItem,     DecorDuplicate,   &State::DuplicateOn,    {0, 237, 0, 238},          {0, 235, 0, 236},          PaintDuplicate},
-    {ViewItem,          DecorView,        &State::ViewIsAdvanced, {0, 309},                  {0, 310},                  PaintView},
-    {TypeItem,          DecorLabels,      nullptr,                {},                        {},                        PaintLabel},
+    // item             bit               word                    lines when off           lines when on
+    {LabelItem,         DecorLabels,      nullptr,                Help::None,               Help::None,               PaintLabel},
+    {FirstSignItem,     DecorFirstSign,   &State::FirstSign,      Help::Sign,               Help::Sign,               PaintFirstSign},
+    {TimesItem,         DecorSecondSign,  nullptr,                Help::MultiplierSign,     Help::None,               PaintTimes},
+    {DownItem,          DecorCounters,    nullptr,                Help::EntryArrow,         Help::None,               PaintArrowDown},
+    {UpItem,            DecorCounters,    nullptr,                Help::EntryArrow,         Help::None,               PaintArrowUp},
+    {DirectionItem,     DecorAll,         &State::Reversed,       Help::Direction,          Help::Direction,          nullptr},
+    {FlagItem,          DecorFlag,        nullptr,                Help::Flag,               Help::None,               PaintFlagPicture},
+    {TitleItem,         DecorLabels,      nullptr,                Help::None,               Help::None,               PaintLabel},
+    {RefItem,           DecorLabels,      nullptr,                Help::None,               Help::None,               PaintLabel},
+    {SecondSignItem,    DecorSecondSign,  &State::SecondSign,     Help::MultiplierSign,     Help::MultiplierSign,     PaintSecondSign},
+    {CategoryItem,      DecorLabels,      nullptr,                Help::None,               Help::None,               PaintLabel},
+    {FreeItem,          DecorFree,        &State::FormNoCash,     Help::Gratis,             Help::Gratis,             PaintFree},
+    {ClearedItem,       DecorCleared,     &State::FormCleared,    Help::Cleared,            Help::Cleared,            PaintCleared},
+    {DefaultItem,       DecorSelector,    nullptr,                Help::None,               Help::None,               nullptr},
+    {NextItem,          DecorSelector,    nullptr,                Help::None,               Help::None,               nullptr},
+    {SelectedCountItem, DecorCounters,    nullptr,                Help::SelectedNumber,     Help::None,               PaintSelected},
+    {TotalItem,         DecorCounters,    nullptr,                Help::EntryCount,         Help::None,               PaintTotal},
+    {DuplicateItem,     DecorDuplicate,   &State::DuplicateOn,    Help::DuplicateDropped,   Help::DuplicateMade,      PaintDuplicate},
+    {ViewItem,          DecorView,        &State::ViewIsAdvanced, Help::BasicView,          Help::AdvancedView,       PaintView},
+    {TypeItem,          DecorLabels,      nullptr,                Help::None,               Help::None,               PaintLabel},
 };
 // clang-format on
 
@@ -130,22 +129,20 @@ bool PartPresent(const FormPart &part) {
     return !part.Present || part.Present();
 }
 
-const HelpRow *HelpOf(int id) {
-    for (const HelpRow &row : state.OpenedForm->Help)
+const FieldHelp *HelpOf(int id) {
+    for (const FieldHelp &row : state.OpenedForm->FieldHelps)
         if (row.Id == id)
             return &row;
     return nullptr;
 }
 
-void ShowLines(const int16_t *lines, int force) {
-    ShowHelpMessage(1, force, lines[0], lines[1], lines[2], lines[3], lines[4], lines[5]);
-}
-
 void ShowTapHelp(const FormPart &part, const ItemKind *kind) {
-    if (const HelpRow *row = HelpOf(part.Item != LabelItem && HelpOf(part.Item) ? part.Item : part.Field))
-        ShowLines(row->Lines, 0);
-    else if (kind && kind->OffLines[1])
-        ShowLines(kind->Word && state.*(kind->Word) ? kind->OnLines : kind->OffLines, part.Item == ViewItem);
+    if (const FieldHelp *row = HelpOf(part.Item != LabelItem && HelpOf(part.Item) ? part.Item : part.Field))
+        ShowHelp(row->Lines);
+    else if (part.Item == ViewItem)
+        ForceHelp(state.ViewIsAdvanced ? kind->OnLines : kind->OffLines); // the form was built anew
+    else if (kind && kind->OffLines != Help::None)
+        ShowHelp(kind->Word && state.*(kind->Word) ? kind->OnLines : kind->OffLines);
 }
 
 void Tap(const FormPart &part) {
@@ -176,11 +173,11 @@ const FormPart *PartAt(int x, int y) {
     return nullptr;
 }
 
-int ShowsItem(int item) {
+bool ShowsItem(int item) {
     for (const FormPart &part : state.OpenedForm->Parts)
         if (part.Item == item && PartPresent(part))
-            return 1;
-    return 0;
+            return true;
+    return false;
 }
 
 int TapPart(int x, int y) {
@@ -201,8 +198,8 @@ int TapItem(int item) {
 }
 
 void ShowItemHelp(int id) {
-    if (const HelpRow *row = HelpOf(id))
-        ShowLines(row->Lines, 0);
+    if (const FieldHelp *row = HelpOf(id))
+        ShowHelp(row->Lines);
 }
 
 int DialogItemAtPos(int x, int y) {

@@ -5,7 +5,7 @@
 #include "frame/form.h"
 #include "frame/header.h"
 #include "frame/scroll.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
 #include "platform/shell.h"
 #include "platform/text.h"
 #include "resources/menus.h"
@@ -87,10 +87,11 @@ void PaintLine(Window window, int id, int top) {
     if (!*text)
         return;
     PaintText(window, text, {TextLeft, top, ScreenWidth, top + MessageLineHeight},
-              state.MessageAlign ? Align::Centre : Align::Left, Font::Bold, HasExclamation(text) ? InkOn(White, AlertRed) : Black, 1);
+              state.MessageAlign ? Align::Centre : Align::Left, Font::Bold,
+              HasExclamation(text) ? InkOn(White, AlertRed) : Black, 1);
 }
 
-void PaintScreen(int mask) {
+void PaintCurrentScreen(int mask) {
     const int screen = state.CurrentScreen;
     if (screen >= AccountList && screen <= ConversionList && state.Paint[screen])
         state.Paint[screen](ListWindow, mask);
@@ -101,7 +102,7 @@ void RelayList(int reload, int mask) {
     const int screen = state.CurrentScreen;
     if (reload && screen != GraphList && state.EntryCount[screen] > 0)
         ReloadList(screen, SetRecPosition(state.SelectedPos[screen], state.EntryCount[screen]));
-    PaintScreen(screen == GraphList ? PaintAll : mask);
+    PaintCurrentScreen(screen == GraphList ? PaintAll : mask);
 }
 
 void OpenMessages(int reload, int keepDialog) {
@@ -117,9 +118,9 @@ void OpenMessages(int reload, int keepDialog) {
     if (state.ActiveDialog == NoDialog)
         PassOverRepaint();
     if (state.ActiveDialog == NewAccountDialog)
-        ShowHelpMessage(1, 1, 1, 115, 117, 4, 0, 0);
+        ForceHelp(Help::HelpModeInNewAccount);
     else
-        ShowHelpMessage(1, 1, 1, 2, 3, 0, 4, 0);
+        ForceHelp(Help::HelpMode);
     if (!state.HelpMode)
         PaintMessages(ListWindow, PaintAll); // opened for a report: nobody else paints the window
     ShowEyes(OpenEye);
@@ -147,7 +148,7 @@ void PaintMessages(Window, int) {
         return;
     const Window window = MessageTarget();
     const int top = window == ListWindow ? MessageTop : MessageTopInForm;
-    FillRect(window, {0, top, ScreenWidth, WindowHeight}, White);
+    FillRect(window, {0, top, ScreenWidth, WindowBoxes[TopWindow].Bottom}, White);
     int lineTop = window == ListWindow ? top + ListLead : top;
     for (int i = 0; i < MessageLines; ++i, lineTop += MessageLineHeight)
         PaintLine(window, state.MessageLine[i], lineTop);
@@ -165,9 +166,8 @@ void LeaveHelpOrHub(int button) {
         ShowWindow(state.HubState == LargeHub ? HostWindow : HubWindow, 0);
         state.HubState = 0;
         if (!state.HelpMode)
-            PaintScreen(PaintAll);
-        const int16_t *line = state.MessageLine;
-        ShowHelpMessage(state.MessageAlign, 1, line[0], line[1], line[2], line[3], line[4], line[5]);
+            PaintCurrentScreen(PaintAll);
+        RepeatHelp();
     } else if (state.HelpMode) {
         state.HelpMode = 0;
         state.MessageWindowOn = 1;

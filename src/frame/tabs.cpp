@@ -4,6 +4,7 @@
 #include "resources/art.h"
 #include "state/error_log.h"
 #include "state/state.h"
+#include "store/windows.h"
 
 namespace {
 
@@ -18,18 +19,18 @@ constexpr int LastTab = ConversionList;
 constexpr int ShapeWidth = 37, ShapePitch = 38, ShapeHeight = 26; // of the sheet of tab shapes
 constexpr int SelectedDrop = 4;                                   // a selected tab hangs this much lower
 constexpr int HotShape = 9;
-constexpr int IconSize = 18, AlertIcons = 19; // y of the alert icons in the sheet
+constexpr int TabIconSize = 18, AlertIcons = 19; // y of the alert icons in the sheet
 constexpr int SelectedIconDrop = 3;
 constexpr int PageButtonX = 229, PageButtonHalf = 8, PageButtonHeight = 18;
 
 // From here on the owner is warned that the bin will soon be trimmed.
-constexpr int BinAlertAbove = 5050, BinAlertUpTo = 5250;
+constexpr int BinAlertAbove = 5050, BinAlertUpTo = BinTrimAbove;
 
 int ShapeLeft(int slot) {
     return slot * TabPitch - 35;
 }
 
-int NeedsAttention(int tab) {
+bool NeedsAttention(int tab) {
     if (tab == RecurringList)
         return !state.RecurringInOrder;
     const int entries = state.EntryCount[BinList];
@@ -39,8 +40,8 @@ int NeedsAttention(int tab) {
 void DrawTabIcon(int slot, int tab) {
     const Point to = {slot * TabPitch - 25,
                       TabTop(state.RowCount) + (tab == state.CurrentScreen ? SelectedIconDrop : 0)};
-    const int x = (tab - 1) * IconSize, y = NeedsAttention(tab) ? AlertIcons : 0;
-    CopyImage(ListWindow, to, TabIcons, {x, y, x + IconSize, y + IconSize}, Blit::And);
+    const int x = (tab - 1) * TabIconSize, y = NeedsAttention(tab) ? AlertIcons : 0;
+    CopyImage(ListWindow, to, TabIcons, {x, y, x + TabIconSize, y + TabIconSize}, Blit::And);
 }
 
 void DrawPageButton() {

@@ -1,7 +1,7 @@
 // A question before what can't be taken back: the command is told in the message window, and done when it comes again.
 // Anything else that the owner does meanwhile is a no.
 #include "frame/message_window.h"
-#include "input/input.h"
+#include "input/press.h"
 #include "platform/shell.h"
 #include "resources/menus.h"
 #include "state/messages.h"
@@ -11,15 +11,15 @@ namespace {
 
 struct Question {
     int Command;
-    int16_t Lines[MessageLines];
+    Help Lines;
 };
 // clang-format off
 constexpr Question Questions[] = { // the first is asked of every other command
-    {CommandDeleteOne,       {0, 500, 502, 0, 503, 504}},
-    {CommandDeletePreceding, {0, 501, 502, 0, 503, 504}},
-    {CommandDeleteStart,     {0, 501, 502, 0, 503, 504}},
-    {CommandDeleteFinish,    {0, 501, 502, 0, 503, 504}},
-    {CommandEmptyBin,        {0, 505, 502, 0, 503, 504}},
+    {CommandDeleteOne,       Help::AskDeleteOne},
+    {CommandDeletePreceding, Help::AskDeleteSeveral},
+    {CommandDeleteStart,     Help::AskDeleteSeveral},
+    {CommandDeleteFinish,    Help::AskDeleteSeveral},
+    {CommandEmptyBin,        Help::AskEmptyBin},
 };
 // clang-format on
 
@@ -47,8 +47,7 @@ int Confirmed(int command) {
     state.AskedPosition = state.SelectedPos[screen];
     state.AskOpenedHelp = opens;
     Beep();
-    const int16_t *line = QuestionOf(command).Lines;
-    ShowHelpMessage(1, 1, line[0], line[1], line[2], line[3], line[4], line[5]);
+    ForceHelp(QuestionOf(command).Lines);
     return 0;
 }
 

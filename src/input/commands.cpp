@@ -1,25 +1,29 @@
-// The commands of the bar and its menus.
+#include "input/commands.h"
 #include "forms/forms.h"
+#include "forms/progress.h"
+#include "frame/changes.h"
 #include "frame/header.h"
 #include "frame/message_window.h"
-#include "input/input.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
+#include "input/press.h"
+#include "input/ranges.h"
 #include "ledger/archive.h"
 #include "ledger/balance.h"
 #include "ledger/bin.h"
 #include "ledger/filter.h"
 #include "ledger/jeopardy.h"
-#include "ledger/markers.h"
 #include "platform/shell.h"
 #include "resources/menus.h"
+#include "screens/inserting.h"
 #include "screens/list_screen.h"
+#include "screens/moving.h"
 #include "screens/opening.h"
 #include "screens/screens.h"
 #include "state/greys.h"
-#include "store/configuration.h"
-#include "store/operations.h"
 #include "store/windows.h"
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 
 namespace {
 
@@ -40,12 +44,12 @@ void NewEntry(int) {
 
 void ExplainModify() {
     Beep();
-    ShowHelp(0, 308);
+    ShowHelp(Help::SelectEntryFirst);
 }
 
 void ModifyEntry(int) {
     const int screen = state.CurrentScreen;
-    const int valid = InList(state.SelectedPos[screen]);
+    const bool valid = InList(state.SelectedPos[screen]);
     const int opened = !valid ? 0 : screen == AccountList ? OpenAccountForm(0) : DoButtonDblclk(ListWindow, EntryRow);
     if (!opened)
         ExplainModify();
@@ -61,33 +65,40 @@ void OpenConfiguration(int) {
 
 // --- The account
 
+// Every account of the current one's kind gets its columns. What is refused refuses all of them.
 void AlignColumns(int) {
     const ARec model = state.CurAccount;
     const bool list = model.AccType == ListAccount;
     ARec row;
-    state.CurrentScreen = AccountList;
     for (int32_t position = 1; position <= state.EntryCount[AccountList]; ++position) {
         if (!FetchAccount(position, &row) || row.RowKind == HeadingRow || (row.AccType == ListAccount) != list)
             continue;
         std::memcpy(row.ColumnPos, model.ColumnPos, sizeof row.ColumnPos);
-        ModRecFile(0, position, &row);
+        if (!ModRecFile(0, position, &row))
+            return;
     }
-    state.CurrentScreen = TransactionList;
     LoadCurrentAccount();
-    ShowHelp(0, list ? 288 : 289, 290);
+    ShowHelp(list ? Help::AlignedLists : Help::AlignedColumns);
 }
 
 void Repaint() {
     ReloadAndPaint(PaintAll);
 }
 
+// On first watches the low limit, then both.
 void Jeopardy(int id) {
-    const int screen = state.CurrentScreen;
-    const int done = id == CommandJeopardyOn ? JeopardyOn() : JeopardyOff();
-    state.CurrentScreen = screen;
-    if (!done)
+    ARec account;
+    if (!FetchAccount(state.SelectedPos[AccountList], &account)) {
+        ExplainModify();
         return;
+    }
+    const Watched limits = id != CommandJeopardyOn ? Watched::None : account.LowWatch ? Watched::Both : Watched::Low;
+    static constexpr Help Told[] = {Help::NoneWatched, Help::MinWatched, Help::AllWatched}; // ORDER WATCHED
+    if (!WatchLimits(state.SelectedPos[AccountList], limits))
+        return;
+    ReloadList(AccountList, state.TopPos[AccountList]);
     LoadCurrentAccount();
+    ShowHelp(Told[static_cast<int>(limits)]);
     Repaint();
 }
 
@@ -121,45 +132,39 @@ constexpr FilterCommand Filters[] = {
 // clang-format on
 
 void Filter(int id) {
-    const int screen = state.CurrentScreen;
     const int32_t position = state.SelectedPos[TransactionList];
     TRec row;
-    if (!FetchTran(position, &row)) {
+    FilterCriteria criteria;
+    const FilterCommand *filter = std::find_if(std::begin(Filters), std::end(Filters),
+                                               [id](const FilterCommand &command) { return command.Id == id; });
+    if (filter == std::end(Filters) || !FetchTran(position, &row)) {
         Beep();
         return;
     }
-    FilterCriteria criteria;
-    CriteriaFromRow(row, position, &criteria);
-    for (const FilterCommand &filter : Filters)
-        if (filter.Id == id &&
-            !ApplyFilter(state.CurAccount.ID, filter.Keep, filter.Field, criteria, row.Date.DayNumber)) {
-            Beep();
-            return;
-        }
-    state.CurrentScreen = TransactionList;
-    state.ReconcileState = ReconcileStep::Idle;
+    CriteriaFromRow(row, EntriesShown(), position, state.AccountKind, &criteria);
+    if (!FilterAccount(state.CurAccount.ID, filter->Keep, filter->Field, criteria, row.Date.DayNumber)) {
+        Beep();
+        return;
+    }
     LoadTranFile(state.SelectedPos[AccountList],
-                 SetRecPosition(state.SelectedPos[TransactionList], CountTransactions()));
-    state.CurrentScreen = screen;
-    SetGreys(screen);
-    ShowHelp(462, 458, 459, 460, 461, 485);
-    state.Paint[screen](ListWindow, PaintAll);
+                 TopAround(TransactionList, state.SelectedPos[TransactionList], state.EntryCount[TransactionList]));
+    SetGreys(state.CurrentScreen);
+    ShowHelp(Help::Filtered);
+    state.Paint[state.CurrentScreen](ListWindow, PaintAll);
 }
 
 void FilterOff(int) {
-    const int screen = state.CurrentScreen;
     ClearFiltersAndRecompute();
-    CheckT1totals(0);
-    state.CurrentScreen = screen;
-    SetGreys(screen);
+    CheckT1totals();
+    SetGreys(state.CurrentScreen);
     Repaint();
-    ShowHelp(0, 456, 457);
+    ShowHelp(Help::FilterOff);
 }
 
 // --- Insert
 
 // Markers belong into the live account as it is.
-int AsItIs() {
+bool AsItIs() {
     return !state.ArchiveView && !state.FilterShown && state.EntryCount[AccountList] > 0;
 }
 
@@ -188,12 +193,12 @@ void ShowRemaining() {
     const ListScreen *list = ScreenOf(screen);
     if (list->Changed)
         list->Changed();
-    LoadWindow(state.TopPos[screen]);
+    LoadShownRows(state.TopPos[screen]);
     int32_t *selected = &state.SelectedPos[screen];
     const int32_t count = state.EntryCount[screen];
     if (*selected > count)
         *selected = count;
-    LoadWindow(SetRecPosition(*selected, count));
+    LoadShownRows(SetRecPosition(*selected, count));
     list->Paint(ListWindow, PaintAll);
 }
 
@@ -213,12 +218,9 @@ int MayDeleteRange(int id) {
 }
 
 void DeleteRange(int id) {
-    const int screen = state.CurrentScreen;
     if (!MayDeleteRange(id))
         return;
-    const int deleted = id == CommandDeleteStart ? SelectRangeStart() : SelectRangeFinish();
-    state.CurrentScreen = screen;
-    if (deleted)
+    if (id == CommandDeleteStart ? SelectRangeStart() : SelectRangeFinish())
         ShowRemaining();
 }
 
@@ -230,26 +232,40 @@ void DeletePreceding(int id) {
         Beep();
         return;
     }
-    state.CurrentScreen = screen;
-    state.SelectedPos[screen] = 1;
+    state.SelectedPos[state.CurrentScreen] = 1;
+    ShowHelp(Help::Deleted);
     ShowRemaining();
 }
 
 void EmptyTheBin(int id) {
     if (!Confirmed(id))
         return;
-    EmptyBin();
+    ClearFilters();
+    if (!EmptyBin())
+        return;
+    state.EntryCount[BinList] = 0;
+    state.TopPos[BinList] = state.SelectedPos[BinList] = 1;
     Repaint();
 }
 
 // --- Archive
 
 void ShowAfterArchiving(int32_t top, int last) {
-    CalcBalance(state.CurAccount.ID);
-    state.CurrentScreen = TransactionList;
+    RefreshAccounts();
     LoadTranFile(state.SelectedPos[AccountList], top);
     state.SelectedPos[TransactionList] = last ? state.EntryCount[TransactionList] : 1;
     doTransactions(ListWindow, PaintAll);
+}
+
+// With the progress form for a long job; what came of it.
+ArchiveResult Rearrange(ArchiveResult (*work)(uint32_t, int32_t, ProgressTeller), int dialog, bool told,
+                        int32_t position) {
+    if (told)
+        OpenProgressForm(dialog);
+    const ArchiveResult result = work(state.CurAccount.ID, position, told ? TellProgress : nullptr);
+    if (told)
+        CloseProgressForm();
+    return result;
 }
 
 void ArchivePreceding(int) {
@@ -258,13 +274,14 @@ void ArchivePreceding(int) {
         Beep();
         return;
     }
-    const bool told = position >= ShowProgressFrom;
-    if (told)
-        OpenProgressForm(ArchiveDialog);
-    Archive(state.SelectedPos[AccountList], position, told ? TellProgress : nullptr);
-    if (told)
-        CloseProgressForm();
+    const ArchiveResult result = Rearrange(Archive, ArchiveDialog, position >= ShowProgressFrom, position);
+    if (result == ArchiveResult::Refused)
+        Beep();
     ShowAfterArchiving(1, 0);
+    if (result == ArchiveResult::NotYet) {
+        Beep();
+        ForceHelp(Help::NothingToArchive);
+    }
 }
 
 void UnarchiveFollowing(int) {
@@ -274,12 +291,8 @@ void UnarchiveFollowing(int) {
         Beep();
         return;
     }
-    const bool told = returning > ShowProgressFrom;
-    if (told)
-        OpenProgressForm(UnarchiveDialog);
-    Unarchive(state.SelectedPos[AccountList], position, told ? TellProgress : nullptr);
-    if (told)
-        CloseProgressForm();
+    if (Rearrange(Unarchive, UnarchiveDialog, returning > ShowProgressFrom, position) == ArchiveResult::Refused)
+        Beep();
     ShowAfterArchiving(0, 1);
 }
 

@@ -1,15 +1,15 @@
-// What a press started and a move or a release ends: strokes, rows dragged to a new place or to a tab, column edges.
+#include "input/drag.h"
 #include "drawing/geometry.h"
+#include "frame/changes.h"
 #include "frame/header.h"
+#include "frame/shown.h"
 #include "frame/tabs.h"
-#include "input/input.h"
-#include "ledger/account_window.h"
-#include "ledger/moves.h"
+#include "input/press.h"
+#include "platform/action.h"
 #include "platform/shell.h"
 #include "screens/list_screen.h"
-#include "screens/screens.h"
+#include "screens/moving.h"
 #include "store/configuration.h"
-#include "store/operations.h"
 #include "store/windows.h"
 #include <cstring>
 
@@ -46,10 +46,8 @@ void KeepAccountEdges() {
         if (!hidden && denormalise(account.ColumnPos[i]) != edge[i])
             account.ColumnPos[i] = normalise(edge[i]);
     }
-    state.CurrentScreen = AccountList;
-    ModRecFile(0, state.SelectedPos[AccountList], &account);
-    state.CurrentScreen = TransactionList;
-    LoadCurrentAccount();
+    if (ModRecFile(0, state.SelectedPos[AccountList], &account))
+        LoadCurrentAccount();
 }
 
 void ReleaseEdge() {
@@ -57,6 +55,7 @@ void ReleaseEdge() {
     state.ColumnDragScreen = 0;
     state.ColumnGrab = 0;
     state.ColumnRepaintGate = 1;
+    ActionLeavesNoHistory(); // it only concerns how things look
     if (screen == TransactionList && state.CurrentScreen == TransactionList)
         KeepAccountEdges();
     else if (screen == state.CurrentScreen)
@@ -66,7 +65,7 @@ void ReleaseEdge() {
 
 // --- The insertion line
 
-int BesideSource(int row) {
+bool BesideSource(int row) {
     const int position = state.TopPos[state.CurrentScreen] + row - 1;
     return position == state.DragSource || position == state.DragSource + 1;
 }
@@ -99,18 +98,6 @@ void MoveLine(int place) {
 
 // --- Tabs
 
-const TabDrop *DropFor(const ListScreen &screen, int tab, int position) {
-    for (int i = 0; i < screen.DropCount; ++i)
-        if (screen.Drops[i].Tab == tab && screen.Drops[i].Accepts(position))
-            return &screen.Drops[i];
-    return nullptr;
-}
-
-void DropOnTab(const ListScreen &screen, int tab, int position) {
-    if (const TabDrop *drop = DropFor(screen, tab, position))
-        drop->Drop(position);
-}
-
 void CoolTab() {
     if (state.DragOverTab == 0)
         return;
@@ -131,50 +118,6 @@ void HeatTab(const ListScreen &screen, int tab) {
 
 // --- Rows
 
-union AnyRow {
-    ARec Account;
-    TRec Transaction;
-    FRec Template;
-    CatRec Category;
-    CurRec Conversion;
-};
-
-int FetchRow(int list, int position, AnyRow *row) {
-    switch (list) {
-    case AccountList:
-        return FetchAccount(position, &row->Account);
-    case TransactionList:
-        return FetchTran(position, &row->Transaction);
-    case TemplateList:
-        return FetchFav(position, &row->Template);
-    case CategoryList:
-        return FetchCat(position, &row->Category);
-    case ConversionList:
-        return FetchCur(position, &row->Conversion);
-    default:
-        return 0;
-    }
-}
-
-// Puts a row before the one at `to`.
-void Reorder(const ListScreen &screen, int from, int to) {
-    const int list = screen.List;
-    const uint32_t account = list == TransactionList ? state.CurAccount.ID : 0;
-    AnyRow row;
-    if (FilterGivesWay() || !FetchRow(list, from, &row))
-        return;
-    if (to > state.EntryCount[list] + 1)
-        to = state.EntryCount[list] + 1;
-    const bool down = to > from;
-    if (!ShiftRecord(account, from, to, &row))
-        return;
-    state.CurrentScreen = list;
-    state.SelectedPos[list] = down ? to - 1 : to;
-    if (screen.Changed)
-        screen.Changed();
-    ReloadAndPaint(PaintCounts | PaintColumns | PaintRows);
-}
-
 void ReleaseOnRow(const ListScreen &screen, int row, int x) {
     const int source = state.DragSource;
     const int travel = x > state.PressX ? x - state.PressX : state.PressX - x;
@@ -189,41 +132,10 @@ void ReleaseRow(const ListScreen &screen, int place, int x) {
     if (place > 0)
         ReleaseOnRow(screen, place, x);
     else if (place < 0)
-        DropOnTab(screen, -place, state.DragSource);
+        DropRow(-place, state.DragSource);
 }
 
 } // namespace
-
-int AcceptInBin(int position) {
-    return InList(position);
-}
-
-void BinRow(int position) {
-    const int screen = state.CurrentScreen;
-    if (FilterGivesWay())
-        return;
-    if (!DeleteRecMem(position)) {
-        Beep();
-        return;
-    }
-    state.CurrentScreen = screen;
-    const ListScreen *list = ScreenOf(screen);
-    if (list->Changed)
-        list->Changed();
-    ReloadAndPaint(PaintCounts | PaintRows | PaintTabs);
-    ShowHelp(0, 0, 233);
-}
-
-void MoveRow(int from, int to) {
-    const ListScreen *screen = ScreenOf(state.CurrentScreen);
-    if (InList(from) && to >= 1 && to != from && to != from + 1 && screen->CanReorder && screen->CanReorder())
-        Reorder(*screen, from, to);
-}
-
-void DropRow(int tab) {
-    if (const ListScreen *screen = ScreenOf(state.CurrentScreen))
-        DropOnTab(*screen, tab, state.SelectedPos[screen->List]);
-}
 
 void DoMouseMove(Window window, int x, int y) {
     const ListScreen *screen = ScreenOf(state.CurrentScreen);

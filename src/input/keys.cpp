@@ -1,12 +1,15 @@
-// The hardware keys, and the keys that stand for taps and commands.
+#include "input/keys.h"
 #include "drawing/geometry.h"
 #include "frame/header.h"
-#include "input/input.h"
+#include "frame/shown.h"
+#include "input/press.h"
+#include "input/wndproc.h"
 #include "platform/shell.h"
 #include "resources/menus.h"
 #include "screens/list_screen.h"
+#include "screens/moving.h"
 #include "screens/opening.h"
-#include "screens/screens.h"
+#include "screens/switching.h"
 #include "state/messages.h"
 #include "store/windows.h"
 
@@ -15,15 +18,15 @@ namespace {
 // --- Up and Down on a list
 
 void ShowListHelp() {
-    ShowHelp(75, 58, 59, 0, 57, 61);
+    ShowHelp(Help::UpAndDownKeys);
 }
 
-int SelectionShows() {
+bool SelectionShows() {
     return RowShows(RowOfPosition(state.SelectedPos[state.CurrentScreen]));
 }
 
 void ShowWindowFrom(int32_t top) {
-    LoadWindow(top);
+    LoadShownRows(top);
     state.Paint[state.CurrentScreen](ListWindow, PaintCounts | PaintRows);
 }
 
@@ -32,7 +35,7 @@ void CentreOnSelection() {
     ShowWindowFrom(SetRecPosition(state.SelectedPos[screen], state.EntryCount[screen]));
 }
 
-void MoveUp() {
+void SelectAbove() {
     const int screen = state.CurrentScreen;
     const int32_t selected = state.SelectedPos[screen];
     ShowListHelp();
@@ -50,10 +53,10 @@ void MoveUp() {
     CentreOnSelection();
 }
 
-void MoveDown() {
+void SelectBelow() {
     const int screen = state.CurrentScreen;
     const int32_t count = state.EntryCount[screen];
-    const int32_t limit = count + 2 > state.RowCount ? count + 2 : state.RowCount;
+    const int32_t limit = count + 1; // the row of a new entry
     int32_t *selected = &state.SelectedPos[screen];
     ShowListHelp();
     if (*selected >= limit)
@@ -78,15 +81,15 @@ void MoveSelection(Key key) {
     if (state.CurrentScreen == GraphList)
         return;
     if (key == Key::Up)
-        MoveUp();
+        SelectAbove();
     else
-        MoveDown();
+        SelectBelow();
 }
 
 // --- The other keys
 
 void StepByKey(Key key) {
-    static constexpr HelpChoice Steps = {{{125, 72, 73, 0, 126, 76}}, {{125, 72, 74, 0, 126, 76}}, InArchiveView};
+    static constexpr HelpChoice Steps = {Help::AccountKeys, Help::ArchiveKeys, InArchiveView};
     if (key == Key::Right)
         DoRightArrow();
     else
@@ -138,7 +141,7 @@ void DropSelected(Key key) {
     if (tab == BinList && state.CurrentScreen == BinList)
         DeleteSelected(key); // for good
     else
-        DropRow(tab);
+        DropRow(tab, state.SelectedPos[state.CurrentScreen]);
 }
 
 void MoveSelected(Key key) {
@@ -155,39 +158,39 @@ void TapTitle(Key key) {
         DoButtonDown(TopWindow, (edge[column - 1] + edge[column]) / 2, TitleY);
 }
 
-void TapHeader(Key) {
+void TapHeaderByKey(Key) {
     DoButtonDown(TopWindow, (TitleBox.Left + TitleBox.Right) / 2, HeaderBottom / 2);
 }
 
 // The cross quits when there is nothing left to close; the key never does. (A form hears the key itself.)
-void Leave(Key) {
+void LeaveByKey(Key) {
     if (state.HubState != 0 || state.HelpMode)
         WndProc({.Kind = EventKind::Command, .Code = CommandCross});
 }
 
-struct KeyRow {
+struct KeyAction {
     Key First, Last;
     void (*Do)(Key key);
     int Command; // when there is no action of its own
 };
 // clang-format off
-constexpr KeyRow Keys[] = {
-    {Key::Up,     Key::Down,   MoveSelection,  0},
-    {Key::Left,   Key::Right,  StepByKey,      0},
-    {Key::Enter,  Key::Enter,  OpenSelected,   0},
-    {Key::Tab1,   Key::Tab8,   ShowTab,        0},
-    {Key::Stroke, Key::Stroke, StrokeSelected, 0},
-    {Key::Drop1,  Key::Drop8,  DropSelected,   0},
-    {Key::RowUp,  Key::RowDown, MoveSelected,  0},
-    {Key::Title1, Key::Title4, TapTitle,       0},
-    {Key::Header, Key::Header, TapHeader,      0},
-    {Key::Escape, Key::Escape, Leave,          0},
-    {Key::Help,   Key::Help,   nullptr,        CommandLeftEye},
-    {Key::Delete, Key::Delete, DeleteSelected, 0},
-    {Key::Find,   Key::Find,   FindByTyping,   0},
-    {Key::New,    Key::New,    nullptr,        CommandNew},
-    {Key::Modify, Key::Modify, nullptr,        CommandModify},
-    {Key::Tick,   Key::Tick,   nullptr,        CommandTick},
+constexpr KeyAction KeyActions[] = {
+    {Key::Up,     Key::Down,    MoveSelection,  0},
+    {Key::Left,   Key::Right,   StepByKey,      0},
+    {Key::Enter,  Key::Enter,   OpenSelected,   0},
+    {Key::Tab1,   Key::Tab8,    ShowTab,        0},
+    {Key::Stroke, Key::Stroke,  StrokeSelected, 0},
+    {Key::Drop1,  Key::Drop8,   DropSelected,   0},
+    {Key::RowUp,  Key::RowDown, MoveSelected,   0},
+    {Key::Title1, Key::Title4,  TapTitle,       0},
+    {Key::Header, Key::Header,  TapHeaderByKey, 0},
+    {Key::Escape, Key::Escape,  LeaveByKey,     0},
+    {Key::Help,   Key::Help,    nullptr,        CommandLeftEye},
+    {Key::Delete, Key::Delete,  DeleteSelected, 0},
+    {Key::Find,   Key::Find,    FindByTyping,   0},
+    {Key::New,    Key::New,     nullptr,        CommandNew},
+    {Key::Modify, Key::Modify,  nullptr,        CommandModify},
+    {Key::Tick,   Key::Tick,    nullptr,        CommandTick},
     {Key::TickAndNext, Key::TickAndNext, nullptr, CommandTick},
 };
 // clang-format on
@@ -195,7 +198,7 @@ constexpr KeyRow Keys[] = {
 } // namespace
 
 void DoKeyDown(Key key) {
-    for (const KeyRow &row : Keys) {
+    for (const KeyAction &row : KeyActions) {
         if (key < row.First || key > row.Last)
             continue;
         if (row.Do)

@@ -1,14 +1,14 @@
-// What a press of the stylus means: the header, the titles, the rows, the tabs.
+#include "input/press.h"
 #include "drawing/geometry.h"
 #include "frame/command_bar.h"
 #include "frame/form.h"
 #include "frame/header.h"
+#include "frame/shown.h"
 #include "frame/tabs.h"
-#include "input/input.h"
-#include "ledger/account_window.h"
 #include "screens/list_screen.h"
 #include "screens/opening.h"
 #include "screens/screens.h"
+#include "screens/switching.h"
 #include "state/error_log.h"
 #include "state/greys.h"
 
@@ -22,22 +22,22 @@ constexpr int PageButtonPlace = -13;
 
 void TurnTabPage() {
     state.TabPage = !state.TabPage;
-    ShowHelp(0, 0, state.TabPage ? 391 : 390, 0, 392);
+    ShowHelp(state.TabPage ? Help::SecondaryTabs : Help::MainTabs);
     DrawTabs();
 }
 
 // --- The header
 
 void ExplainSelectedNumber() {
-    ShowHelp(0, 207);
+    ShowHelp(Help::SelectedNumber);
 }
 
 void ExplainEntryCount() {
-    ShowHelp(0, 208);
+    ShowHelp(Help::EntryCount);
 }
 
 void StepByArrow(int forward) {
-    static constexpr HelpChoice Arrows = {{{71, 72, 73, 0, 75, 76}}, {{71, 72, 74, 0, 75, 76}}, InArchiveView};
+    static constexpr HelpChoice Arrows = {Help::AccountArrows, Help::ArchiveArrows, InArchiveView};
     if (state.CurrentScreen == AccountList) {
         StepAccount(forward);
         doAccounts(ListWindow, PaintCounts | PaintArrows | PaintTitle | PaintRows);
@@ -58,9 +58,8 @@ void StepForward() {
 }
 
 void SwitchArchiveView() {
-    static constexpr HelpLines Archive = {{77, 78, 79, 89, 0, 80}}, Account = {{0, 0, 81, 80, 0, 0}};
     state.ArchiveView = !state.ArchiveView;
-    ShowLines(state.ArchiveView ? Archive : Account);
+    ShowHelp(state.ArchiveView ? Help::ArchiveView : Help::AccountView);
     const int screen = state.CurrentScreen;
     state.ReconcileState = ReconcileStep::Idle;
     LoadCurrentAccount();
@@ -70,7 +69,6 @@ void SwitchArchiveView() {
     } else {
         state.TranFileShown = 0; // the rows in memory are of the other view
     }
-    state.CurrentScreen = screen;
     SetGreys(screen);
     state.Paint[screen](ListWindow, PaintCounts | PaintArrows | PaintTitle | PaintRows);
 }
@@ -91,13 +89,13 @@ constexpr HeaderSpot HeaderSpots[] = {
 };
 // clang-format on
 
-int BelongsToAccount(int screen) {
+bool ScreenBelongsToAccount(int screen) {
     return screen >= AccountList && screen <= GraphList;
 }
 
 const HeaderSpot *HeaderSpotAt(int x) {
     for (const HeaderSpot &spot : HeaderSpots)
-        if (x >= spot.Left && x <= spot.Right && (spot.EveryList || BelongsToAccount(state.CurrentScreen)))
+        if (x >= spot.Left && x <= spot.Right && (spot.EveryList || ScreenBelongsToAccount(state.CurrentScreen)))
             return &spot;
     return nullptr;
 }
@@ -153,7 +151,7 @@ void GrabEdge(int screen, int edge) {
     state.ColumnGrab = edge;
     state.ColumnDragScreen = screen;
     state.ColumnRepaintGate = 1;
-    ShowHelp(0, 0, 90, 91);
+    ShowHelp(Help::Columns);
 }
 
 void TapTitles(const ListScreen &screen, int x, int y) {
@@ -162,7 +160,7 @@ void TapTitles(const ListScreen &screen, int x, int y) {
     else if (const TitleSpot *spot = TitleSpotAt(screen, x, y))
         spot->Tap(x);
     else if (screen.ColumnsExplained)
-        ShowHelp(0, 0, 90, 91);
+        ShowHelp(Help::Columns);
 }
 
 void PressTop(const ListScreen &screen, int x, int y) {

@@ -1,9 +1,7 @@
-// The scroll bar, the wheel, and the keys that scroll.
+#include "input/scrolling.h"
 #include "frame/command_bar.h"
 #include "frame/header.h"
-#include "input/input.h"
 #include "screens/list_screen.h"
-#include "screens/screens.h"
 #include "state/messages.h"
 
 namespace {
@@ -41,13 +39,13 @@ void DoScroll(ScrollCode code, int position) {
     const int screen = state.CurrentScreen;
     if (state.ActiveDialog != NoDialog || screen == GraphList)
         return;
-    ShowHelp(57, 58, 59, 0, 75, 61);
+    ShowHelp(Help::ScrollBar);
     ShowEyes(OpenEye);
     int32_t top = TopAfter(code, position);
     if (top < 1)
         top = 1;
     if (top == state.TopPos[screen])
         return;
-    LoadWindow(top);
+    LoadShownRows(top);
     state.Paint[screen](ListWindow, PaintRows);
 }

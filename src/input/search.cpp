@@ -2,14 +2,15 @@
 // list as it is shown, and writes nothing.
 #include "drawing/geometry.h"
 #include "frame/header.h"
-#include "input/input.h"
+#include "frame/shown.h"
+#include "input/press.h"
 #include "platform/files.h"
 #include "platform/shell.h"
 #include "platform/text.h"
 #include "screens/list_screen.h"
 #include "state/state.h"
 #include "store/catalogue.h"
-#include "store/operations.h"
+#include "store/lists.h"
 #include "store/windows.h"
 #include "values/amounts.h"
 #include <algorithm>
@@ -19,6 +20,14 @@ namespace {
 constexpr int TitleRoom = 64, AmountRoom = 32;
 constexpr char16_t FindWord[] = u"Find: ", NoneWord[] = u"  (none)";
 
+// What of a row is searched. A text that a list does not have is empty.
+struct RowWords {
+    const char16_t *Title, *Reference;
+    FixedAmount Amounts[2];
+    int AmountCount;
+};
+
+// The row that the words are read from, as long as the words are.
 union AnyRow {
     ARec Account;
     TRec Transaction;
@@ -29,37 +38,40 @@ union AnyRow {
     CurRec Conversion;
 };
 
-// What of a row is searched. A text that a list does not have is empty.
-struct RowWords {
-    const char16_t *Title, *Reference;
-    FixedAmount Amounts[2];
-    int AmountCount;
-};
-
-RowWords WordsOf(int list, const AnyRow &row) {
+RowWords WordsOf(int list, const RecordBuffer &record, AnyRow *row) {
     switch (list) {
     case AccountList:
-        return {row.Account.Name, u"", {row.Account.Balance, row.Account.ArcBalance}, 2};
+        UnpackRow(record, &row->Account);
+        return {row->Account.Name, u"", {row->Account.Balance, row->Account.ArcBalance}, 2};
     case TransactionList: {
-        const TRec &entry = row.Transaction;
+        TRec &entry = row->Transaction;
+        UnpackRow(record, &entry);
         const FixedAmount value = entry.Cash == 1 ? entry.CashAmount : entry.Value;
         return {entry.Name, entry.Memo, {value, TimesUnits(entry.Units, value)}, 2};
     }
     case RecurringList: {
-        const DDBlock &block = row.Recurring.Block[row.Recurring.FirstDone ? 1 : 0];
-        return {row.Recurring.Name, block.Memo, {block.Value, TimesUnits(block.Units, block.Value)}, 2};
+        UnpackRow(record, &row->Recurring);
+        const DDBlock &block = row->Recurring.Block[row->Recurring.FirstDone ? 1 : 0];
+        return {row->Recurring.Name, block.Memo, {block.Value, TimesUnits(block.Units, block.Value)}, 2};
     }
-    case TemplateList:
-        return {row.Template.Name,
-                row.Template.Memo,
-                {row.Template.Value, TimesUnits(row.Template.Units, row.Template.Value)},
-                2};
-    case BinList:
-        return {row.Bin.Name, row.Bin.Memo, {row.Bin.Value, TimesUnits(row.Bin.Units, row.Bin.Value)}, 2};
+    case TemplateList: {
+        FRec &made = row->Template;
+        UnpackRow(record, &made);
+        return {made.Name, made.Memo, {made.Value, TimesUnits(made.Units, made.Value)}, 2};
+    }
+    case BinList: {
+        BinRec &binned = row->Bin;
+        UnpackRow(record, &binned);
+        return {binned.Name, binned.Memo, {binned.Value, TimesUnits(binned.Units, binned.Value)}, 2};
+    }
     case CategoryList:
-        return {row.Category.Name, row.Category.Description, {}, 0};
-    case ConversionList:
-        return {row.Conversion.FromName, row.Conversion.ToName, {row.Conversion.Rate, row.Conversion.InverseRate}, 2};
+        UnpackRow(record, &row->Category);
+        return {row->Category.Name, row->Category.Description, {}, 0};
+    case ConversionList: {
+        CurRec &rates = row->Conversion;
+        UnpackRow(record, &rates);
+        return {rates.FromName, rates.ToName, {rates.Rate, rates.InverseRate}, 2};
+    }
     default:
         return {u"", u"", {}, 0};
     }
@@ -113,14 +125,17 @@ bool HoldsAllWords(const RowWords &row) {
 
 // The first row from a position on, round the end, that holds the words; 0 for none.
 int32_t FindRow(int32_t from) {
-    const int list = state.CurrentScreen;
+    const Place place = PlaceShown();
+    const int list = state.CurrentScreen; // never the graph
+    const FileKind kind = FactsOfList(list)->Kind;
     const int32_t count = state.EntryCount[list];
-    const int file = OpenDataFile(KindOfList(list), OpenExisting, state.CurAccount.ID, nullptr);
+    const int file = OpenPlace(place, OpenExisting);
     int32_t found = 0;
     for (int32_t looked = 0; file >= 0 && looked < count && !found; ++looked) {
         const int32_t position = (from - 1 + looked) % count + 1;
+        RecordBuffer record;
         AnyRow row = {};
-        if (ReadRow(file, list, position, &row) && HoldsAllWords(WordsOf(list, row)))
+        if (ReadRecord(file, kind, position, record.Bytes) && HoldsAllWords(WordsOf(list, record, &row)))
             found = position;
     }
     CloseFile(file);
@@ -143,7 +158,7 @@ void ShowFound(int32_t position) {
     SelectRow(position);
     if (RowShows(RowOfPosition(position)))
         return;
-    LoadWindow(SetRecPosition(position, state.EntryCount[screen]));
+    LoadShownRows(SetRecPosition(position, state.EntryCount[screen]));
     state.Paint[screen](ListWindow, PaintCounts | PaintRows);
 }
 
@@ -167,7 +182,7 @@ void GoBack() {
     const int screen = state.CurrentScreen;
     EndSearch();
     SelectRow(state.SearchStart);
-    LoadWindow(state.SearchTop);
+    LoadShownRows(state.SearchTop);
     state.Paint[screen](ListWindow, PaintCounts | PaintRows);
 }
 

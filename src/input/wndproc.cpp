@@ -1,19 +1,17 @@
-// Every event finds its handler here.
+#include "input/wndproc.h"
 #include "frame/form.h"
 #include "frame/header.h"
-#include "input/input.h"
+#include "input/commands.h"
+#include "input/drag.h"
+#include "input/keys.h"
+#include "input/press.h"
+#include "input/scrolling.h"
 #include "platform/surface.h"
 #include "resources/menus.h"
 #include "screens/list_screen.h"
-#include "screens/screens.h"
 #include "state/messages.h"
 
 namespace {
-
-void ShowLinesAgain() {
-    const int16_t *line = state.MessageLine;
-    ShowHelpMessage(state.MessageAlign, 1, line[0], line[1], line[2], line[3], line[4], line[5]);
-}
 
 // A paint request: some handlers paint themselves what a request would follow upon, and ask to have it passed over.
 void DoPaint() {
@@ -27,7 +25,7 @@ void DoPaint() {
         if (screen == AccountList || screen == RecurringList)
             RecHLon(state.SelectedPos[screen], 1);
     }
-    ShowLinesAgain();
+    RepeatHelp();
 }
 
 } // namespace

@@ -1,13 +1,12 @@
 #include "ledger/archive.h"
-#include "ledger/account_file.h"
 #include "ledger/balance.h"
 #include "ledger/markers.h"
 #include "ledger/row_copy.h"
-#include "platform/shell.h"
 #include "platform/text.h"
 #include "state/error_log.h"
 #include "state/state.h"
-#include "store/windows.h"
+#include "store/index.h"
+#include "store/operations.h"
 #include <algorithm>
 
 namespace {
@@ -26,8 +25,8 @@ bool BehindBoundary(uint8_t rowKind) {
 bool OutOfArchive(uint8_t) {
     return true;
 }
-bool BesideReturned(uint8_t rowKind) {
-    return rowKind != ArchiveMarker && rowKind != DeletedMarker && rowKind != ReconcileEntry;
+bool BesideReturned(uint8_t rowKind) { // a Deleted marker among them stands for money
+    return rowKind != ArchiveMarker && rowKind != ReconcileEntry;
 }
 
 struct Copying { // of rows from one file to another
@@ -37,8 +36,7 @@ struct Copying { // of rows from one file to another
     uint32_t EarliestDay = UINT32_MAX; // of the rows that went over
 };
 
-int ChooseRow(TRec *row, int32_t position, void *context) {
-    auto *copying = static_cast<Copying *>(context);
+int ChooseRow(TRec *row, int32_t position, Copying *copying) {
     if (copying->Tell && position % 256 == 0) {
         state.ArchiveProgress = static_cast<int32_t>(int64_t{100} * position / copying->Total);
         copying->Tell(state.ArchiveProgress);
@@ -83,6 +81,21 @@ uint32_t DayOf(int handle, int32_t position) {
     return ReadRecord(handle, Kind, position, &record) ? record.Rec.Date.DayNumber : 0;
 }
 
+// The last of the rows up to a position that none dated after today comes before; 0 for none.
+int32_t LastDue(int handle, int32_t position) {
+    RecDate today;
+    LoadTodaysDate(&today);
+    for (int32_t first = 1, read; first <= position; first += read) {
+        read = ReadRows(handle, first, position);
+        for (int32_t index = 0; index < read; ++index)
+            if (RowInRun(index)->Date.DayNumber > today.DayNumber)
+                return first + index - 1;
+        if (read == 0)
+            return 0; // the read failed
+    }
+    return position;
+}
+
 // Both files of an account that may be rearranged now.
 struct Account {
     ARec Rec;
@@ -90,158 +103,150 @@ struct Account {
     int32_t LiveRows, ArchiveRows;
 };
 
-// 0 with a beep when the other view is shown, a form of its own is open, or a filter hides rows.
-int OpenAccount(int32_t position, uint32_t view, Dialog dialog, In function, Account *account) {
-    const bool formOpen = state.ActiveDialog != NoDialog && state.ActiveDialog != dialog;
-    if (state.ArchiveView != view || formOpen || !ReadAccount(position, &account->Rec) ||
-        account->Rec.RowKind == HeadingRow) {
-        Beep();
+void CloseAccount(const Account &account) {
+    CloseFile(account.Live);
+    CloseFile(account.Archive);
+}
+
+// 0 when there is none, or when a filter hides rows.
+int OpenAccount(uint32_t accountID, In function, Account *account) {
+    if (!FindAccount(accountID, &account->Rec, nullptr))
         return 0;
-    }
-    const uint32_t id = account->Rec.ID;
-    for (const TransactionFile filter : {TransactionFile::LiveFilter, TransactionFile::ArchiveFilter}) {
+    for (const View view : {View::Live, View::Archive}) {
         char path[PathRoom];
-        TransactionPath(path, filter, id);
-        if (FileThere(path)) {
-            Beep();
+        TransactionPath(path, FilterFile(view), accountID);
+        if (FileThere(path) != 0)
             return 0;
-        }
     }
-    account->Live = OpenTransactions(TransactionFile::Live, id, OpenOrCreate);
-    account->Archive = OpenTransactions(TransactionFile::Archive, id, OpenOrCreate);
+    account->Live = OpenTransactions(TransactionFile::Live, accountID, OpenOrCreate);
+    account->Archive = OpenTransactions(TransactionFile::Archive, accountID, OpenOrCreate);
     account->LiveRows = CountRecords(account->Live, Kind);
     account->ArchiveRows = CountRecords(account->Archive, Kind);
     state.ArchiveProgress = 0;
     state.Restructuring = 0;
-    state.ReconcileState = ReconcileStep::Idle;
+    ForgetFindings(LiveRows(accountID));
+    ForgetFindings(RowsOf(accountID, View::Archive));
     if (account->Live >= 0 && account->Archive >= 0)
         return 1;
     ReportError(function, Trouble::TcreateFail);
-    CloseFile(account->Live);
-    CloseFile(account->Archive);
+    CloseAccount(*account);
     return 0;
 }
 
-// Merges a file's two parts into a work file. 1, or 0 when the work file could not be written.
-int MergeInto(TransactionFile work, uint32_t accountID, int source, int32_t first, int32_t split) {
+// Merges a file's two parts into a work file that then takes the place of another.
+int MergeAs(TransactionFile work, TransactionFile real, uint32_t accountID, int source, int32_t first, int32_t split) {
     state.Restructuring = 1;
     const int target = OpenWorkFile(work, accountID);
-    const int32_t merged = MergeRows(source, first, split, target);
+    const int merged = MergeRows(source, first, split, target) >= 0;
     CloseFile(target);
-    return merged >= 0;
+    return merged && ReplaceBy(work, real, accountID);
 }
 
-// The rows behind the boundary move to the head, behind the marker. Nothing grows, and what is overwritten stands in
-// the archive by now. Returns how many rows stay, -1 when they could not all be written.
+// The rows behind the boundary move to the head, behind the marker. Returns how many rows stay, -1 when they could not
+// all be written.
 int32_t ShortenLive(const Account &account, int32_t boundaryPosition, const TRec &marker) {
     Copying rest = {BehindBoundary, account.LiveRows, nullptr};
     const int32_t kept =
-        CopyRows(account.Live, boundaryPosition + 1, account.LiveRows, account.Live, 2, ChooseRow, &rest);
+        CopyRows<Copying>(account.Live, boundaryPosition + 1, account.LiveRows, account.Live, 2, ChooseRow, &rest);
     return kept >= 0 && WriteMarker(account.Live, marker) && CutRows(account.Live, 1 + kept) ? kept : -1;
+}
+
+// A list keeps its owner's order; entries stay in that of their dates.
+bool OutOfOrder(const Account &account, const Copying &added, int32_t lastBefore) {
+    return account.Rec.AccType != ListAccount && lastBefore > 0 &&
+           added.EarliestDay < DayOf(account.Archive, lastBefore);
 }
 
 } // namespace
 
-int Archive(int32_t accountPosition, int32_t position, ProgressTeller tell) {
+ArchiveResult Archive(uint32_t accountID, int32_t position, ProgressTeller tell) {
     Account account;
-    if (!OpenAccount(accountPosition, 0, ArchiveDialog, In::Archive, &account))
-        return 0;
-    const uint32_t id = account.Rec.ID;
-    position = std::min(position, account.LiveRows);
+    if (!OpenAccount(accountID, In::Archive, &account))
+        return ArchiveResult::Refused;
+    position = LastDue(account.Live, std::min(position, account.LiveRows));
     TRecFile boundary;
     const int32_t before = account.ArchiveRows;
-    int32_t copied = -1;
     Copying copying = {IntoArchive, position, tell};
-    if (position > 0 && ReadRecord(account.Live, Kind, position, &boundary)) {
-        copied = CopyRows(account.Live, 1, position, account.Archive, before + 1, ChooseRow, &copying);
-        if (copied < 0)
-            ReportError(In::Archive, Trouble::RwriteFail);
+    if (position < 1 || !ReadRecord(account.Live, Kind, position, &boundary)) {
+        CloseAccount(account);
+        return position < 1 ? ArchiveResult::NotYet : ArchiveResult::Refused;
     }
-    int done = copied > 0 || (copied == 0 && before > 0);
-    if (done && before > 0 && account.Rec.AccType != ListAccount &&
-        copying.EarliestDay < DayOf(account.Archive, before)) {
-        done = MergeInto(TransactionFile::ArchiveFilterWork, id, account.Archive, 1, before) &&
-               ReplaceBy(TransactionFile::ArchiveFilterWork, TransactionFile::Archive, id);
-        if (!done)
-            ReportError(In::Archive, Trouble::RwriteFail);
-        EraseTransactions(TransactionFile::ArchiveFilterWork, id);
+    const int32_t copied =
+        CopyRows<Copying>(account.Live, 1, position, account.Archive, before + 1, ChooseRow, &copying);
+    if (copied == 0 && before == 0) { // markers alone are nothing to archive
+        CloseAccount(account);
+        return ArchiveResult::Refused;
     }
-    if (!done && copied != 0)
-        static_cast<void>(CutRows(account.Archive, before));
+    int done = copied >= 0;
+    if (done && OutOfOrder(account, copying, before))
+        done = MergeAs(TransactionFile::ArchiveFilterWork, TransactionFile::Archive, accountID, account.Archive, 1,
+                       before);
     bool markerBehind = false; // the boundary
     if (done) {
-        SyncFiles(); // the archive holds the rows before the live file lets them go
         TRec marker;
         FillArchiveMarker(&marker, boundary.Rec, account.Rec.AccType, u"Auto created");
         const int32_t kept = ShortenLive(account, position, marker);
         done = kept >= 0;
         markerBehind = kept < account.LiveRows - position;
-        if (!done)
-            ReportError(In::Archive, Trouble::TwriteFail);
     }
-    CloseFile(account.Live);
-    CloseFile(account.Archive);
-    if (done) {
-        if (markerBehind) { // the new one stands for the old one's rows too, so it takes the whole archive's totals
-            state.ArchiveView = 1;
-            CalcBalance(id);
-            state.ArchiveView = 0;
-        } else {
-            CalcOneView(id, 1);
-        }
-        CalcOneView(id, 0);
-        state.CurrentScreen = TransactionList;
-        Tell(tell, 100);
+    CloseAccount(account);
+    if (!done) {
+        ReportError(In::Archive, Trouble::RwriteFail);
+        return ArchiveResult::Refused;
     }
-    return done;
+    const Place archive = RowsOf(accountID, View::Archive, Rows::All);
+    if (markerBehind) // the new one stands for the old one's rows too, so it takes the whole archive's totals
+        CalcTotals(archive);
+    else
+        CalcOneView(archive);
+    CalcOneView(LiveRows(accountID, Rows::All));
+    Tell(tell, 100);
+    return ArchiveResult::Done;
 }
 
-int Unarchive(int32_t accountPosition, int32_t position, ProgressTeller tell) {
+ArchiveResult Unarchive(uint32_t accountID, int32_t position, ProgressTeller tell) {
     Account account;
-    if (!OpenAccount(accountPosition, 1, UnarchiveDialog, In::Unarchive, &account))
-        return 0;
-    const uint32_t id = account.Rec.ID;
+    if (!OpenAccount(accountID, In::Unarchive, &account))
+        return ArchiveResult::Refused;
     const int32_t returning = account.ArchiveRows - position + 1;
     const int32_t head = position > 1 ? 1 : 0; // rows before those that return: the marker
-    TransactionFile whole = TransactionFile::LiveFilterWork;
-    int done = position > 0 && returning > 0;
-    if (done) {
-        // The returning rows, then the live ones; in one file, beside the real one.
-        const int work = OpenWorkFile(TransactionFile::LiveFilterWork, id);
+    if (position < 1 || returning < 1) {
+        CloseAccount(account);
+        return ArchiveResult::Refused;
+    }
+    // The returning rows, then the live ones; in one file, which takes the live file's place.
+    const int work = OpenWorkFile(TransactionFile::LiveFilterWork, accountID);
+    int done = work >= 0;
+    if (head) {
         TRecFile boundary;
         TRec marker;
-        if (head) {
-            done = ReadRecord(account.Archive, Kind, position - 1, &boundary);
+        done = done && ReadRecord(account.Archive, Kind, position - 1, &boundary);
+        if (done) {
             FillArchiveMarker(&marker, boundary.Rec, account.Rec.AccType, u"Auto generated");
-            done = done && WriteMarker(work, marker);
+            done = WriteMarker(work, marker);
         }
-        Copying back = {OutOfArchive, account.ArchiveRows, tell};
-        Copying live = {BesideReturned, account.LiveRows, nullptr};
-        done =
-            done &&
-            CopyRows(account.Archive, position, account.ArchiveRows, work, head + 1, ChooseRow, &back) == returning &&
-            CopyRows(account.Live, 1, account.LiveRows, work, head + returning + 1, ChooseRow, &live) >= 0;
-        if (done && account.Rec.AccType != ListAccount &&
-            live.EarliestDay < DayOf(account.Archive, account.ArchiveRows)) {
-            whole = TransactionFile::ArchiveFilterWork;
-            done = MergeInto(whole, id, work, head + 1, head + returning);
-        }
-        CloseFile(work);
-        SyncFiles();
-        done = done && ReplaceBy(whole, TransactionFile::Live, id);
-        if (!done)
-            ReportError(In::Unarchive, Trouble::TwriteFail);
-        else if (!CutRows(account.Archive, position - 1))
-            ReportError(In::Unarchive, Trouble::RwriteFail);
     }
-    EraseTransactions(TransactionFile::ArchiveFilterWork, id);
-    EraseTransactions(TransactionFile::LiveFilterWork, id);
-    CloseFile(account.Live);
-    CloseFile(account.Archive);
-    if (done) {
-        CalcBalance(id); // the archive, and from it the marker and the live file
-        CalcOneView(id, 0);
-        Tell(tell, 100);
+    Copying back = {OutOfArchive, account.ArchiveRows, tell};
+    Copying live = {BesideReturned, account.LiveRows, nullptr};
+    done = done &&
+           CopyRows<Copying>(account.Archive, position, account.ArchiveRows, work, head + 1, ChooseRow, &back) ==
+               returning &&
+           CopyRows<Copying>(account.Live, 1, account.LiveRows, work, head + returning + 1, ChooseRow, &live) >= 0;
+    if (done)
+        done = OutOfOrder(account, live, account.ArchiveRows)
+                   ? MergeAs(TransactionFile::ArchiveFilterWork, TransactionFile::Live, accountID, work, head + 1,
+                             head + returning)
+                   : ReplaceBy(TransactionFile::LiveFilterWork, TransactionFile::Live, accountID);
+    CloseFile(work);
+    done = done && CutRows(account.Archive, position - 1);
+    EraseTransactions(TransactionFile::LiveFilterWork, accountID);
+    CloseAccount(account);
+    if (!done) {
+        ReportError(In::Unarchive, Trouble::TwriteFail);
+        return ArchiveResult::Refused;
     }
-    return done;
+    CalcTotals(RowsOf(accountID, View::Archive, Rows::All)); // and from it the marker and the live file
+    CalcOneView(LiveRows(accountID, Rows::All));
+    Tell(tell, 100);
+    return ArchiveResult::Done;
 }

@@ -5,11 +5,15 @@
 
 inline constexpr int32_t ShowProgressFrom = 11; // rows; a smaller job is silent
 
-// Archives rows 1 to `position` of the live file of the account at a position. 1, or 0 when refused: archive view, or
-// nothing to do. `tell` is called with 0 to 100 as the work goes on (null: silent) and must touch no record;
-// state.Restructuring says when the merge moves rows.
-using ProgressTeller = void (*)(int percent);
-int Archive(int32_t accountPosition, int32_t position, ProgressTeller tell);
+// Refused: no such account, a filter hides rows of it, nothing to do, or the disk (then the action is refused too).
+// NotYet: no row up to the position is dated up to today.
+enum class ArchiveResult : uint8_t { Refused, NotYet, Done };
 
-// Returns rows `position` to the end of the archive to the live file. Only in the archive view.
-int Unarchive(int32_t accountPosition, int32_t position, ProgressTeller tell);
+// Archives rows 1 to `position` of an account's live file, but none from the first one dated after today on, so that
+// the balances as of today stay. `tell` is called with 0 to 100 as the work goes on (null: silent) and must touch no
+// record; state.Restructuring says when a merge moves rows.
+using ProgressTeller = void (*)(int percent);
+ArchiveResult Archive(uint32_t accountID, int32_t position, ProgressTeller tell);
+
+// Returns rows `position` to the end of the archive to the live file.
+ArchiveResult Unarchive(uint32_t accountID, int32_t position, ProgressTeller tell);

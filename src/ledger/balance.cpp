@@ -1,23 +1,22 @@
 #include "ledger/balance.h"
 #include "cipher/hooks.h"
-#include "ledger/account_file.h"
-#include "ledger/account_window.h"
 #include "ledger/jeopardy.h"
 #include "ledger/markers.h"
 #include "state/error_log.h"
 #include "state/state.h"
+#include "store/catalogue.h"
 #include "store/configuration.h"
 #include "store/index.h"
+#include "store/operations.h"
 #include "store/runs.h"
-#include "store/windows.h"
 #include <cstring>
+#include <initializer_list>
 
 namespace {
 
 // One pass over a file: what all rows so far come to.
 struct Pass : FileTotals {
-    int32_t Multiplier; // applied last
-    bool Changed;       // the present row's bytes
+    bool Changed; // the present row's bytes
 };
 
 struct Today {
@@ -67,9 +66,10 @@ void ApplyMoneyRow(Pass *pass, TRec *row) {
     default: {
         const int32_t units = row->RowKind == DeletedMarker || row->Cash ? 1 : row->Units;
         const FixedAmount value = TimesUnits(units, row->Value);
-        pass->Multiplier = units;
         pass->Balance = AddAmounts(pass->Balance, value);
-        if (row->Cleared == 1)
+        if (KeepsCleared(*row))
+            pass->Cleared = AddAmounts(pass->Cleared, row->ClearedValue);
+        else if (row->Cleared == 1)
             pass->Cleared = AddAmounts(pass->Cleared, value);
     }
     }
@@ -100,12 +100,18 @@ void ApplyShareRow(Pass *pass, TRec *row) {
     } else {
         pass->Price = row->Value;
         pass->Shares = AddUnits(pass->Shares, row->Units);
-        if (row->Cleared == 1) {
+        if (KeepsCleared(*row)) {
+            pass->ClearedPrice = row->ClearedValue;
+            pass->ClearedShares = AddUnits(pass->ClearedShares, row->ClearedUnits);
+        } else if (row->Cleared == 1) {
             pass->ClearedPrice = pass->Price;
             pass->ClearedShares = AddUnits(pass->ClearedShares, row->Units);
         }
         StorePrices(pass, row);
-        if (row->RowKind == DeletedMarker)
+        if (KeepsCleared(*row)) {
+            pass->Balance = AddAmounts(pass->Balance, row->CashAmount);
+            pass->Cleared = AddAmounts(pass->Cleared, row->ClearedCashAmount);
+        } else if (row->RowKind == DeletedMarker)
             AddCash(pass, *row, row->CashAmount);
         else if (!row->NoCash)
             AddCash(pass, *row, NegateAmount(TimesUnits(row->Units, row->Value)));
@@ -150,11 +156,9 @@ struct Watches {
     JeopardyWatch Balance, Cleared;
 };
 
-// Runs over the whole file and writes back the rows that changed. Rows are watched when `watches` is not null. Returns
-// how many there are. What is the same for all rows is decided outside: the kind of account, and whether there is a
-// key.
-template <bool Share>
-int32_t CalcRows(int handle, const ARec &account, Watches *watches, Pass *total, Today *asOfToday) {
+// Runs over the whole file and writes back the rows that changed. Rows are watched when `watches` is not null. What is
+// the same for all rows is decided outside: the kind of account, and whether there is a key.
+template <bool Share> void CalcRows(int handle, const ARec &account, Watches *watches, Pass *total, Today *asOfToday) {
     constexpr FileKind Kind = FileKind::Transactions;
     constexpr int32_t Run = 256; // rows that stay in the cache between reading and writing
     const bool enciphered = state.CurrentKey != NoKey;
@@ -167,7 +171,7 @@ int32_t CalcRows(int handle, const ARec &account, Watches *watches, Pass *total,
         read = ReadRun(handle, Kind, first, Run);
         int32_t changedFrom = read; // the start of the changed rows that end here, `read` for none
         for (int32_t index = 0; index < read; ++index) {
-            auto *record = static_cast<TRecFile *>(RunRecord(Kind, index));
+            TRecFile *record = RunRecord<TRec>(index);
             if (enciphered)
                 DecipherRecord(Kind, record);
             const uint32_t day = record->Rec.Date.DayNumber;
@@ -202,90 +206,73 @@ int32_t CalcRows(int handle, const ARec &account, Watches *watches, Pass *total,
     if (beforeToday)
         *asOfToday = SnapShot(pass, Share);
     *total = pass;
-    state.LastMultiplier = pass.Multiplier;
-    return first - 1;
 }
 
-// The live file's Archive marker carries the archive's totals. 1 when there is one. It stands at the head; one that
-// was moved further down than a list shows rows is not found.
-int RefreshArchiveMarker(const ARec &account, const Pass &pass) {
-    const int handle = OpenView(0, account.ID, OpenOrCreate);
-    if (handle < 0)
-        ReportError(In::CalcBalance, Trouble::TcreateFail);
-    TRecFile record;
-    TRec *row = &record.Rec;
-    int found = 0;
-    for (int32_t position = 1; position <= state.RowCount && !found; ++position) {
-        if (!ReadRecord(handle, FileKind::Transactions, position, &record))
-            break;
-        if (row->RowKind != ArchiveMarker)
-            continue;
-        found = 1;
-        row->Cash = 0;
-        SetArchiveTotals(row, account.AccType, pass);
-        std::memset(record.Tail, 0, sizeof record.Tail);
-        if (!WriteRecord(handle, FileKind::Transactions, position, &record))
-            ReportError(In::CalcBalance, Trouble::TwriteFail);
+// The live file's Archive marker carries the archive's totals. 1 when there is one, wherever it stands.
+int RefreshArchiveMarker(const Place &live, const ARec &account, const Pass &pass) {
+    constexpr FileKind Kind = FileKind::Transactions;
+    const int handle = OpenPlace(live, OpenExisting);
+    int32_t found = 0;
+    for (int32_t first = 1, read; !found && (read = ReadRun(handle, Kind, first, RunLength(Kind))) > 0; first += read) {
+        for (int32_t index = 0; index < read && !found; ++index) {
+            TRecFile record = *RunRecord<TRec>(index);
+            DecipherRecord(Kind, &record);
+            if (record.Rec.RowKind != ArchiveMarker)
+                continue;
+            found = first + index;
+            record.Rec.Cash = 0;
+            SetArchiveTotals(&record.Rec, account.AccType, pass);
+            std::memset(record.Tail, 0, sizeof record.Tail);
+            if (!WriteRecord(handle, Kind, found, &record))
+                ReportError(In::CalcBalance, Trouble::TwriteFail);
+        }
     }
     CloseFile(handle);
-    return found;
+    return found != 0;
 }
 
 // The totals as of today, by the view.
-void TakeTotals(ARec *account, const Today &today) {
-    (state.ArchiveView ? account->ArcBalance : account->Balance) = today.Balance;
-    (state.ArchiveView ? account->ArcClearedBalance : account->ClearedBalance) = today.Cleared;
+void TakeTotals(ARec *account, View view, const Today &today) {
+    const bool archive = view == View::Archive;
+    (archive ? account->ArcBalance : account->Balance) = today.Balance;
+    (archive ? account->ArcClearedBalance : account->ClearedBalance) = today.Cleared;
 }
 
-// Writes an account and has the list of accounts follow.
-void StoreAccount(int32_t position, const ARec &account, In function) {
-    WriteAccount(position, account, function);
-    const int32_t screen = state.CurrentScreen;
-    LoadAccFile(state.TopPos[AccountList]);
-    state.CurrentScreen = screen;
-}
-
-FixedAmount CalcView(uint32_t accountID, uint32_t archive, int withMarker) {
+FixedAmount CalcFile(const Place &place, int withMarker) {
     ARec account;
     int32_t position;
-    if (!FindAccount(accountID, &account, &position))
+    if (!FindAccount(place.Account, &account, &position))
         return 0;
-    const uint32_t view = state.ArchiveView;
-    state.ArchiveView = archive;
+    const bool archive = place.Of == View::Archive;
+    uint32_t filtered;
+    const int handle = OpenPlace(place, OpenOrCreate, &filtered);
+    if (handle < 0) {
+        ReportError(In::CalcBalance, Trouble::TcreateFail);
+        return 0;
+    }
     Pass pass = {};
     Today today = {};
     Watches watches = {};
-    int32_t count = 0;
-    const int handle = OpenView(archive, accountID, OpenOrCreate);
-    if (handle < 0)
-        ReportError(In::CalcBalance, Trouble::TcreateFail);
-    else if (static_cast<int32_t>(account.AccType) < 0) {
+    const bool watched = !archive && (account.LowWatch || account.HighWatch);
+    if (static_cast<int32_t>(account.AccType) < 0)
         ReportError(In::CalcBalance, Trouble::CaseError); // the rows keep their totals
-        count = CountRecords(handle, FileKind::Transactions);
-    } else
-        count = (IsShare(account.AccType)
-                     ? CalcRows<true>
-                     : CalcRows<false>)(handle, account,
-                                        archive || !(account.LowWatch || account.HighWatch) ? nullptr : &watches, &pass,
-                                        &today);
+    else
+        (IsShare(account.AccType) ? CalcRows<true> : CalcRows<false>)(handle, account, watched ? &watches : nullptr,
+                                                                      &pass, &today);
     CloseFile(handle);
-    if (handle >= 0) {
+    if (!filtered) { // what a filter leaves is not what the account holds
         const ARec before = account;
         if (!archive) {
             account.BalanceInJeopardy = watches.Balance.Flag;
             account.ClearedInJeopardy = watches.Cleared.Flag;
         }
-        TakeTotals(&account, today);
+        TakeTotals(&account, place.Of, today);
         if (std::memcmp(&before, &account, sizeof account) != 0)
-            StoreAccount(position, account, In::CalcBalance);
-        if (archive && withMarker && RefreshArchiveMarker(account, pass))
-            CalcView(accountID, 0, 0);
+            static_cast<void>(WriteAccount(position, account, In::CalcBalance)); // reported, and refuses the action
     }
-    state.ArchiveView = view;
-    if (accountID == state.CurAccount.ID && archive == view)
-        state.EntryCount[TransactionList] = count;
-    else
-        CountTransactions();
+    const Place live = LiveRows(place.Account, place.Through);
+    if (archive && withMarker && RefreshArchiveMarker(live, account, pass))
+        CalcFile(live, 0);
     return today.Balance;
 }
 
@@ -324,66 +311,43 @@ FixedAmount RowBalance(const TRec &row, int64_t accountType, int cleared) {
                    : ShareBalance(row.RunUnits, row.Value, cash);
 }
 
-FixedAmount CalcBalance(uint32_t accountID) {
-    return CalcView(accountID, state.ArchiveView, 1);
+FixedAmount CalcTotals(const Place &place) {
+    return CalcFile(place, 1);
 }
 
-FixedAmount CalcOneView(uint32_t accountID, uint32_t archive) {
-    return CalcView(accountID, archive, 0);
+FixedAmount CalcOneView(const Place &place) {
+    return CalcFile(place, 0);
 }
 
-void UpdateT2FILtot(int32_t position, FixedAmount todayBalance, FixedAmount todayCleared) {
-    ARec account;
-    if (!ReadAccount(position, &account))
+void CheckT1totals() {
+    if (!state.DataUsable || !StampLastChecked())
         return;
-    TakeTotals(&account, {todayBalance, todayCleared});
-    StoreAccount(position, account, In::UpdateT2FILtot);
-}
-
-void CheckT1totals(int) {
-    if (!state.DataUsable)
-        return;
-    StampLastChecked();
     RecDate today;
     LoadTodaysDate(&today);
-    ARec account;
-    for (int32_t position = 1; ReadAccount(position, &account); ++position) {
+    ForEachAccount(In::CheckT1totals, [&](int32_t position, ARec &account) {
         if (account.RowKind == HeadingRow || account.ID == 0)
-            continue;
+            return true;
         const ARec before = account;
         account.Balance = account.ClearedBalance = account.ArcBalance = account.ArcClearedBalance = 0;
         int known = 1; // of a future version no total can be told: the stored ones stay
-        for (uint32_t archive = 0; archive < 2; ++archive) {
-            const int handle = OpenView(archive, account.ID, OpenOrCreate);
-            if (handle < 0)
+        for (const View view : {View::Live, View::Archive}) {
+            const bool archive = view == View::Archive;
+            const int handle = OpenPlace(RowsOf(account.ID, view, Rows::All), OpenExisting);
+            if (handle == FailedOpen) {
                 ReportError(In::CheckT1totals, archive ? Trouble::RcreateFail : Trouble::TcreateFail);
+                known = 0;
+            }
+            if (handle < 0)
+                continue; // no rows
             TRecFile first;
             if (ReadRecord(handle, FileKind::Transactions, 1, &first) && first.Rec.Version != RecordVersion)
                 known = 0;
             TRec row;
-            if (TotalsAsOfToday(handle, today.DayNumber, !archive, &account, &row)) {
-                (archive ? account.ArcBalance : account.Balance) = RowBalance(row, account.AccType, 0);
-                (archive ? account.ArcClearedBalance : account.ClearedBalance) = RowBalance(row, account.AccType, 1);
-            }
+            if (TotalsAsOfToday(handle, today.DayNumber, !archive, &account, &row))
+                TakeTotals(&account, view, {RowBalance(row, account.AccType, 0), RowBalance(row, account.AccType, 1)});
             CloseFile(handle);
         }
-        if (known && std::memcmp(&before, &account, sizeof account) != 0)
-            WriteAccount(position, account, In::CheckT1totals);
-    }
-}
-
-int32_t ReGraphFILsiz(int32_t position) {
-    const uint32_t accountID = RectoID(position);
-    if (accountID == 0)
-        return 0;
-    const int live = OpenTransactions(TransactionFile::Live, accountID, OpenOrCreate);
-    if (live < 0)
-        ReportError(In::ReGraphFILsiz, Trouble::AcreateFail);
-    const int archive = OpenTransactions(TransactionFile::Archive, accountID, OpenOrCreate);
-    if (archive < 0)
-        ReportError(In::ReGraphFILsiz, Trouble::RcreateFail);
-    const int64_t bytes = FileLength(live) + FileLength(archive);
-    CloseFile(live);
-    CloseFile(archive);
-    return static_cast<int32_t>(bytes / RecordSize(FileKind::Transactions));
+        return !known || std::memcmp(&before, &account, sizeof account) == 0 ||
+               WriteAccount(position, account, In::CheckT1totals);
+    });
 }

@@ -1,27 +1,22 @@
 // Running totals: the one routine that makes the stored totals true, and those as of today.
 #pragma once
 
+#include "records/place.h"
 #include "records/records.h"
 
-// Recomputes all running totals of an account's file (live or archive by state.ArchiveView; the filter file while
-// one is shown), the account's totals as of today and, in the live view, its jeopardy flags. In the archive view the
-// live file's Archive marker follows and the live file is recomputed. To be called after every add, change, move or
-// removal, on both accounts of a transfer. Leaves selection and view as they were. Returns the balance as of today, 0
-// for an account that is not there.
-FixedAmount CalcBalance(uint32_t accountID);
+// Recomputes all running totals of a file of an account (the filter file while the place shows one) and stores in the
+// account its totals as of today and, of the live file, its jeopardy flags; those of a filter file are not the
+// account's and are not stored. Of an archive the live file's Archive marker follows, and the live file is recomputed.
+// To be called after every add, change, move or removal, on both accounts of a transfer. Returns the balance as of
+// today, 0 for an account that is not there.
+FixedAmount CalcTotals(const Place &place);
 
-// The same for one file alone, without its account's other view: `archive` 1 the archive, 0 the live file.
-FixedAmount CalcOneView(uint32_t accountID, uint32_t archive);
-
-// Writes the totals as of today into the account at a position, by the view, and reloads the account list.
-void UpdateT2FILtot(int32_t position, FixedAmount todayBalance, FixedAmount todayCleared);
+// The same for one file alone, without its account's other view.
+FixedAmount CalcOneView(const Place &place);
 
 // Refreshes the totals as of today and the jeopardy flags of all accounts without rewriting a transaction, and stamps
-// the configuration record. Flags are only raised here; CalcBalance lowers them. The argument is not used.
-void CheckT1totals(int flag);
-
-// Records of the account at a position, live and archive files together.
-int32_t ReGraphFILsiz(int32_t position);
+// the configuration record. What is right already is not written. Flags are only raised here; CalcTotals lowers them.
+void CheckT1totals();
 
 // What a row shows as its balance: RunTotal, or for a share account shares times price plus cash; the reconciled one
 // when `cleared` is 1.

@@ -1,8 +1,5 @@
-// Which field of a bin record comes from which field of the other records.
-#include "ledger/bin.h"
+#include "ledger/bin_record.h"
 #include "platform/text.h"
-#include "state/state.h"
-#include "store/windows.h"
 #include <algorithm>
 #include <cstring>
 #include <iterator>
@@ -15,11 +12,14 @@ struct Route {
     int List;
     Copy How;
     uint16_t BinOffset, BinBytes, Offset, Bytes;
+    bool Carried = false; // back only from a row that carries it
 };
 
 // clang-format off
 #define ROUTE(how, list, record, bin, field) \
     {list, Copy::how, offsetof(BinRec, bin), sizeof(BinRec::bin), offsetof(record, field), sizeof(record::field)}
+#define CARRIED(how, list, record, bin, field) \
+    {list, Copy::how, offsetof(BinRec, bin), sizeof(BinRec::bin), offsetof(record, field), sizeof(record::field), true}
 #define BLOCK(how, bin, index, field) \
     {RecurringList, Copy::how, offsetof(BinRec, bin), sizeof(BinRec::bin), \
      offsetof(DDRec, Block) + (index) * sizeof(DDBlock) + offsetof(DDBlock, field), sizeof(DDBlock::field)}
@@ -46,6 +46,9 @@ constexpr Route Routes[] = {
     ROUTE(Bytes, TransactionList, TRec, ClearedValue,         ClearedValue),
     ROUTE(Bytes, TransactionList, TRec, RunTotal,             RunTotal),
     ROUTE(Bytes, TransactionList, TRec, RunCleared,           RunCleared),
+    CARRIED(Bytes, TransactionList, TRec, CashAmount,         CashAmount),
+    CARRIED(Bytes, TransactionList, TRec, ClearedCashAmount,  ClearedCashAmount),
+    CARRIED(Text,  TransactionList, TRec, FITID,              FITID),
 
     ROUTE(Bytes, RecurringList, DDRec, RowKind,      RowKind),
     ROUTE(Bytes, RecurringList, DDRec, CatSlot,      CatSlot),
@@ -119,6 +122,7 @@ constexpr Route Routes[] = {
     ROUTE(Text,  ConversionList, CurRec, ToName,   ToName),
 };
 #undef ROUTE
+#undef CARRIED
 #undef BLOCK
 // clang-format on
 
@@ -141,63 +145,42 @@ void CopyRoute(Copy how, const uint8_t *from, int fromBytes, uint8_t *to, int to
     std::memcpy(to, from, static_cast<size_t>(std::min(fromBytes, toBytes)));
 }
 
-using Initialiser = void (*)(void *record);
-template <typename Record, void (*Init)(Record *)> void InitRecord(void *record) {
-    Init(static_cast<Record *>(record));
-}
-
-Initialiser InitialiserOf(int list) {
-    switch (list) {
-    case AccountList:
-        return InitRecord<ARec, InitARec>;
-    case TransactionList:
-        return InitRecord<TRec, InitTRec>;
-    case RecurringList:
-        return InitRecord<DDRec, InitDDRec>;
-    case TemplateList:
-        return InitRecord<FRec, InitFRec>;
-    case CategoryList:
-        return InitRecord<CatRec, InitCatRec>;
-    case ConversionList:
-        return InitRecord<CurRec, InitCurRec>;
-    }
-    return nullptr;
+bool HasRoutes(int list) {
+    return std::any_of(std::begin(Routes), std::end(Routes), [=](const Route &route) { return route.List == list; });
 }
 
 } // namespace
 
-int RecordToBin(int list, const void *record, BinRec *bin) {
-    list = list == GraphList ? +TransactionList : list;
-    if (!InitialiserOf(list))
+int RecordToBin(const Place &from, int64_t ownerType, const RecordBuffer &record, BinRec *bin) {
+    if (!HasRoutes(from.List))
         return 0;
-    std::memset(bin, 0, sizeof *bin);
-    bin->Version = RecordVersion;
+    InitBinRec(bin);
     for (const Route &route : Routes)
-        if (route.List == list)
-            CopyRoute(route.How, static_cast<const uint8_t *>(record) + route.Offset, route.Bytes,
+        if (route.List == from.List)
+            CopyRoute(route.How, record.Bytes + route.Offset, route.Bytes,
                       reinterpret_cast<uint8_t *>(bin) + route.BinOffset, route.BinBytes);
-    bin->SourceList = static_cast<uint32_t>(list);
-    if (list == TransactionList) {
-        bin->OwnerID = state.CurAccount.ID;
-        bin->OwnerType = state.CurAccount.AccType;
-        bin->WasArchive = state.ArchiveView;
-    } else if (list == RecurringList) {
+    bin->SourceList = static_cast<uint32_t>(from.List);
+    bin->WasArchive = static_cast<uint32_t>(from.Of);
+    if (from.List == TransactionList) {
+        bin->OwnerID = from.Account;
+        bin->OwnerType = static_cast<uint32_t>(ownerType);
+        bin->Carries = 1;
+    } else if (from.List == RecurringList) {
         bin->OwnerID = bin->FirstDone ? bin->Account2 : bin->Account1;
-        bin->WasArchive = state.ArchiveView;
-    } else if (list == AccountList) {
+    } else if (from.List == AccountList) {
         bin->Units = 1;
     }
     return 1;
 }
 
-int BinToRecord(const BinRec &bin, int list, void *record) {
-    const Initialiser initialise = InitialiserOf(list);
-    if (!initialise || bin.SourceList != static_cast<uint32_t>(list))
+int BinToRecord(const BinRec &bin, RecordBuffer *record) {
+    const int list = static_cast<int>(bin.SourceList);
+    if (!HasRoutes(list))
         return 0;
-    initialise(record);
+    InitRow(list, record);
     for (const Route &route : Routes)
-        if (route.List == list)
+        if (route.List == list && (bin.Carries || !route.Carried))
             CopyRoute(route.How, reinterpret_cast<const uint8_t *>(&bin) + route.BinOffset, route.BinBytes,
-                      static_cast<uint8_t *>(record) + route.Offset, route.Bytes);
+                      record->Bytes + route.Offset, route.Bytes);
     return 1;
 }

@@ -1,15 +1,12 @@
 #include "ledger/filter.h"
-#include "ledger/account_file.h"
-#include "ledger/account_window.h"
 #include "ledger/balance.h"
 #include "ledger/row_copy.h"
-#include "platform/shell.h"
 #include "platform/text.h"
 #include "state/error_log.h"
 #include "state/state.h"
-#include "store/windows.h"
-#include <algorithm>
+#include "store/index.h"
 #include <cstdio>
+#include <initializer_list>
 
 namespace {
 
@@ -95,8 +92,7 @@ int MarkerExcluded(const FilterPass &pass, const TRec &row, int32_t position) {
     }
 }
 
-int PassesFilter(TRec *row, int32_t position, void *context) {
-    auto *pass = static_cast<FilterPass *>(context);
+int PassesFilter(TRec *row, int32_t position, FilterPass *pass) {
     const int shown = row->RowKind == EntryRow ? EntryMatches(*pass, *row, position) == pass->Keep
                                                : !MarkerExcluded(*pass, *row, position);
     if (!shown)
@@ -108,35 +104,31 @@ int PassesFilter(TRec *row, int32_t position, void *context) {
     return 1;
 }
 
-struct FileSet {
-    TransactionFile Real, Filter, Work;
-};
-constexpr FileSet Files[] = {
-    // by view: live, archive
-    {TransactionFile::Live, TransactionFile::LiveFilter, TransactionFile::LiveFilterWork},
-    {TransactionFile::Archive, TransactionFile::ArchiveFilter, TransactionFile::ArchiveFilterWork},
-};
+constexpr TransactionFile WorkFiles[] = {TransactionFile::LiveFilterWork,
+                                         TransactionFile::ArchiveFilterWork}; // by View
 
-// Writes the work file of one view. Returns its rows, or -1.
-int32_t FilterFile(uint32_t accountID, FilterPass *pass) {
-    const FileSet &files = Files[pass->Archive];
-    int source = OpenTransactions(files.Filter, accountID, OpenExisting);
-    pass->FromReal = source < 0;
-    if (source < 0)
-        source = OpenTransactions(files.Real, accountID, OpenOrCreate);
-    const int work = OpenWorkFile(files.Work, accountID);
-    int32_t rows = -1;
-    if (source < 0 || work < 0) {
+// Writes the filter file of one view anew. 0 when a read or write failed.
+int WriteFilterFile(uint32_t accountID, FilterPass *pass) {
+    const View view = pass->Archive ? View::Archive : View::Live;
+    const TransactionFile workFile = WorkFiles[pass->Archive];
+    uint32_t filtered;
+    const int source = OpenPlace(RowsOf(accountID, view), OpenOrCreate, &filtered);
+    const int work = OpenWorkFile(workFile, accountID);
+    pass->FromReal = !filtered;
+    int written = source >= 0 && work >= 0;
+    if (!written)
         ReportError(In::WndProc, Trouble::TcreateFail);
-    } else {
-        rows = CopyRows(source, 1, CountRecords(source, FileKind::Transactions), work, 1, PassesFilter, pass);
-        if (rows < 0)
-            ReportError(In::WndProc, Trouble::CwriteFail);
+    else if (CopyRows<FilterPass>(source, 1, CountRecords(source, FileKind::Transactions), work, 1, PassesFilter,
+                                  pass) < 0) {
+        written = 0;
+        ReportError(In::WndProc, Trouble::CwriteFail);
     }
     CloseFile(source);
     CloseFile(work);
-    return rows;
+    return written && ReplaceBy(workFile, FilterFile(view), accountID);
 }
+
+} // namespace
 
 int RemoveFilterFiles() {
     int removed = 0;
@@ -154,9 +146,18 @@ int RemoveFilterFiles() {
     return removed;
 }
 
-} // namespace
+bool AccountFiltered(uint32_t accountID) {
+    for (const View view : {View::Live, View::Archive}) {
+        char path[PathRoom];
+        TransactionPath(path, FilterFile(view), accountID);
+        if (FileThere(path) == 1)
+            return true;
+    }
+    return false;
+}
 
-void CriteriaFromRow(const TRec &row, int32_t position, FilterCriteria *criteria) {
+void CriteriaFromRow(const TRec &row, const Place &place, int32_t position, int64_t accountType,
+                     FilterCriteria *criteria) {
     *criteria = {};
     CopyText(criteria->Name, TextRoom, row.Name);
     CopyText(criteria->Memo, TextRoom, row.Memo);
@@ -164,72 +165,25 @@ void CriteriaFromRow(const TRec &row, int32_t position, FilterCriteria *criteria
     criteria->Month = row.Date.Month;
     criteria->Year = row.Date.Year;
     criteria->Flag = row.Flag;
-    criteria->Value = RowEffect(row, state.AccountKind);
+    criteria->Value = RowEffect(row, accountType);
     criteria->DayNumber = row.Date.DayNumber;
     criteria->Position = position;
-    criteria->FromArchive = state.ArchiveView;
+    criteria->FromArchive = static_cast<uint32_t>(place.Of);
     criteria->Kind = row.RowKind;
 }
 
-int ApplyFilter(uint32_t accountID, int keep, FilterBy field, const FilterCriteria &criteria, uint32_t date) {
+int ApplyFilter(uint32_t accountID, int keep, FilterBy field, const FilterCriteria &criteria, uint32_t day,
+                FilterCount *count) {
     ARec account;
     if (!state.DataUsable || !FindAccount(accountID, &account, nullptr))
         return 0;
-    const uint32_t view = state.ArchiveView;
-    int32_t rows[2] = {}, rowsBefore[2] = {};
     for (const uint32_t archive : {1U, 0U}) {
-        FilterPass pass = {&criteria, field, keep, archive, account.AccType, 0, date, 0};
-        rows[archive] = FilterFile(accountID, &pass);
-        rowsBefore[archive] = pass.RowsBefore;
+        FilterPass pass = {&criteria, field, keep, archive, account.AccType, 0, day, 0};
+        if (!WriteFilterFile(accountID, &pass))
+            return 0;
+        count->RowsBefore[archive] = pass.RowsBefore;
     }
-    const int written = rows[0] >= 0 && rows[1] >= 0;
-    for (const FileSet &files : Files) {
-        if (!written)
-            EraseTransactions(files.Work, accountID);
-        else if (!ReplaceBy(files.Work, files.Filter, accountID))
-            Beep();
-    }
-    if (!written)
-        return 0;
-    for (const uint32_t archive : {1U, 0U}) {
-        state.ArchiveView = archive;
-        CalcBalance(accountID);
-    }
-    state.ArchiveView = view;
-    if (accountID == state.CurAccount.ID) {
-        state.SelectedPos[TransactionList] = std::min(rowsBefore[view] + 1, CountTransactions());
-        state.FilterView = state.FilterShown = 1;
-    }
+    CalcTotals(RowsOf(accountID, View::Archive));
+    CalcTotals(LiveRows(accountID));
     return 1;
-}
-
-int ClearFilters() {
-    if (!state.DataUsable)
-        return 0;
-    TRec row;
-    int32_t selection = state.SelectedPos[TransactionList];
-    if (state.FilterView && FetchTran(selection, &row) && row.ParentRow != 0)
-        selection = static_cast<int32_t>(std::min<uint32_t>(row.ParentRow, INT32_MAX));
-    if (!RemoveFilterFiles())
-        return 0;
-    const uint32_t wasShown = state.FilterView;
-    state.FilterView = state.FilterShown = 0;
-    const int32_t count = CountTransactions();
-    selection = std::min(std::max(selection, 1), count);
-    state.SelectedPos[TransactionList] = selection;
-    if (state.CurrentScreen == TransactionList)
-        LoadTranFile(state.SelectedPos[AccountList], SetRecPosition(selection, count));
-    if (wasShown && KindOfList(state.CurrentScreen) == FileKind::Transactions)
-        RepaintScreen();
-    return 1;
-}
-
-void ClearFiltersAndRecompute() {
-    ClearFilters();
-    if (state.CurrentScreen != TransactionList || !LoadCurrentAccount())
-        return;
-    CalcOneView(state.CurAccount.ID, !state.ArchiveView);
-    CalcBalance(state.CurAccount.ID);
-    LoadTranFile(state.SelectedPos[AccountList], state.TopPos[TransactionList]);
-    RepaintScreen();
 }

@@ -1,6 +1,7 @@
 // A filtered view is a real file beside the real one; every reader simply opens it instead.
 #pragma once
 
+#include "records/place.h"
 #include "records/records.h"
 
 enum class FilterBy : uint8_t {
@@ -31,13 +32,20 @@ struct FilterCriteria {
     uint32_t FromArchive; // 1 when it was selected in the archive view
     uint32_t Kind;        // RowKind
 };
-void CriteriaFromRow(const TRec &row, int32_t position, FilterCriteria *criteria);
+void CriteriaFromRow(const TRec &row, const Place &place, int32_t position, int64_t accountType,
+                     FilterCriteria *criteria);
+
+// What a filter left of the rows of an account.
+struct FilterCount {
+    int32_t RowsBefore[2]; // by View: shown rows dated before `day`
+};
 
 // One pass over archive and live file of an account; `keep` 1 shows only what matches, 0 excludes it. Passes stack.
-// `date` is the day number near which the list should stay. 1, or 0 when a file could not be read or written.
-int ApplyFilter(uint32_t accountID, int keep, FilterBy field, const FilterCriteria &criteria, uint32_t date);
+// `day` is the day number near which the list should stay. 1, or 0 when a file could not be read or written.
+[[nodiscard]] int ApplyFilter(uint32_t accountID, int keep, FilterBy field, const FilterCriteria &criteria,
+                              uint32_t day, FilterCount *count);
 
-// Removes all filter files of all accounts, returns to the row one was on, reloads and repaints. 1 when there were any.
-int ClearFilters();
-// The same for the transaction screen, with balances computed anew.
-void ClearFiltersAndRecompute();
+// Removes all filter files of all accounts. 1 when there were any.
+int RemoveFilterFiles();
+// 1 when a filter hides rows of an account.
+bool AccountFiltered(uint32_t accountID);

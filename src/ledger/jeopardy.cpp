@@ -1,64 +1,24 @@
 #include "ledger/jeopardy.h"
-#include "ledger/account_window.h"
 #include "ledger/balance.h"
-#include "platform/shell.h"
-#include "state/messages.h"
-#include "state/state.h"
 #include "store/operations.h"
-#include "store/windows.h"
 
-int BreaksWholeLimit(const ARec &account, int64_t whole) {
+bool BreaksWholeLimit(const ARec &account, int64_t whole) {
     return (account.LowWatch && whole < account.MinLimit) || (account.HighWatch && whole > account.MaxLimit);
 }
 
-int BreaksLimit(const ARec &account, FixedAmount value) {
+bool BreaksLimit(const ARec &account, FixedAmount value) {
     return BreaksWholeLimit(account, WholePart(value));
 }
 
-namespace {
-
-int SelectedAccount(ARec *account) {
-    if (state.ActiveDialog == NoDialog && FetchAccount(state.SelectedPos[AccountList], account))
-        return 1;
-    Beep();
-    ShowHelp(0, 308);
-    return 0;
-}
-
-// Stores the watches and lets every flag follow. The flags belong to the live file, whichever view is shown.
-void StoreWatches(const ARec &account) {
-    const int32_t screen = state.CurrentScreen;
-    state.CurrentScreen = AccountList;
-    ModRecFile(0, state.SelectedPos[AccountList], &account);
-    CalcOneView(account.ID, 0);
-    CheckT1totals(1);
-    LoadCurrentAccount();
-    ReloadList(screen, state.TopPos[screen]);
-}
-
-} // namespace
-
-int JeopardyOn() {
+int WatchLimits(int32_t position, Watched limits) {
     ARec account;
-    if (!SelectedAccount(&account))
+    if (!FetchRecord(Place{AccountList}, position, &account))
         return 0;
-    if (account.LowWatch) {
-        account.HighWatch = 1;
-        ShowHelp(0, 294, 10, 0, 297, 298);
-    } else {
-        account.LowWatch = 1;
-        ShowHelp(293, 10, 0, 295, 296, 10);
-    }
-    StoreWatches(account);
-    return 1;
-}
-
-int JeopardyOff() {
-    ARec account;
-    if (!SelectedAccount(&account))
+    account.LowWatch = limits != Watched::None;
+    account.HighWatch = limits == Watched::Both;
+    if (!ChangeRecord(Place{AccountList}, position, account))
         return 0;
-    account.LowWatch = account.HighWatch = 0;
-    ShowHelp(0, 292, 10);
-    StoreWatches(account);
+    CalcOneView(LiveRows(account.ID, Rows::All)); // the flags belong to the live file, whichever view is shown
+    CheckT1totals();
     return 1;
 }

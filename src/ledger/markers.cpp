@@ -1,14 +1,11 @@
 #include "ledger/markers.h"
-#include "ledger/account_window.h"
 #include "ledger/balance.h"
 #include "ledger/order.h"
 #include "platform/clock.h"
 #include "platform/text.h"
-#include "state/messages.h"
 #include "state/state.h"
 #include "store/index.h"
 #include "store/operations.h"
-#include "store/windows.h"
 
 namespace {
 
@@ -55,41 +52,43 @@ void FillTotalMarker(ARec *row) {
     row->MaxLimit = 50000;
 }
 
-int InsertDayMarker() {
-    if (state.ActiveDialog != NoDialog || state.FilterView || !LoadCurrentAccount() ||
-        state.CurAccount.RowKind == HeadingRow)
-        return 0;
-    const int32_t screen = state.CurrentScreen;
-    state.CurrentScreen = TransactionList;
+void MakeDeletedMarker(TRec *row, int64_t accountType) {
+    row->RowKind = DeletedMarker;
+    row->Rank = DeletedRank;
+    row->CatSlot = 1; // KeepsCleared
+    CopyText(row->Name, TextRoom, u"Deleted");
+    CopyText(row->Memo, TextRoom, u"Autocreated to protect balance");
+    CopyText(row->FITID, TextRoom, u"");
+    row->Cleared = row->NoCash = 1;
+    row->Cash = 0;
+    row->Flag = 0;
+    row->TransferID = 0;
+    row->CatID = 0;
+    if (IsShare(accountType)) { // the prices are those of the row
+        row->Units = row->RunUnits;
+        row->ClearedUnits = row->RunClearedUnits;
+        row->CashAmount = row->RunTotal;
+        row->ClearedCashAmount = row->RunCleared;
+    } else {
+        row->Units = row->ClearedUnits = 1;
+        row->Value = row->RunTotal;
+        row->ClearedValue = row->RunCleared;
+    }
+}
+
+int32_t AddDayMarker(const Place &place) {
     RecDate today;
     LoadTodaysDate(&today);
     TRec row;
     FillDayMarker(&row, today);
-    const int made = AddRecFile(state.CurAccount.ID, CpDates(today, DayRank), &row, 0);
-    if (made) {
-        CalcBalance(state.CurAccount.ID);
-        int32_t top = state.TopPos[TransactionList];
-        const int32_t selection = state.SelectedPos[TransactionList];
-        if (selection < top || selection >= top + state.RowCount)
-            top = SetRecPosition(selection, state.EntryCount[TransactionList]);
-        LoadTranFile(state.SelectedPos[AccountList], top);
-    }
-    state.CurrentScreen = screen;
-    return made;
+    const int32_t position = AddRecord(place, PositionByDate(place, today, DayRank), row);
+    if (position > 0)
+        CalcTotals(place);
+    return position;
 }
 
-int InsertTotalMarker() {
-    if (state.CurrentScreen != AccountList || !state.DataUsable)
-        return 0;
+int32_t AddTotalMarker(int32_t position) {
     ARec row;
     FillTotalMarker(&row);
-    int32_t position = state.SelectedPos[AccountList];
-    if (position < 1 || position > state.EntryCount[AccountList])
-        position = state.EntryCount[AccountList] + 1;
-    const int made = AddRecFile(0, position, &row, 0);
-    if (made)
-        ShowHelp(240, 241, 0, 242, 0, 243);
-    LoadAccFile(state.TopPos[AccountList]);
-    LoadCurrentAccount();
-    return made;
+    return AddRecord(Place{AccountList}, position, row);
 }

@@ -1,15 +1,14 @@
 // Marker rows that an owner makes.
 #pragma once
 
+#include "records/place.h"
 #include "records/records.h"
 
-// A Day marker for today in the current account, balances right again and the window reloaded. Nothing while a filter
-// is shown or a form is open. 1 when made.
-int InsertDayMarker();
+// Adds a Day marker for today to an account's rows, balances right again. Its position, 0 when refused.
+[[nodiscard]] int32_t AddDayMarker(const Place &place);
 
-// A Total marker in the account list at the selected position, or after the last when that is past the end, with its
-// help lines. 1 when made.
-int InsertTotalMarker();
+// Adds a Total marker to the account list at a position. Where it stands, 0 when refused.
+[[nodiscard]] int32_t AddTotalMarker(int32_t position);
 
 // Row contents of the two, for whoever inserts them elsewhere. FillTotalMarker draws an ID.
 void FillDayMarker(TRec *row, const RecDate &date);
@@ -22,6 +21,13 @@ struct FileTotals {
     FixedAmount Price, ClearedPrice; // last seen; last seen on a reconciled row
 };
 void SetArchiveTotals(TRec *marker, int64_t accountType, const FileTotals &totals);
+
+// A Deleted marker in place of a row and all before it: it keeps what they came to, reconciled and not.
+void MakeDeletedMarker(TRec *row, int64_t accountType);
+// 1 when a Deleted marker holds the reconciled part apart; one without counts as reconciled whole.
+constexpr bool KeepsCleared(const TRec &row) {
+    return row.RowKind == DeletedMarker && row.CatSlot == 1;
+}
 
 // A Day marker's date and name alone.
 void SetMarkerDay(TRec *row, const RecDate &date);

@@ -24,57 +24,49 @@ uint32_t RankOf(uint8_t rowKind, In function) {
 
 namespace {
 
-struct Place { // what decides the order of two rows
+struct Rung { // what decides the order of two rows
     uint32_t DayNumber, Rank;
 };
 
-Place PlaceOf(FileKind kind, const void *record) {
+Rung RungOf(FileKind kind, int32_t index) {
     if (kind == FileKind::Recurring) {
-        const auto *item = static_cast<const DDRec *>(record);
-        return {item->NextDate.DayNumber, item->Rank};
+        DDRecFile *item = RunRecord<DDRec>(index);
+        DecipherRecord(kind, item);
+        return {item->Rec.NextDate.DayNumber, item->Rec.Rank};
     }
-    const auto *row = static_cast<const TRec *>(record);
-    return {row->Date.DayNumber, row->Rank};
+    TRecFile *row = RunRecord<TRec>(index);
+    DecipherRecord(kind, row);
+    return {row->Rec.Date.DayNumber, row->Rec.Rank};
 }
 
 } // namespace
 
-int32_t CpDates(const RecDate &date, uint32_t rank) {
-    const FileKind kind = KindOfList(state.CurrentScreen);
-    const bool items = state.CurrentScreen == RecurringList;
+int32_t PositionByDate(const Place &place, const RecDate &date, uint32_t rank) {
+    const FileKind kind = KindOfList(place.List);
+    const bool items = kind == FileKind::Recurring;
     if (!items && kind != FileKind::Transactions) {
         ReportError(In::CpDates, Trouble::CaseError);
         return 1;
     }
-    uint32_t filtered;
-    const int handle = OpenDataFile(kind, OpenOrCreate, state.CurAccount.ID, &filtered);
+    const int handle = OpenPlace(place, OpenOrCreate);
     if (handle < 0)
         ReportError(In::CpDates, CreateFailOf(kind));
-    const int32_t count = CountRecords(handle, kind);
+    const auto before = [&](const Rung &rung) {
+        return rung.DayNumber < date.DayNumber ||
+               (rung.DayNumber == date.DayNumber && (items ? rung.Rank < rank : rung.Rank <= rank));
+    };
     // Most rows belong near the end: the runs read backward start small and grow.
-    int32_t last = count, most = 4;
-    Place found = {0, 0};
+    int32_t last = CountRecords(handle, kind), most = 4;
     while (last > 0) {
         const int32_t first = std::max(1, last - most + 1);
-        const int32_t read = ReadRun(handle, kind, first, last - first + 1);
-        int32_t index = read - 1;
-        for (; index >= 0; --index) {
-            void *record = RunRecord(kind, index);
-            DecipherRecord(kind, record);
-            found = PlaceOf(kind, record);
-            if (found.DayNumber < date.DayNumber ||
-                (found.DayNumber == date.DayNumber && (items ? found.Rank < rank : found.Rank <= rank)))
-                break;
-        }
+        int32_t index = ReadRun(handle, kind, first, last - first + 1) - 1;
+        while (index >= 0 && !before(RungOf(kind, index)))
+            --index;
         last = first + index;
         if (index >= 0)
             break;
         most = std::min(most * 4, RunLength(kind));
     }
     CloseFile(handle);
-    if (!items) {
-        state.FoundDayNumber = last > 0 ? found.DayNumber : 0;
-        state.EntryCount[TransactionList] = count;
-    }
     return last + 1;
 }

@@ -1,12 +1,11 @@
 #include "ledger/reconcile.h"
 #include "cipher/hooks.h"
-#include "ledger/account_file.h"
 #include "state/error_log.h"
 #include "state/state.h"
+#include "store/catalogue.h"
 #include "store/index.h"
 #include "store/operations.h"
 #include "store/runs.h"
-#include "store/windows.h"
 #include <bit>
 
 namespace {
@@ -45,23 +44,22 @@ uint32_t SmallestMask(int count, FixedAmount target) {
 
 } // namespace
 
-void LoadReconcileCandidates() {
+void LoadReconcileCandidates(const Place &place) {
     state.CandidateCount = 0;
     RecDate today;
     LoadTodaysDate(&today);
-    uint32_t filtered;
-    const int handle = OpenDataFile(Kind, OpenOrCreate, state.CurAccount.ID, &filtered);
+    const int handle = OpenPlace(place, OpenOrCreate);
     int32_t read;
     for (int32_t first = 1;
          state.CandidateCount < MostCandidates && (read = ReadRun(handle, Kind, first, RunLength(Kind))) > 0;
          first += read) {
         for (int32_t index = 0; index < read && state.CandidateCount < MostCandidates; ++index) {
-            auto *record = static_cast<TRecFile *>(RunRecord(Kind, index));
+            TRecFile *record = RunRecord<TRec>(index);
             DecipherRecord(Kind, record);
             const TRec &row = record->Rec;
             if (IsCandidate(row, today.DayNumber))
                 state.Candidates[state.CandidateCount++] = {first + index, TimesUnits(row.Units, row.Value),
-                                                            row.Cleared, 0};
+                                                            row.Cleared, 0, 0};
         }
     }
     CloseFile(handle);
@@ -82,39 +80,39 @@ void SearchReconcile() {
     state.ReconcileState = mask ? ReconcileStep::Solved : ReconcileStep::Impossible;
 }
 
-void RunReconcile(FixedAmount target) {
+void RunReconcile(const Place &place, FixedAmount target) {
     state.ReconcileState = ReconcileStep::Computing;
-    ARec account;
-    if (FindAccount(state.CurAccount.ID, &account, nullptr))
-        state.CurAccount.ClearedBalance = account.ClearedBalance;
-    state.CurrentCleared = state.CurAccount.ClearedBalance;
+    ARec account = {};
+    FindAccount(place.Account, &account, nullptr);
+    state.CurrentCleared = account.ClearedBalance;
     state.TargetBalance = target;
     state.Discrepancy = SubtractAmounts(state.TargetBalance, state.CurrentCleared);
-    LoadReconcileCandidates();
+    LoadReconcileCandidates(place);
     SearchReconcile();
 }
 
-int IsReconcileCandidate(int32_t position) {
+bool IsReconcileCandidate(int32_t position) {
     if (state.ReconcileState != ReconcileStep::Solved)
-        return 0;
+        return false;
     for (int i = 0; i < state.CandidateCount; ++i)
         if (state.Candidates[i].Position == position)
             return state.Candidates[i].Selected == 1;
-    return 0;
+    return false;
 }
 
-void ApplyReconcile() {
+int ApplyReconcile(const Place &place) {
     if (state.ReconcileState != ReconcileStep::Solved)
-        return;
-    const int32_t screen = state.CurrentScreen;
-    state.CurrentScreen = TransactionList;
+        return 0;
     for (int i = 0; i < state.CandidateCount; ++i) {
         TRec row;
-        if (!state.Candidates[i].Selected || !FetchTran(state.Candidates[i].Position, &row))
+        if (!state.Candidates[i].Selected)
             continue;
+        if (!FetchRecord(place, state.Candidates[i].Position, &row))
+            return 0;
         row.Cleared = 1;
-        ModRecFile(state.CurAccount.ID, state.Candidates[i].Position, &row);
+        if (!ChangeRecord(place, state.Candidates[i].Position, row))
+            return 0;
     }
     state.ReconcileState = ReconcileStep::Idle;
-    state.CurrentScreen = screen;
+    return 1;
 }

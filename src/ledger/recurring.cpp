@@ -1,18 +1,17 @@
 #include "ledger/recurring.h"
-#include "ledger/account_file.h"
-#include "ledger/account_window.h"
-#include "ledger/balance.h"
-#include "ledger/filter.h"
-#include "ledger/moves.h"
-#include "ledger/order.h"
+#include "ledger/entries.h"
 #include "ledger/shares.h"
-#include "platform/shell.h"
+#include "platform/action.h"
 #include "platform/text.h"
+#include "records/entry_values.h"
 #include "state/error_log.h"
 #include "state/state.h"
+#include "store/catalogue.h"
+#include "store/index.h"
 #include "store/operations.h"
-#include "store/windows.h"
+#include "store/runs.h"
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 
 namespace {
@@ -20,46 +19,36 @@ namespace {
 constexpr FileKind Kind = FileKind::Recurring;
 
 int OpenItems(In function) {
-    const int handle = OpenDataFile(Kind, OpenOrCreate, 0, nullptr);
+    const int handle = OpenDataFile(Kind, OpenOrCreate);
     if (handle < 0)
         ReportError(function, Trouble::DcreateFail);
     return handle;
 }
 
-void WriteItem(int handle, int32_t position, const DDRec &item, In function) {
+int WriteItem(int handle, int32_t position, const DDRec &item, In function) {
     DDRecFile record = {item, {}};
-    if (!WriteRecord(handle, Kind, position, &record))
-        ReportError(function, Trouble::DwriteFail);
+    if (WriteRecord(handle, Kind, position, &record))
+        return 1;
+    ReportError(function, Trouble::DwriteFail);
+    return 0;
+}
+
+const DDBlock &BlockOf(const DDRec &item) {
+    return item.Block[BlockInForce(item)];
 }
 
 // The entry as it stands in an account of that type, before any transfer.
 void BuildEntry(const DDRec &item, int64_t accountType, TRec *row) {
-    const DDBlock &block = item.Block[BlockInForce(item)];
     InitTRec(row);
     row->Date = item.NextDate;
     row->Rank = item.Rank;
     CopyText(row->Name, TextRoom, item.Name);
-    CopyText(row->Memo, TextRoom, block.Memo);
-    row->Cleared = block.Cleared;
-    row->Cash = block.Cash;
-    row->NoCash = block.NoCash;
-    row->Flag = block.Flag;
-    row->Units = block.Units;
-    row->CatID = block.CatID;
-    row->Value = block.Value;
-    row->CashAmount = block.Cash ? block.Value : 0;
+    CopyEntryValues(BlockOf(item), row);
+    row->TransferID = 0;
     if (row->Cash && !IsShare(accountType)) {
         row->Cash = 0;
         row->Units = 1;
     }
-}
-
-// Into its date order in an account, which becomes the current one. The position, or 0 when the disk could not take it.
-int32_t PostEntry(uint32_t accountID, const TRec &row) {
-    state.CurrentScreen = TransactionList;
-    MakeAccountCurrent(accountID);
-    const int32_t position = CpDates(row.Date, row.Rank);
-    return AddRecFile(accountID, position, &row, 1) ? position : 0;
 }
 
 // A month as long as it is in a year divisible by 4, without the rule for centuries. This is deliberate: an item of
@@ -74,63 +63,69 @@ void SetWantedDay(RecDate *date, uint8_t dayWanted) {
     date->DayNumber += static_cast<uint32_t>(day - real);
 }
 
-void AddDays(RecDate *date, int64_t days) {
-    const int64_t day = std::min<int64_t>(date->DayNumber + days, LastDayNumber);
+// Both give 0 for a date past the last valid day.
+int AddDays(RecDate *date, int64_t days) {
+    const int64_t day = date->DayNumber + days;
+    if (day > LastDayNumber)
+        return 0;
     *date = DateFromDayNumber(static_cast<uint32_t>(day));
+    return 1;
 }
 
-void AddMonths(RecDate *date, int64_t months, uint8_t dayWanted) {
-    int64_t month = date->Month + months;
-    int64_t year = date->Year;
-    if (month > 12) {
-        const int64_t years = (month - 1) / 12;
-        year += years;
-        month -= 12 * years;
-    }
-    if (year > 9999) {
-        *date = DateFromDayNumber(LastDayNumber);
-        return;
-    }
+int AddMonths(RecDate *date, int64_t months, uint8_t dayWanted) {
+    const int64_t month = date->Month - 1 + months;
+    const int64_t year = date->Year + month / 12;
+    if (year > LastYear)
+        return 0;
     date->Year = static_cast<uint32_t>(year);
-    date->Month = static_cast<int8_t>(month);
+    date->Month = static_cast<int8_t>(month % 12 + 1);
     SetWantedDay(date, dayWanted);
+    return 1;
 }
 
-void AdvanceDate(DDRec *item) {
-    RecDate date = item->NextDate;
+// To the next occurrence. 0 when there is none: past the last valid day, or by a unit that is not known.
+int AdvanceDate(DDRec *item) {
     switch (item->PeriodUnit[0]) {
     case u'D':
-        AddDays(&date, item->PeriodCount);
-        break;
+        return AddDays(&item->NextDate, item->PeriodCount);
     case u'W':
-        AddDays(&date, int64_t{7} * item->PeriodCount);
-        break;
+        return AddDays(&item->NextDate, int64_t{7} * item->PeriodCount);
     case u'M':
-        AddMonths(&date, item->PeriodCount, item->DayWanted);
-        break;
+        return AddMonths(&item->NextDate, item->PeriodCount, item->DayWanted);
     case u'Y':
-        AddMonths(&date, int64_t{12} * item->PeriodCount, item->DayWanted);
-        break;
+        return AddMonths(&item->NextDate, int64_t{12} * item->PeriodCount, item->DayWanted);
+    default:
+        return 0;
     }
-    item->NextDate = date;
 }
 
-int IsDue(const DDRec &item, uint32_t horizon) {
+uint32_t Horizon() {
+    const int64_t last = int64_t{state.SharedToday.DayNumber} + state.CheckAheadDays;
+    return static_cast<uint32_t>(std::clamp<int64_t>(last, 0, LastDayNumber));
+}
+
+bool IsDue(const DDRec &item, uint32_t horizon) {
     const uint32_t day = item.NextDate.DayNumber;
     return day >= FirstDayNumber && day <= LastDayNumber && day <= horizon && item.Remaining >= 1 &&
-           item.PeriodCount >= 1 && AccountThere(item.Block[BlockInForce(item)].Account);
+           item.PeriodCount >= 1 && KnownAccountOf(BlockOf(item).Account);
 }
 
-// Writes what is due of one item. Returns how many entries.
+// One occurrence is over.
+void Advance(DDRec *item) {
+    if (item->TotalCount != ForEver)
+        --item->Remaining;
+    item->FirstDone = 1;
+    if (item->Remaining > 0 && !AdvanceDate(item))
+        item->Remaining = 0;
+}
+
+// Queues what is due of one item, and advances it. Returns how many entries, -1 when one was refused.
 int PostItem(DDRec *item, uint32_t horizon) {
     int fired = 0;
-    while (fired < EntriesAPass && IsDue(*item, horizon) && AddDDEntry(item)) {
-        ++fired;
-        if (item->TotalCount != ForEver)
-            --item->Remaining;
-        item->FirstDone = 1;
-        if (item->Remaining > 0)
-            AdvanceDate(item);
+    for (; fired < EntriesAPass && IsDue(*item, horizon); ++fired) {
+        if (!AddDDEntry(*item))
+            return -1;
+        Advance(item);
     }
     item->ItemStatus &= ~GeneratesMany;
     if (fired == EntriesAPass && IsDue(*item, horizon))
@@ -138,134 +133,130 @@ int PostItem(DDRec *item, uint32_t horizon) {
     return fired;
 }
 
-// Where an item belongs among the records behind it, which are in date order: before the first of its day or later.
-int32_t PlaceAmong(int handle, int32_t first, int32_t last, uint32_t day) {
-    while (first <= last) {
-        const int32_t middle = first + (last - first) / 2;
-        DDRecFile record;
-        if (!ReadRecord(handle, Kind, middle, &record))
-            break;
-        if (record.Rec.NextDate.DayNumber < day)
-            first = middle + 1;
-        else
-            last = middle - 1;
+// Shows `visit` every item with its position and the open file; it answers false to end. Reads in runs of its own.
+template <typename Visit> void ForEachItem(In function, Visit visit) {
+    constexpr int32_t AtOnce = 32;
+    DDRecFile records[AtOnce];
+    const int handle = OpenItems(function);
+    bool more = handle >= 0;
+    int32_t read = AtOnce;
+    for (int32_t first = 1; more && read == AtOnce; first += read) {
+        read = ReadRecords(handle, Kind, first, AtOnce, records);
+        for (int32_t index = 0; more && index < read; ++index)
+            more = visit(handle, first + index, records[index].Rec);
     }
-    return first;
+    CloseFile(handle);
 }
 
-// Dates have moved on: items that now stand before an earlier one are carried behind it, from the end of the file on.
-// Items of one day keep their order.
-void RestoreDateOrder(int32_t count) {
-    state.CurrentScreen = RecurringList;
-    for (int32_t position = count - 1; position > 0; --position) {
-        const int handle = OpenItems(In::CheckDDs);
-        DDRecFile item;
-        const int read = ReadRecord(handle, Kind, position, &item);
-        const int32_t to = read ? PlaceAmong(handle, position + 1, count, item.Rec.NextDate.DayNumber) : 0;
-        CloseFile(handle);
-        if (!read || (to > position + 1 && !ShiftRecord(0, position, to, &item.Rec)))
-            return;
+// Dates have moved on: the items are put into the order of their days; those of one day keep theirs. Into a file
+// beside, which takes the place of the items' file. More than MostKeys are left as they stand.
+struct ItemKey {
+    uint32_t Day;
+    int32_t Position;
+};
+constexpr int32_t MostKeys = RunBytes / 2 / static_cast<int32_t>(sizeof(ItemKey));
+
+int RestoreDateOrder() {
+    auto *keys = reinterpret_cast<ItemKey *>(state.RunBuffer + RunBytes / 2);
+    int32_t count = 0;
+    bool inOrder = true;
+    ForEachItem(In::CheckDDs, [&](int, int32_t position, const DDRec &item) {
+        inOrder = inOrder && (count == 0 || keys[count - 1].Day <= item.NextDate.DayNumber);
+        keys[count++] = {item.NextDate.DayNumber, position};
+        return count < MostKeys;
+    });
+    if (inOrder || count == MostKeys)
+        return 1;
+    std::sort(keys, keys + count, [](const ItemKey &a, const ItemKey &b) {
+        return a.Day < b.Day || (a.Day == b.Day && a.Position < b.Position);
+    });
+    char items[PathRoom], sorted[PathRoom];
+    DataPath(items, Kind);
+    std::snprintf(sorted, sizeof sorted, "%s\\DD~", DataDirectory);
+    const int source = OpenItems(In::CheckDDs), target = OpenFile(sorted, OpenOrCreate);
+    constexpr int32_t AtOnce = RunBytes / 2 / static_cast<int32_t>(sizeof(DDRecFile));
+    int done = source >= 0 && target >= 0 && CutFile(target, 0);
+    for (int32_t from = 0; done && from < count; from += AtOnce) {
+        const int32_t run = std::min(AtOnce, count - from);
+        for (int32_t index = 0; done && index < run; ++index)
+            done = ReadRun(source, Kind, keys[from + index].Position, 1, index) == 1;
+        done = done && WriteRun(target, Kind, 0, run, from + 1);
     }
+    CloseFile(source);
+    CloseFile(target);
+    return done && MoveFileTo(sorted, items);
 }
 
 } // namespace
 
-int AddDDEntry(const DDRec *item) {
-    const DDBlock &block = item->Block[BlockInForce(*item)];
-    ARec account, partner;
-    if (!FindAccount(block.Account, &account, nullptr))
+int AddDDEntry(const DDRec &item) {
+    const DDBlock &block = BlockOf(item);
+    const KnownAccount *account = KnownAccountOf(block.Account), *partner = KnownAccountOf(block.Transfer);
+    if (!account)
         return 0;
     TRec row;
-    int32_t counterPosition = 0;
-    const int transfer = block.Transfer != 0 && FindAccount(block.Transfer, &partner, nullptr);
-    if (transfer) {
-        BuildEntry(*item, account.AccType, &row);
-        MakeCounterEntry(&row, account.AccType, partner.AccType);
-        counterPosition = PostEntry(block.Transfer, row);
-        if (counterPosition == 0)
+    if (partner) {
+        BuildEntry(item, account->AccType, &row);
+        MakeCounterEntry(&row, account->AccType, partner->AccType);
+        if (!QueueEntry(partner->ID, row))
             return 0;
-        CalcBalance(block.Transfer);
     }
-    BuildEntry(*item, account.AccType, &row);
-    row.TransferID = transfer ? block.Transfer : 0;
-    if (PostEntry(block.Account, row) == 0) {
-        if (counterPosition > 0) {
-            DeleteRecFile(block.Transfer, counterPosition);
-            CalcBalance(block.Transfer);
-        }
-        return 0;
-    }
-    CalcBalance(block.Account);
-    return 1;
+    BuildEntry(item, account->AccType, &row);
+    row.TransferID = partner ? partner->ID : 0;
+    return QueueEntry(account->ID, row);
 }
 
-void CheckDDs() {
+bool AnItemIsDue() {
+    LoadTodaysDate(&state.SharedToday);
+    bool due = false;
+    if (!state.DataUsable)
+        return false;
+    KnowAccounts();
+    ForEachItem(In::CheckDDs, [&](int, int32_t, const DDRec &item) {
+        due = IsDue(item, Horizon());
+        return !due;
+    });
+    return due;
+}
+
+int PostDueItems() {
     LoadTodaysDate(&state.SharedToday);
     if (!state.DataUsable)
-        return;
-    const int64_t last = int64_t{state.SharedToday.DayNumber} + state.CheckAheadDays;
-    const auto horizon = static_cast<uint32_t>(std::clamp<int64_t>(last, 0, LastDayNumber));
-    const int32_t screen = state.CurrentScreen;
-    const uint32_t view = state.ArchiveView;
-    int fired = 0;
-    const int32_t accountPosition = state.SelectedPos[AccountList];
-    const uint32_t accountID = state.CurAccount.ID;
-    int32_t selection = state.SelectedPos[TransactionList];
-    const int handle = OpenItems(In::CheckDDs);
-    const int32_t count = CountRecords(handle, Kind);
-    DDRecFile record;
-    for (int32_t position = 1; position <= count && ReadRecord(handle, Kind, position, &record); ++position) {
-        const DDRec before = record.Rec;
-        if (!fired && IsDue(record.Rec, horizon)) {
-            // The entries must reach the real files; the row one was on is another one without a filter.
-            ClearFilters();
-            selection = state.SelectedPos[TransactionList];
-        }
-        state.ArchiveView = 0;
-        fired += PostItem(&record.Rec, horizon);
-        state.ArchiveView = view;
-        state.CurrentScreen = screen;
-        if (std::memcmp(&before, &record.Rec, sizeof before) != 0)
-            WriteItem(handle, position, record.Rec, In::CheckDDs);
-    }
-    CloseFile(handle);
-    if (fired)
-        RestoreDateOrder(count);
-    state.SelectedPos[AccountList] = accountPosition;
-    if (fired || state.CurAccount.ID != accountID) { // an entry that failed has left its account the current one
-        LoadCurrentAccount();
-        CountTransactions();
-    }
-    if (fired) {
-        CheckT1totals(0);
-        state.CurrentScreen = screen;
-        ReloadList(screen, state.TopPos[screen]);
-        CountTransactions();
-        Beep(Sound::Exclamation);
-    }
-    state.SelectedPos[TransactionList] = selection;
-    state.CurrentScreen = screen;
-    if (fired)
-        RepaintScreen();
+        return 0;
+    KnowAccounts();
+    int fired = 0, refused = 0;
+    ForEachItem(In::CheckDDs, [&](int handle, int32_t position, DDRec &item) {
+        const DDRec before = item;
+        const int posted = PostItem(&item, Horizon());
+        fired += posted;
+        refused = posted < 0 ||
+                  (std::memcmp(&before, &item, sizeof before) != 0 && !WriteItem(handle, position, item, In::CheckDDs));
+        return !refused;
+    });
+    if (!refused && fired > 0)
+        refused = !PlaceQueuedEntries() || !RestoreDateOrder();
+    if (!refused)
+        return fired;
+    state.WaitingCount = 0;
+    RefuseAction(); // no entry without its item, no item without its entry
+    return 0;
 }
 
 int DDFileCheck() {
     if (!state.DataUsable)
         return state.RecurringInOrder != 0;
-    const int handle = OpenItems(In::DDFileCheck);
+    KnowAccounts();
     int clean = 1;
-    DDRecFile record;
-    for (int32_t position = 1; ReadRecord(handle, Kind, position, &record); ++position) {
-        DDRec item = record.Rec;
-        const DDBlock &block = item.Block[BlockInForce(item)];
-        const int missing = !AccountThere(block.Account) || (block.Transfer != 0 && !AccountThere(block.Transfer));
-        item.ItemStatus = missing ? MissingAccount : 0U;
-        if (missing || WholeMagnitude(TimesUnits(block.Units, block.Value)) > uint64_t{LargestShown})
+    ForEachItem(In::DDFileCheck, [&](int handle, int32_t position, DDRec &item) {
+        const uint32_t before = item.ItemStatus;
+        const DDBlock &block = BlockOf(item);
+        const bool missing = !KnownAccountOf(block.Account) || (block.Transfer != 0 && !KnownAccountOf(block.Transfer));
+        // What a pass found of an item that makes many entries holds until the next pass.
+        item.ItemStatus = (before & GeneratesMany) | (missing ? +MissingAccount : 0U);
+        if (item.ItemStatus != 0 || WholeMagnitude(TimesUnits(block.Units, block.Value)) > uint64_t{LargestShown})
             clean = 0;
-        if (item.ItemStatus != record.Rec.ItemStatus)
-            WriteItem(handle, position, item, In::DDFileCheck);
-    }
-    CloseFile(handle);
+        return item.ItemStatus == before || WriteItem(handle, position, item, In::DDFileCheck);
+    });
     state.RecurringInOrder = static_cast<uint32_t>(clean);
     return clean;
 }

@@ -1,17 +1,16 @@
 #include "ledger/shares.h"
-#include "ledger/account_file.h"
 #include "state/error_log.h"
-#include "state/state.h"
+#include "store/index.h"
 
-void UpdateShareMode(int32_t position, uint32_t accountType) {
-    state.AccountKind = static_cast<int32_t>(accountType);
+int UpdateShareMode(uint32_t accountID, uint32_t accountType) {
     ARec account;
-    if (!ReadAccount(position, &account)) {
+    int32_t position;
+    if (!FindAccount(accountID, &account, &position)) {
         ReportError(In::UpdateShareMode, Trouble::AcreateFail);
-        return;
+        return 0;
     }
     account.AccType = accountType;
-    WriteAccount(position, account, In::UpdateShareMode);
+    return WriteAccount(position, account, In::UpdateShareMode);
 }
 
 uint32_t NextShareMode(uint32_t accountType) {

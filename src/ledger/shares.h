@@ -3,8 +3,8 @@
 
 #include "records/records.h"
 
-// Makes a measure the one shown, in state.AccountKind and in the account at a position.
-void UpdateShareMode(int32_t position, uint32_t accountType);
+// Makes a measure the one shown of the account with this ID. 0 when refused.
+[[nodiscard]] int UpdateShareMode(uint32_t accountID, uint32_t accountType);
 // The measure that the next tap on the column's title shows: 2 to 4 to 3 to 5 to 6 to 2.
 uint32_t NextShareMode(uint32_t accountType);
 

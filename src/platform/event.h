@@ -3,14 +3,15 @@
 
 #include <cstdint>
 
-// The program's windows. Each has a persistent image; see surface.h.
+// ORDER WINDOW: the program's windows. Each has a persistent image, see surface.h, and a place of its own, see
+// resources/geometry.h.
 enum Window : uint8_t {
     NoWindow,     // a release outside every window
-    TopWindow,    // 240 x 294 at device y 26: header and column titles; the parent of List and Host
-    ListWindow,   // 240 x 262 at y 36 of TopWindow: rows, tab strip, message window
-    HostWindow,   // 240 x 394 at 0, 0 of TopWindow, hidden unless used: front page, calculator, palette, pass code
+    TopWindow,    // header and column titles; the parent of List and Host
+    ListWindow,   // rows, tab strip, message window
+    HostWindow,   // hidden unless used: front page, calculator, palette, pass code
     HubWindow,    // the small data hub, placed by the program in TopWindow's coordinates
-    DialogWindow, // the open form, 240 x 268 at device y 26
+    DialogWindow, // the open form
     WindowCount
 };
 

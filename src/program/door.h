@@ -8,11 +8,17 @@
 // windows.
 [[nodiscard]] int WinMain();
 
-// Every event of the host. When it returns, the screen is painted and the files are written.
+// Every event of the host, as one action (platform/action.h). When it returns, the screen is painted and what the event
+// did is durable, or the owner has been told that nothing of it was done.
 void HandleEvent(const Event &event);
 
 // Called when no input waits. 1 while it wants to be called again without an event.
 int IdleStep();
+
+// Called once when no input has come for RestMilliseconds: brings the files to the disk itself, so that no tap waits
+// for it.
+inline constexpr int RestMilliseconds = 2000;
+void RestStep();
 
 // Questions of a host, which change nothing.
 // What stands at a point of a window.

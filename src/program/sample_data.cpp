@@ -1,6 +1,7 @@
 #include "program/sample_data.h"
 #include "ledger/balance.h"
 #include "ledger/markers.h"
+#include "platform/action.h"
 #include "platform/clock.h"
 #include "platform/text.h"
 #include "state/state.h"
@@ -83,10 +84,17 @@ constexpr SampleConversion Conversions[] = {
 // clang-format on
 constexpr int32_t MarkerPosition = 4;
 
+template <typename Rec> void Put(const Place &place, int32_t position, const Rec &row) {
+    if (!AddRecord(place, position, row))
+        RefuseAction(); // the samples come whole
+}
+template <typename Rec> void Put(int32_t position, const Rec &row) {
+    Put(Place{ListOf<Rec>}, position, row);
+}
+
 // The first of the three ids; the others follow it.
 int64_t AddCategories(bool besideAccounts) {
     const int64_t firstID = ClockTicks();
-    state.CurrentScreen = CategoryList;
     int32_t position = 0;
     for (const SampleCategory &sample : Categories) {
         CatRec row;
@@ -97,7 +105,7 @@ int64_t AddCategories(bool besideAccounts) {
         row.Green = sample.Green;
         row.Blue = sample.Blue;
         row.CatID = firstID + position;
-        AddRecFile(0, ++position, &row, 0);
+        Put(++position, row);
     }
     state.EntryCount[CategoryList] = state.SelectedPos[CategoryList] = position;
     LoadCatFile(position);
@@ -105,6 +113,7 @@ int64_t AddCategories(bool besideAccounts) {
 }
 
 void AddEntries(int account, uint32_t accountID, int64_t firstCategory) {
+    const Place place = LiveRows(accountID, Rows::All);
     RecDate today;
     LoadTodaysDate(&today);
     uint32_t day = today.DayNumber;
@@ -123,14 +132,12 @@ void AddEntries(int account, uint32_t accountID, int64_t firstCategory) {
         row.Value = sample.Value;
         row.Cleared = sample.Cleared;
         row.CatID = sample.Category ? firstCategory + sample.Category - 1 : 0;
-        state.CurrentScreen = TransactionList;
-        AddRecFile(accountID, sample.Position, &row, 0);
+        Put(place, sample.Position, row);
     }
     TRec marker;
     FillDayMarker(&marker, today);
-    state.CurrentScreen = TransactionList;
-    AddRecFile(accountID, MarkerPosition, &marker, 0);
-    CalcBalance(accountID);
+    Put(place, MarkerPosition, marker);
+    CalcTotals(place);
 }
 
 void AddAccounts() {
@@ -144,13 +151,11 @@ void AddAccounts() {
         row.ID = id[i] = GetNextID();
         row.MinLimit = 50;
         row.MaxLimit = 50000;
-        state.CurrentScreen = AccountList;
-        AddRecFile(0, static_cast<int32_t>(i) + 1, &row, 0);
+        Put(static_cast<int32_t>(i) + 1, row);
     }
     LoadAccFile(1);
     for (size_t i = 0; i < std::size(Accounts); ++i)
         AddEntries(static_cast<int>(i) + 1, id[i], firstCategory);
-    state.CurrentScreen = AccountList;
 }
 
 void AddRecurring() {
@@ -177,13 +182,11 @@ void AddRecurring() {
     CopyText(row.PeriodUnit, static_cast<int>(std::size(row.PeriodUnit)), u"Month(s)");
     row.PeriodCount = 1;
     row.TotalCount = row.Remaining = 5;
-    state.CurrentScreen = RecurringList;
-    AddRecFile(0, 1, &row, 0);
+    Put(1, row);
     LoadDDFile(1);
 }
 
 void AddTemplates() {
-    state.CurrentScreen = TemplateList;
     int32_t position = 0;
     for (const SampleTemplate &sample : Templates) {
         FRec row;
@@ -194,14 +197,12 @@ void AddTemplates() {
         row.Value = sample.Value;
         row.Cleared = sample.Cleared;
         row.Flag = sample.Flag;
-        AddRecFile(0, ++position, &row, 0);
+        Put(++position, row);
     }
     LoadFavFile(position);
-    StoreConfFile();
 }
 
 void AddConversions() {
-    state.CurrentScreen = ConversionList;
     int32_t position = 0;
     for (const SampleConversion &sample : Conversions) {
         CurRec row;
@@ -211,7 +212,7 @@ void AddConversions() {
         CopyText(row.Note, TextRoom, sample.Note);
         row.Rate = sample.Rate;
         row.InverseRate = 1000000 / sample.Rate;
-        AddRecFile(0, ++position, &row, 0);
+        Put(++position, row);
     }
     state.EntryCount[ConversionList] = state.SelectedPos[ConversionList] = position;
     LoadCurFile(position);
@@ -221,7 +222,8 @@ void AddCheckRecord() {
     ConfRec record = {};
     record.Version = RecordVersion;
     CopyText(record.PassCheck, static_cast<int>(std::size(record.PassCheck)), PassCheckText);
-    StoreRecord(CheckRecord, &record);
+    if (!StoreRecord(CheckRecord, &record))
+        RefuseAction();
 }
 
 } // namespace
@@ -232,7 +234,8 @@ void CreateSampleData(FileKind kind) {
         AddAccounts();
         break;
     case FileKind::Configuration:
-        LoadConfFile();
+        if (!LoadConfFile())
+            RefuseAction();
         break;
     case FileKind::Recurring:
         AddRecurring();

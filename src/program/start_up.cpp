@@ -1,24 +1,29 @@
 #include "program/start_up.h"
 #include "drawing/cells.h"
-#include "drawing/colour_model.h"
+#include "drawing/palette.h"
+#include "frame/changes.h"
 #include "frame/command_bar.h"
 #include "frame/header.h"
 #include "frame/message_window.h"
 #include "frame/scroll.h"
 #include "ledger/account_window.h"
 #include "ledger/balance.h"
+#include "ledger/bin.h"
 #include "ledger/filter.h"
 #include "ledger/recurring.h"
+#include "platform/action.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/shell.h"
 #include "program/sample_data.h"
+#include "screens/list_screen.h"
 #include "screens/screens.h"
 #include "state/greys.h"
 #include "state/messages.h"
 #include "state/state.h"
 #include "store/catalogue.h"
 #include "store/configuration.h"
+#include "store/index.h"
 #include "store/windows.h"
 #include <span>
 
@@ -26,16 +31,36 @@ namespace {
 
 // --- Before the windows
 
-void MakeDirectories() {
-    static constexpr const char *Paths[] = {"\\Program Files", "\\Program Files\\Zentrik", DataDirectory};
-    for (const char *path : Paths)
+void MakeDirectories(std::span<const char *const> paths) {
+    for (const char *path : paths)
         if (!DirectoryThere(path) && !MakeDirectory(path))
             return; // whatever needs it reports for itself
 }
 
+constexpr const char *DirectoriesOutside[] = {"\\Program Files", "\\Program Files\\Zentrik"};
+constexpr const char *DirectoriesOfData[] = {DataDirectory};
+
+// Nothing may be read before the data are this process's alone and hold all that was done before.
+void TakeData() {
+    MakeDirectories(DirectoriesOutside);
+    const int locked = LockFiles();
+    if (locked == 1 && RecoverFiles())
+        return;
+    state.DataUsable = 0;
+    state.Refusal = locked == 0    ? DataRefusal::InUse
+                    : locked == -1 ? DataRefusal::Unreachable
+                                   : DataRefusal::Unrecovered;
+    TellTerminal(locked == 0 ? "zentrik: another program uses the data"
+                             : "zentrik: the data can't be taken for this program alone, or the journal not applied");
+}
+
+// The start is several actions, none of which an undo takes back.
+void BeginStep() {
+    BeginAction();
+    ActionLeavesNoHistory();
+}
+
 void AskForNames() {
-    for (int day = 0; day < 7; ++day)
-        state.DayNames[day] = WeekdayName(day);
     for (int month = 1; month <= 12; ++month)
         state.MonthNames[month] = MonthName(month);
     LoadTodaysDate(&state.SharedToday);
@@ -49,16 +74,27 @@ void OpenMessageWindow() {
     state.LeftEye = state.RightEye = OpenEye;
 }
 
-// Enciphered data can't be read before a pass code is asked for, and they may not be touched.
-void RefuseEncipheredData() {
+// Enciphered data can't be read before a pass code is asked for, and they may not be touched; nor may data of which a
+// part can't be read or is lost.
+void RefuseData(DataRefusal reason) {
     state.DataUsable = 0;
+    state.Refusal = reason;
     OpenMessageWindow();
 }
 
-int Missing(FileKind kind) {
+// Ends one step of the start and begins the next. 0 when the step was refused; what can't be read is not used at all.
+int NextAction() {
+    const int done = CommitAction();
+    if (!done && ActionRefused() == ReadRefused && state.DataUsable)
+        RefuseData(DataRefusal::Unreadable);
+    BeginStep();
+    return done;
+}
+
+bool Missing(FileKind kind) {
     char path[PathRoom];
     DataPath(path, kind);
-    return !FileExists(path);
+    return FileThere(path) == 0;
 }
 
 // A list behind the accounts, and whether its file was missing before a loader made it.
@@ -79,7 +115,7 @@ int LoadLists(std::span<FurtherList> lists) {
     for (const FurtherList &list : lists)
         list.Load(list.Top);
     LoadPalette();
-    return state.DataUsable == 1 && AcceptTranFile(state.SelectedPos[AccountList]);
+    return state.DataUsable == 1 && AcceptRows(LiveRows(RectoID(state.SelectedPos[AccountList])));
 }
 
 void FillWithSamples(std::span<const FurtherList> lists, int firstRun) {
@@ -101,7 +137,24 @@ void SetPositions() {
     state.SelectedPos[CategoryList] = state.SelectedPos[ConversionList] = 0;
 }
 
-void FirstLoad() {
+// The transaction files beside a list of accounts that is empty. One that belongs to no account of the bin is that of
+// an account whose row was lost.
+enum class AccountFiles : uint8_t { None, OfBin, Lost };
+AccountFiles FindAccountFiles() {
+    AccountFiles found = AccountFiles::None;
+    FileWalk walk;
+    char name[PathRoom];
+    FindNames(&walk, DataDirectory, "E1_02");
+    while (found != AccountFiles::Lost && FindNextName(&walk, name, PathRoom)) {
+        uint32_t accountID;
+        found = AccountOfFile(name, &accountID) && AccountInBin(accountID) ? AccountFiles::OfBin : AccountFiles::Lost;
+    }
+    EndFind(&walk);
+    return found;
+}
+
+// 1 when all of it was done and is durable.
+int FirstLoad() {
     FurtherList lists[] = {
         {FileKind::Recurring, RecurringList, LoadDDFile, 1, true, 0},
         {FileKind::Templates, TemplateList, LoadFavFile, 0, true, 0},
@@ -110,48 +163,60 @@ void FirstLoad() {
         {FileKind::Conversions, ConversionList, LoadCurFile, 0, true, 0},
     };
     SetPositions();
-    const int usable = LoadLists(lists);
-    state.FileAccessReady = 1;
-    const int firstRun = usable && state.EntryCount[AccountList] == 0;
+    int usable = LoadLists(lists);
+    const bool noAccounts = usable && state.EntryCount[AccountList] == 0;
+    const AccountFiles files = noAccounts ? FindAccountFiles() : AccountFiles::None;
+    if (files == AccountFiles::Lost) {
+        RefuseData(DataRefusal::AccountsLost);
+        usable = 0;
+    }
+    const bool firstRun = noAccounts && files == AccountFiles::None;
+    int done = 1;
     if (usable) {
-        FillWithSamples(lists, firstRun);
-        CheckT1totals(0);
+        if (!ActionRefused())
+            FillWithSamples(lists, firstRun);
+        done = NextAction();
+        CheckT1totals();
+        done = NextAction() && done;
     }
     if (firstRun || !usable)
         OpenMessageWindow();
+    return done;
+}
+
+void ShowFirstAccount() {
     SetPositions();
     state.CurrentScreen = AccountList;
-    LoadAccFile(1);
+    ReloadList(AccountList, 1);
     LoadCurrentAccount();
     if (state.CurAccount.RowKind != HeadingRow)
         LoadTranFile(state.SelectedPos[AccountList], 0);
-    LoadAccFile(1);
+    ReloadList(AccountList, 1);
     state.SelectedPos[TransactionList] = 0;
     MeasureYearColumn();
 }
 
 // --- The first screen
 
-void ShowFirstScreen() {
+void ShowFirstScreen(int loaded) {
     state.FrontPageDone = 1;
     // A disk that refuses says so before anything is entered.
-    const bool writable = !state.DataUsable || StampLastChecked();
+    const bool writable = !state.DataUsable || loaded;
     if (!writable)
         OpenMessageWindow();
     SetMenuBar();
     if (state.DataUsable) {
         CheckDDs();
         DDFileCheck();
+        static_cast<void>(NextAction());
     }
     state.CurrentScreen = AccountList;
-    LoadAccFile(1);
+    ReloadList(AccountList, 1);
+    LoadCurrentAccount();
     SetGreys(AccountList);
     PlaceListScrollBar();
     doAccounts(ListWindow, PaintAll);
-    if (writable)
-        ShowHelpMessage(1, 1, 0, 2, 3, 0, 0, 0);
-    else
-        ShowHelpMessage(1, 1, 128, 0, 133, 0, 0, 0);
+    ForceHelp(writable ? Help::TapAnItem : Help::NotWritable);
 }
 
 } // namespace
@@ -162,27 +227,39 @@ int StartUp() {
         return -1;
     ResetState();
     SetPaintProcedures();
-    MakeDirectories();
+    TakeData();
+    BeginStep();
+    MakeDirectories(DirectoriesOfData);
     DefaultPalette();
     AskForNames();
-    if (!CreateWindows())
+    if (!CreateWindows()) {
+        AbortAction();
         return 0;
+    }
     LoadHelp();
-    LoadConfFile();
-    UpdateBmap();
+    if (state.DataUsable) {
+        if (!LoadConfFile())
+            RefuseActionFor(ReadRefused);
+        UpdateBmap();
+    }
     if (state.PasswordOn == 1)
-        RefuseEncipheredData();
-    FirstLoad();
-    ShowFirstScreen();
+        RefuseData(DataRefusal::WrongVersion); // until a pass code is asked for
+    const int loaded = FirstLoad();
+    ShowFirstAccount();
+    ShowFirstScreen(loaded);
+    static_cast<void>(CommitAction()); // what showing wrote is written again when it is needed
+    static_cast<void>(LockFiles());    // with the data directory, which may be this start's
     return 1;
 }
 
 void ShutDown(int keepFilters) {
+    BeginStep();
     if (state.DataUsable) {
         if (!keepFilters)
             ClearFilters();
         StoreConfFile();
     }
-    SyncFiles();
+    static_cast<void>(CommitAction()); // refused or not, the program leaves
+    static_cast<void>(SyncFiles());    // what it can't bring to the disk, the next start finds in the journal
     LeaveLoop();
 }

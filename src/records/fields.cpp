@@ -176,6 +176,10 @@ constexpr Field Deleted[] = {
     FIELD(BinRec, FromName,             Text32),
     FIELD(BinRec, ToName,               Text32),
     FIELD(BinRec, AccountLayout,        Bytes44),
+    FIELD(BinRec, Carries,              Byte),
+    FIELD(BinRec, CashAmount,           Amount),
+    FIELD(BinRec, ClearedCashAmount,    Amount),
+    FIELD(BinRec, FITID,                Text32),
 };
 
 constexpr Field Category[] = {

@@ -206,7 +206,10 @@ struct BinRec { // anything deleted
     int32_t PeriodCount, TotalCount, Remaining;
     char16_t FromName[32], ToName[32];
     uint8_t AccountLayout[44]; // ColumnPos to BalanceInJeopardy of an account
-    uint8_t Unused780[84];
+    uint8_t Carries;           // 1: of a transaction the three fields below, instead of the two Low words alone
+    uint8_t Padding781[3];
+    FixedAmount CashAmount, ClearedCashAmount;
+    char16_t FITID[32];
 };
 
 struct CatRec { // a category
@@ -328,7 +331,8 @@ AT(BinRec, RunClearedUnits, 528); AT(BinRec, CashAmountLow, 532); AT(BinRec, Cle
 AT(BinRec, ClearedUnits, 540); AT(BinRec, ClearedValue, 544); AT(BinRec, RunTotal, 552); AT(BinRec, RunCleared, 560);
 AT(BinRec, ItemStatus, 568); AT(BinRec, DayWanted, 572); AT(BinRec, PeriodUnit, 574); AT(BinRec, PeriodCount, 596);
 AT(BinRec, TotalCount, 600); AT(BinRec, Remaining, 604); AT(BinRec, FromName, 608); AT(BinRec, ToName, 672);
-AT(BinRec, AccountLayout, 736);
+AT(BinRec, AccountLayout, 736); AT(BinRec, Carries, 780); AT(BinRec, CashAmount, 784);
+AT(BinRec, ClearedCashAmount, 792); AT(BinRec, FITID, 800);
 
 AT(CatRec, Name, 2); AT(CatRec, Description, 66); AT(CatRec, Red, 132); AT(CatRec, Green, 136); AT(CatRec, Blue, 140);
 AT(CatRec, CatID, 168);
@@ -376,3 +380,13 @@ constexpr int PayloadSize(FileKind kind) {
 constexpr FileKind KindOfList(int list) {
     return list == GraphList ? FileKind::Transactions : static_cast<FileKind>(list);
 }
+
+// The list that keeps a record of a type.
+template <typename Rec> inline constexpr int ListOf = NoList;
+template <> inline constexpr int ListOf<ARec> = AccountList;
+template <> inline constexpr int ListOf<TRec> = TransactionList;
+template <> inline constexpr int ListOf<DDRec> = RecurringList;
+template <> inline constexpr int ListOf<FRec> = TemplateList;
+template <> inline constexpr int ListOf<BinRec> = BinList;
+template <> inline constexpr int ListOf<CatRec> = CategoryList;
+template <> inline constexpr int ListOf<CurRec> = ConversionList;

@@ -3,343 +3,198 @@
 
 #include <cstdint>
 
-// Who reports: the function the writer thought of; a small function reports under its caller.
-enum class In : uint8_t {
-    DrawTracker = 1,
-    AccountNameToId = 2,
-    Rnd = 3,
-    AccountIdToName = 4,
-    ValidateStr = 5,
-    Dialog_Init = 6,
-    LoadHelp = 7,
-    Dialog_End = 8,
-    InsertAbs = 9,
-    RectoID = 10,
-    IDtoRec = 11,
-    SetRecPosition = 12,
-    CopyRecFile = 13,
-    ModRecFile = 14,
-    UpdateShareMode = 16,
-    UpdateT2FILtot = 17,
-    LoadTodaysDate = 18,
-    CalcBalance = 19,
-    ReGraphFILsiz = 20,
-    AddRecFile = 21,
-    AddTranMem = 22,
-    DeleteRecFile = 23,
-    DeleteRecMem = 24,
-    MoveRecFile = 25,
-    CpDates = 26,
-    deallocResources = 27,
-    LoadTBMs = 28,
-    UpdateTBMs = 29,
-    DrawTabText = 30,
-    DrawTabs = 31,
-    normalise = 32,
-    denormalise = 33,
-    GetNextID = 36,
-    CurrentPos = 37,
-    TargetPos = 38,
-    ObjectAtPos = 39,
-    ClearMovieItems = 40,
-    SwirlCharsItem = 41,
-    ClearOccupied = 42,
-    AnLoad = 43,
-    RefreshMovie = 44,
-    InitMovie = 45,
-    SwirlChars = 46,
-    Mosaic = 47,
-    DrawAbout = 48,
-    UpdateBmap = 49,
-    DrawLine = 50,
-    CheckT1totals = 51,
-    SetMenuBar = 52,
-    IInitInstance = 53,
-    WinMain = 54,
-    MyRegisterClass = 55,
-    SetGreys = 56,
-    LoadConfFile = 57,
-    StoreConfFile = 58,
-    UKSysDateFormatSet = 59,
-    ExportTXTFile = 60,
-    replaceComas = 61,
-    Str_int64 = 62,
-    Str_int = 63,
-    ExportCSVFile = 64,
-    ExportQIFFile = 65,
-    ImportQIFFile = 66,
-    ImportCSVFile = 67,
-    LoadAccFile = 68,
-    LoadTranFile = 69,
-    LoadFavFile = 70,
-    ConvertAccFile = 71,
-    ConvertTranFile = 72,
-    ConvertFavFile = 73,
-    Unarchive = 74,
-    Archive = 75,
-    DeleteN = 76,
-    ConvertDDFile = 77,
-    LoadDDFile = 78,
-    DDFileCheck = 79,
-    LoadBinFile = 80,
-    DiaProcAbout = 81,
-    DiaProcSlider = 82,
-    DiaProcNote = 84,
-    DiaProcRename = 86,
-    DiaProcTran = 87,
-    DiaProcFav = 88,
-    DiaProcDD = 89,
-    DiaProcConfig = 90,
-    DiaProcArchive = 91,
-    DiaImport = 92,
-    DiaExport = 93,
-    DiaGetFile = 94,
-    SheetFn = 95,
-    PolylineA = 97,
-    PolylineT = 98,
-    PolylineD = 99,
-    PolylineF = 100,
-    PolylineB = 101,
-    SetScrollBarThumb = 102,
-    UpdateARec = 103,
-    UpdateTRec = 104,
-    UpdateFRec = 105,
-    UpdateDDRec = 106,
-    UpdateBinRec = 107,
-    RecHLon = 108,
-    RecHLoff = 109,
-    AddDDEntry = 110,
-    InsertDate = 111,
-    CheckDDs = 112,
-    Ystr = 113,
-    DrawGraphOutline = 114,
-    DrawGraph = 115,
-    doAccounts = 116,
-    doGraph = 117,
-    UpdateCounts = 118,
-    doTransactions = 119,
-    doFavs = 120,
-    doDDs = 121,
-    doBin = 122,
-    DeleteRecRange = 123,
-    DoRightArrow = 124,
-    DoLeftArrow = 125,
-    LinePos = 126,
-    ShowHelpMessage = 127,
-    DoButtonDown = 128,
-    DoButtonDblclk = 129,
-    MoveBin = 130,
-    DoButtonUp = 131,
-    DoMouseMove = 132,
-    DoKeyDown = 133,
-    ToggleHelpMode = 134,
-    DrawTextLine = 135,
-    WndProc = 136,
-    CloseHandle = 138,
-    CalcRatios = 139,
-    ConvertRecToGRec = 140,
-    ShowGraphPtr = 141,
-    LoadGraphData = 142,
-    LoadTrec = 143,
-    LoadCatFile = 144,
-    doCats = 145,
-};
+// clang-format off
+// Who reports: the function the writer thought of; a small function reports under its caller. It is logged by this name.
+#define ERROR_FUNCTIONS(FUNCTION)     \
+    FUNCTION(DrawTracker,          1) \
+    FUNCTION(AccountNameToId,      2) \
+    FUNCTION(Rnd,                  3) \
+    FUNCTION(AccountIdToName,      4) \
+    FUNCTION(ValidateStr,          5) \
+    FUNCTION(Dialog_Init,          6) \
+    FUNCTION(LoadHelp,             7) \
+    FUNCTION(Dialog_End,           8) \
+    FUNCTION(InsertAbs,            9) \
+    FUNCTION(RectoID,             10) \
+    FUNCTION(IDtoRec,             11) \
+    FUNCTION(SetRecPosition,      12) \
+    FUNCTION(CopyRecFile,         13) \
+    FUNCTION(ModRecFile,          14) \
+    FUNCTION(UpdateShareMode,     16) \
+    FUNCTION(UpdateT2FILtot,      17) \
+    FUNCTION(LoadTodaysDate,      18) \
+    FUNCTION(CalcBalance,         19) \
+    FUNCTION(ReGraphFILsiz,       20) \
+    FUNCTION(AddRecFile,          21) \
+    FUNCTION(AddTranMem,          22) \
+    FUNCTION(DeleteRecFile,       23) \
+    FUNCTION(DeleteRecMem,        24) \
+    FUNCTION(MoveRecFile,         25) \
+    FUNCTION(CpDates,             26) \
+    FUNCTION(deallocResources,    27) \
+    FUNCTION(LoadTBMs,            28) \
+    FUNCTION(UpdateTBMs,          29) \
+    FUNCTION(DrawTabText,         30) \
+    FUNCTION(DrawTabs,            31) \
+    FUNCTION(normalise,           32) \
+    FUNCTION(denormalise,         33) \
+    FUNCTION(GetNextID,           36) \
+    FUNCTION(CurrentPos,          37) \
+    FUNCTION(TargetPos,           38) \
+    FUNCTION(ObjectAtPos,         39) \
+    FUNCTION(ClearMovieItems,     40) \
+    FUNCTION(SwirlCharsItem,      41) \
+    FUNCTION(ClearOccupied,       42) \
+    FUNCTION(AnLoad,              43) \
+    FUNCTION(RefreshMovie,        44) \
+    FUNCTION(InitMovie,           45) \
+    FUNCTION(SwirlChars,          46) \
+    FUNCTION(Mosaic,              47) \
+    FUNCTION(DrawAbout,           48) \
+    FUNCTION(UpdateBmap,          49) \
+    FUNCTION(DrawLine,            50) \
+    FUNCTION(CheckT1totals,       51) \
+    FUNCTION(SetMenuBar,          52) \
+    FUNCTION(IInitInstance,       53) \
+    FUNCTION(WinMain,             54) \
+    FUNCTION(MyRegisterClass,     55) \
+    FUNCTION(SetGreys,            56) \
+    FUNCTION(LoadConfFile,        57) \
+    FUNCTION(StoreConfFile,       58) \
+    FUNCTION(UKSysDateFormatSet,  59) \
+    FUNCTION(ExportTXTFile,       60) \
+    FUNCTION(replaceComas,        61) \
+    FUNCTION(Str_int64,           62) \
+    FUNCTION(Str_int,             63) \
+    FUNCTION(ExportCSVFile,       64) \
+    FUNCTION(ExportQIFFile,       65) \
+    FUNCTION(ImportQIFFile,       66) \
+    FUNCTION(ImportCSVFile,       67) \
+    FUNCTION(LoadAccFile,         68) \
+    FUNCTION(LoadTranFile,        69) \
+    FUNCTION(LoadFavFile,         70) \
+    FUNCTION(ConvertAccFile,      71) \
+    FUNCTION(ConvertTranFile,     72) \
+    FUNCTION(ConvertFavFile,      73) \
+    FUNCTION(Unarchive,           74) \
+    FUNCTION(Archive,             75) \
+    FUNCTION(DeleteN,             76) \
+    FUNCTION(ConvertDDFile,       77) \
+    FUNCTION(LoadDDFile,          78) \
+    FUNCTION(DDFileCheck,         79) \
+    FUNCTION(LoadBinFile,         80) \
+    FUNCTION(DiaProcAbout,        81) \
+    FUNCTION(DiaProcSlider,       82) \
+    FUNCTION(DiaProcNote,         84) \
+    FUNCTION(DiaProcRename,       86) \
+    FUNCTION(DiaProcTran,         87) \
+    FUNCTION(DiaProcFav,          88) \
+    FUNCTION(DiaProcDD,           89) \
+    FUNCTION(DiaProcConfig,       90) \
+    FUNCTION(DiaProcArchive,      91) \
+    FUNCTION(DiaImport,           92) \
+    FUNCTION(DiaExport,           93) \
+    FUNCTION(DiaGetFile,          94) \
+    FUNCTION(SheetFn,             95) \
+    FUNCTION(PolylineA,           97) \
+    FUNCTION(PolylineT,           98) \
+    FUNCTION(PolylineD,           99) \
+    FUNCTION(PolylineF,          100) \
+    FUNCTION(PolylineB,          101) \
+    FUNCTION(SetScrollBarThumb,  102) \
+    FUNCTION(UpdateARec,         103) \
+    FUNCTION(UpdateTRec,         104) \
+    FUNCTION(UpdateFRec,         105) \
+    FUNCTION(UpdateDDRec,        106) \
+    FUNCTION(UpdateBinRec,       107) \
+    FUNCTION(RecHLon,            108) \
+    FUNCTION(RecHLoff,           109) \
+    FUNCTION(AddDDEntry,         110) \
+    FUNCTION(InsertDate,         111) \
+    FUNCTION(CheckDDs,           112) \
+    FUNCTION(Ystr,               113) \
+    FUNCTION(DrawGraphOutline,   114) \
+    FUNCTION(DrawGraph,          115) \
+    FUNCTION(doAccounts,         116) \
+    FUNCTION(doGraph,            117) \
+    FUNCTION(UpdateCounts,       118) \
+    FUNCTION(doTransactions,     119) \
+    FUNCTION(doFavs,             120) \
+    FUNCTION(doDDs,              121) \
+    FUNCTION(doBin,              122) \
+    FUNCTION(DeleteRecRange,     123) \
+    FUNCTION(DoRightArrow,       124) \
+    FUNCTION(DoLeftArrow,        125) \
+    FUNCTION(LinePos,            126) \
+    FUNCTION(ShowHelpMessage,    127) \
+    FUNCTION(DoButtonDown,       128) \
+    FUNCTION(DoButtonDblclk,     129) \
+    FUNCTION(MoveBin,            130) \
+    FUNCTION(DoButtonUp,         131) \
+    FUNCTION(DoMouseMove,        132) \
+    FUNCTION(DoKeyDown,          133) \
+    FUNCTION(ToggleHelpMode,     134) \
+    FUNCTION(DrawTextLine,       135) \
+    FUNCTION(WndProc,            136) \
+    FUNCTION(CloseHandle,        138) \
+    FUNCTION(CalcRatios,         139) \
+    FUNCTION(ConvertRecToGRec,   140) \
+    FUNCTION(ShowGraphPtr,       141) \
+    FUNCTION(LoadGraphData,      142) \
+    FUNCTION(LoadTrec,           143) \
+    FUNCTION(LoadCatFile,        144) \
+    FUNCTION(doCats,             145)
 
-// What went wrong.
-enum class Trouble : uint8_t {
-    AcreateFail = 1,
-    BcreateFail = 2,
-    CcreateFail = 3,
-    DcreateFail = 4,
-    FcreateFail = 5,
-    NcreateFail = 6,
-    RcreateFail = 7,
-    TcreateFail = 8,
-    CaseError = 9,
-    AwriteFail = 10,
-    BwriteFail = 11,
-    CwriteFail = 12,
-    DwriteFail = 13,
-    FwriteFail = 14,
-    NwriteFail = 15,
-    RwriteFail = 16,
-    TwriteFail = 17,
-    WrongVersion = 18,
-    Closure = 19,
-    LimitReached = 20,
-    FileDelete = 21,
-    QcreateFail = 22,
-};
+// What went wrong, and how the log calls it.
+#define ERROR_TROUBLES(TROUBLE)                \
+    TROUBLE(AcreateFail,   1, "AcreateFail"  ) \
+    TROUBLE(BcreateFail,   2, "BcreateFail"  ) \
+    TROUBLE(CcreateFail,   3, "CcreateFail"  ) \
+    TROUBLE(DcreateFail,   4, "DcreateFail"  ) \
+    TROUBLE(FcreateFail,   5, "FcreateFail"  ) \
+    TROUBLE(NcreateFail,   6, "NcreateFail"  ) \
+    TROUBLE(RcreateFail,   7, "RcreateFail"  ) \
+    TROUBLE(TcreateFail,   8, "TcreateFail"  ) \
+    TROUBLE(CaseError,     9, "caseError"    ) \
+    TROUBLE(AwriteFail,   10, "AwriteFail"   ) \
+    TROUBLE(BwriteFail,   11, "BwriteFail"   ) \
+    TROUBLE(CwriteFail,   12, "CwriteFail"   ) \
+    TROUBLE(DwriteFail,   13, "DwriteFail"   ) \
+    TROUBLE(FwriteFail,   14, "FwriteFail"   ) \
+    TROUBLE(NwriteFail,   15, "NwriteFail"   ) \
+    TROUBLE(RwriteFail,   16, "RwriteFail"   ) \
+    TROUBLE(TwriteFail,   17, "TwriteFail"   ) \
+    TROUBLE(WrongVersion, 18, "WrongVersion" ) \
+    TROUBLE(Closure,      19, "Closure"      ) \
+    TROUBLE(LimitReached, 20, "Limit reached") \
+    TROUBLE(FileDelete,   21, "File delete"  ) \
+    TROUBLE(QcreateFail,  22, "QcreateFail"  )
+// clang-format on
+
+#define ERROR_NUMBER(Name, Number, ...) Name = Number,
+enum class In : uint8_t { ERROR_FUNCTIONS(ERROR_NUMBER) };
+enum class Trouble : uint8_t { ERROR_TROUBLES(ERROR_NUMBER) };
+#undef ERROR_NUMBER
 
 struct ErrorName {
     uint8_t Id;
     const char *Name;
 };
 
-// clang-format off
-inline constexpr ErrorName FunctionNames[] = {
-    {1, "DrawTracker"},
-    {2, "AccountNameToId"},
-    {3, "Rnd"},
-    {4, "AccountIdToName"},
-    {5, "ValidateStr"},
-    {6, "Dialog_Init"},
-    {7, "LoadHelp"},
-    {8, "Dialog_End"},
-    {9, "InsertAbs"},
-    {10, "RectoID"},
-    {11, "IDtoRec"},
-    {12, "SetRecPosition"},
-    {13, "CopyRecFile"},
-    {14, "ModRecFile"},
-    {16, "UpdateShareMode"},
-    {17, "UpdateT2FILtot"},
-    {18, "LoadTodaysDate"},
-    {19, "CalcBalance"},
-    {20, "ReGraphFILsiz"},
-    {21, "AddRecFile"},
-    {22, "AddTranMem"},
-    {23, "DeleteRecFile"},
-    {24, "DeleteRecMem"},
-    {25, "MoveRecFile"},
-    {26, "CpDates"},
-    {27, "deallocResources"},
-    {28, "LoadTBMs"},
-    {29, "UpdateTBMs"},
-    {30, "DrawTabText"},
-    {31, "DrawTabs"},
-    {32, "normalise"},
-    {33, "denormalise"},
-    {36, "GetNextID"},
-    {37, "CurrentPos"},
-    {38, "TargetPos"},
-    {39, "ObjectAtPos"},
-    {40, "ClearMovieItems"},
-    {41, "SwirlCharsItem"},
-    {42, "ClearOccupied"},
-    {43, "AnLoad"},
-    {44, "RefreshMovie"},
-    {45, "InitMovie"},
-    {46, "SwirlChars"},
-    {47, "Mosaic"},
-    {48, "DrawAbout"},
-    {49, "UpdateBmap"},
-    {50, "DrawLine"},
-    {51, "CheckT1totals"},
-    {52, "SetMenuBar"},
-    {53, "IInitInstance"},
-    {54, "WinMain"},
-    {55, "MyRegisterClass"},
-    {56, "SetGreys"},
-    {57, "LoadConfFile"},
-    {58, "StoreConfFile"},
-    {59, "UKSysDateFormatSet"},
-    {60, "ExportTXTFile"},
-    {61, "replaceComas"},
-    {62, "Str_int64"},
-    {63, "Str_int"},
-    {64, "ExportCSVFile"},
-    {65, "ExportQIFFile"},
-    {66, "ImportQIFFile"},
-    {67, "ImportCSVFile"},
-    {68, "LoadAccFile"},
-    {69, "LoadTranFile"},
-    {70, "LoadFavFile"},
-    {71, "ConvertAccFile"},
-    {72, "ConvertTranFile"},
-    {73, "ConvertFavFile"},
-    {74, "Unarchive"},
-    {75, "Archive"},
-    {76, "DeleteN"},
-    {77, "ConvertDDFile"},
-    {78, "LoadDDFile"},
-    {79, "DDFileCheck"},
-    {80, "LoadBinFile"},
-    {81, "DiaProcAbout"},
-    {82, "DiaProcSlider"},
-    {84, "DiaProcNote"},
-    {86, "DiaProcRename"},
-    {87, "DiaProcTran"},
-    {88, "DiaProcFav"},
-    {89, "DiaProcDD"},
-    {90, "DiaProcConfig"},
-    {91, "DiaProcArchive"},
-    {92, "DiaImport"},
-    {93, "DiaExport"},
-    {94, "DiaGetFile"},
-    {95, "SheetFn"},
-    {97, "PolylineA"},
-    {98, "PolylineT"},
-    {99, "PolylineD"},
-    {100, "PolylineF"},
-    {101, "PolylineB"},
-    {102, "SetScrollBarThumb"},
-    {103, "UpdateARec"},
-    {104, "UpdateTRec"},
-    {105, "UpdateFRec"},
-    {106, "UpdateDDRec"},
-    {107, "UpdateBinRec"},
-    {108, "RecHLon"},
-    {109, "RecHLoff"},
-    {110, "AddDDEntry"},
-    {111, "InsertDate"},
-    {112, "CheckDDs"},
-    {113, "Ystr"},
-    {114, "DrawGraphOutline"},
-    {115, "DrawGraph"},
-    {116, "doAccounts"},
-    {117, "doGraph"},
-    {118, "UpdateCounts"},
-    {119, "doTransactions"},
-    {120, "doFavs"},
-    {121, "doDDs"},
-    {122, "doBin"},
-    {123, "DeleteRecRange"},
-    {124, "DoRightArrow"},
-    {125, "DoLeftArrow"},
-    {126, "LinePos"},
-    {127, "ShowHelpMessage"},
-    {128, "DoButtonDown"},
-    {129, "DoButtonDblclk"},
-    {130, "MoveBin"},
-    {131, "DoButtonUp"},
-    {132, "DoMouseMove"},
-    {133, "DoKeyDown"},
-    {134, "ToggleHelpMode"},
-    {135, "DrawTextLine"},
-    {136, "WndProc"},
-    {138, "CloseHandle"},
-    {139, "CalcRatios"},
-    {140, "ConvertRecToGRec"},
-    {141, "ShowGraphPtr"},
-    {142, "LoadGraphData"},
-    {143, "LoadTrec"},
-    {144, "LoadCatFile"},
-    {145, "doCats"},
-};
+#define ERROR_ROW(Name, Number) {Number, #Name},
+inline constexpr ErrorName FunctionNames[] = {ERROR_FUNCTIONS(ERROR_ROW)};
+#undef ERROR_ROW
+#define ERROR_ROW(Name, Number, Text) {Number, Text},
+inline constexpr ErrorName TroubleNames[] = {ERROR_TROUBLES(ERROR_ROW)};
+#undef ERROR_ROW
+#undef ERROR_FUNCTIONS
+#undef ERROR_TROUBLES
 
-inline constexpr ErrorName TroubleNames[] = {
-    {1, "AcreateFail"},
-    {2, "BcreateFail"},
-    {3, "CcreateFail"},
-    {4, "DcreateFail"},
-    {5, "FcreateFail"},
-    {6, "NcreateFail"},
-    {7, "RcreateFail"},
-    {8, "TcreateFail"},
-    {9, "caseError"},
-    {10, "AwriteFail"},
-    {11, "BwriteFail"},
-    {12, "CwriteFail"},
-    {13, "DwriteFail"},
-    {14, "FwriteFail"},
-    {15, "NwriteFail"},
-    {16, "RwriteFail"},
-    {17, "TwriteFail"},
-    {18, "WrongVersion"},
-    {19, "Closure"},
-    {20, "Limit reached"},
-    {21, "File delete"},
-    {22, "QcreateFail"},
-};
-// clang-format on
+// In the order of their numbers, each once.
+template <int Count> constexpr bool NumbersRise(const ErrorName (&names)[Count]) {
+    for (int i = 1; i < Count; ++i)
+        if (names[i].Id <= names[i - 1].Id)
+            return false;
+    return names[0].Id > 0;
+}
+static_assert(NumbersRise(FunctionNames) && NumbersRise(TroubleNames));

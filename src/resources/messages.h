@@ -4,7 +4,8 @@
 
 #include <cstdint>
 
-inline constexpr int MessageRoom = 40, LastMessage = 508;
+inline constexpr int MessageLines = 6; // of the message window
+inline constexpr int MessageRoom = 40, LastMessage = 545;
 
 struct Message {
     int16_t Id;
@@ -487,6 +488,12 @@ inline constexpr Message Messages[] = {
     {486, u"The data are enciphered"},
     {487, u"and can't be opened without a pass code"},
     {488, u"This version has no way to ask for it"},
+    {489, u"Can't read xx_Data directory"},
+    {490, u"Another program uses the data"},
+    {491, u"They are left alone until it ends"},
+    {492, u"What was done last stands in the journal"},
+    {493, u"but the machine refuses to write it"},
+    {494, u"into the files. They are left alone"},
     {500, u"Delete this entry for good?"},
     {501, u"Delete these entries for good?"},
     {502, u"It can't be taken back"},
@@ -496,5 +503,11 @@ inline constexpr Message Messages[] = {
     {506, u"This is no date"},
     {507, u"Type it as 15 Apr 2027 or 2027-04-15,"},
     {508, u"or choose it in the calendar"},
+    {540, u"This item has no account to go to"},
+    {541, u"Choose one in the account field"},
+    {542, u"Nothing up to here is dated"},
+    {543, u"up to today, so nothing is archived"},
+    {544, u"There are entries of accounts,"},
+    {545, u"but the list of the accounts is empty"},
 };
 // clang-format on

@@ -1,19 +1,22 @@
 // Screen 1: the accounts, or their archives.
+#include "frame/changes.h"
 #include "frame/header.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
 #include "ledger/markers.h"
-#include "ledger/moves.h"
+#include "ledger/recurring.h"
 #include "resources/art.h"
+#include "resources/geometry.h"
+#include "screens/inserting.h"
 #include "screens/list_screen.h"
+#include "screens/moving.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
-#include "store/configuration.h"
 
 namespace {
 
 // --- Rows
 
-int IsHeading(const ARec &row) {
+bool IsHeading(const ARec &row) {
     return row.RowKind == HeadingRow;
 }
 
@@ -27,27 +30,26 @@ FixedAmount ShownBalance(const ARec &row) {
     return state.ReconciledView ? row.ClearedBalance : row.Balance;
 }
 
-int InJeopardy(const ARec &row) {
+bool InJeopardy(const ARec &row) {
     if (state.ArchiveView)
-        return 0;
+        return false;
     return (state.ReconciledView ? row.ClearedInJeopardy : row.BalanceInJeopardy) == 1;
 }
 
-int Marked(int position) {
+bool Marked(int position) {
     return RowShows(RowOfPosition(position)) && IsHeading(RowAt(position));
 }
 
 void Explain(int position) {
-    static constexpr HelpLines Heading = {{0, 246, 241, 0, 242, 0}};
-    static constexpr HelpChoice Account = {
-        {{29, AlertLine, 40, 32, 33, 5}}, {{85, AlertLine, 40, 32, 87, 5}}, InArchiveView};
     const ARec &row = RowAt(position);
     if (IsHeading(row)) {
-        ShowLines(Heading);
+        ShowHelp(Help::TotalMarker);
         return;
     }
-    const int alert = WholeMagnitude(ShownBalance(row)) > LargestShown ? 112 : InJeopardy(row) ? 291 : 0;
-    ShowLines(InArchiveView() ? Account.Other : Account.Usual, alert);
+    const AddedLine alert = WholeMagnitude(ShownBalance(row)) > LargestShown ? AddedLine::ValueTooBig
+                            : InJeopardy(row)                                ? AddedLine::InJeopardy
+                                                                             : AddedLine::None;
+    ShowHelp(InArchiveView() ? Help::ArchivedAccount : Help::Account, alert);
 }
 
 // --- Titles
@@ -63,9 +65,9 @@ void DrawColumns() {
 }
 
 void ToggleReconciledView(int) {
-    static constexpr HelpLines Reconciled = {{64, 65, 66, 67, 56, AlertLine}}, All = {{68, 69, 70, 56, 0, AlertLine}};
     state.ReconciledView = !state.ReconciledView;
-    ShowLines(state.ReconciledView ? Reconciled : All, state.ArchiveView ? 0 : 209);
+    ShowHelp(state.ReconciledView ? Help::BalanceOfReconciled : Help::BalanceOfAll,
+             state.ArchiveView ? AddedLine::None : AddedLine::TotalsOfToday);
     doAccounts(ListWindow, PaintColumns | PaintRows);
 }
 
@@ -74,7 +76,7 @@ void ToggleReconciledView(int) {
 void Stroke(int position) {
     if (InList(position) && Marked(position)) {
         if (DeleteRecMem(position))
-            ShowHelp(0, 244, 0, 245);
+            ShowHelp(Help::TotalMarkerDeleted);
     } else {
         InsertTotalMarker();
     }
@@ -82,12 +84,9 @@ void Stroke(int position) {
     LoadCurrentAccount();
 }
 
-int CanReorder() {
-    return 1;
-}
-
 void Changed() {
     LoadCurrentAccount();
+    DDFileCheck(); // an item may have lost its account
 }
 
 constexpr TitleSpot Spots[] = {
@@ -104,10 +103,13 @@ void UpdateARec(Window window, int position, int mode) {
         return;
     const ARec &row = state.AccRows[strip.Index];
     const int edge = state.ColumnEdge[AccountList][1];
-    const int jeopardy = !strip.Past && InJeopardy(row);
+    const bool jeopardy = !strip.Past && InJeopardy(row);
     const int mark = jeopardy ? JeopardyBrush : IsMarked(mode) ? MarkerBrush : NoFill;
     KeepingCell(strip, 1, edge - 3, mark, PressedGold);
-    TurningCell(strip, edge + 1, 225, mark == MarkerBrush ? MarkerBrush : GoldBrush, PressedGold);
+    if (!strip.Past && state.AccFiltered[strip.Index]) // the rows behind this balance are hidden in part
+        KeepingCell(strip, edge + 1, 225, RedBrush);
+    else
+        TurningCell(strip, edge + 1, 225, mark == MarkerBrush ? MarkerBrush : GoldBrush, PressedGold);
     if (strip.Past || (row.ID < 1 && !IsHeading(row)))
         return;
     PaintFlag(window, row.Flag, edge, strip.Place.Top);
@@ -120,14 +122,14 @@ void UpdateARec(Window window, int position, int mode) {
 }
 
 void doAccounts(Window window, int mask) {
-    PaintScreen(AccountScreen, window, mask);
+    PaintListScreen(AccountScreen, window, mask);
 }
 
 // clang-format off
 const ListScreen AccountScreen = {
     .List = AccountList,
     .Paint = doAccounts,
-    .TabHelp = {{{6, 7, 0, 42, 239, 0}}, {{6, 82, 0, 42, 239, 0}}, InArchiveView},
+    .TabHelp = {Help::AccountTab, Help::ArchivedAccountTab, InArchiveView},
     .Arrives = Arrival::CentreSelection,
     .Selection = RowChosen::Keep,
     .NeedsAccount = false,
@@ -135,7 +137,7 @@ const ListScreen AccountScreen = {
     .ChecksTotals = true,
     .PaintRow = UpdateARec,
     .Marked = Marked,
-    .BlankHelp = {{{34, 0, 35, 36, 37, 0}}, {{0, 0, 34, 0, 0, 0}}, InArchiveView},
+    .BlankHelp = {Help::BlankAccount, Help::BlankArchive, InArchiveView},
     .ExplainRow = Explain,
     .DrawTitle = DrawTitle,
     .DrawColumns = DrawColumns,
@@ -146,7 +148,7 @@ const ListScreen AccountScreen = {
     .ColumnsExplained = false,
     .PressPlot = nullptr,
     .Stroke = Stroke,
-    .CanReorder = CanReorder,
+    .CanReorder = AlwaysReorders,
     .Changed = Changed,
     .Drops = Drops,
     .DropCount = 1,

@@ -1,18 +1,21 @@
 // Screen 6: the bin. Its rows look as they did where they came from.
 #include "ledger/bin.h"
+#include "frame/changes.h"
 #include "frame/header.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
 #include "ledger/recurring.h"
 #include "platform/text.h"
+#include "resources/geometry.h"
 #include "screens/list_screen.h"
+#include "screens/moving.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
 #include "state/error_log.h"
 #include "store/catalogue.h"
-#include "store/configuration.h"
 #include "store/index.h"
 #include "store/windows.h"
 #include "values/amounts.h"
+#include <algorithm>
 
 namespace {
 
@@ -22,31 +25,31 @@ const BinRec &RowAt(int position) {
     return state.BinRows[RowOfPosition(position)];
 }
 
-int Expired(const BinRec &row) {
+bool Expired(const BinRec &row) {
     return row.SourceList == RecurringList && row.Remaining < 1;
 }
 
-int Marked(int position) {
+bool Marked(int position) {
     return RowShows(RowOfPosition(position)) && Expired(RowAt(position));
 }
 
-int InSecondBlock(const BinRec &row) {
+bool InSecondBlock(const BinRec &row) {
     return row.SourceList == RecurringList && row.FirstDone != 0;
 }
 
-int BelongsToAccount(const BinRec &row) {
+bool BelongsToAccount(const BinRec &row) {
     return row.SourceList == TransactionList || row.SourceList == RecurringList;
 }
 
 // The first units of the overflow text tell a lost account from any name.
-int AccountIsLost(const char16_t *name) {
+bool AccountIsLost(const char16_t *name) {
     return SameText(name, OverflowText, 6);
 }
 
 // What an entry does to the money.
 FixedAmount TransactionValue(const BinRec &row) {
     if (row.Cash == 1)
-        return static_cast<int32_t>(row.CashAmountLow);
+        return row.Carries ? row.CashAmount : static_cast<int32_t>(row.CashAmountLow);
     const FixedAmount value = TimesUnits(row.Units, row.Value);
     if (!IsShare(row.OwnerType))
         return value;
@@ -108,11 +111,12 @@ int BrushOf(const BinRec &row) {
 void Explain(int position) {
     const BinRec &row = RowAt(position);
     // A lost account shows the overflow text, so that is what the second line is about.
-    if (BelongsToAccount(row) && AccountIsLost(AccountIdToName(row.OwnerID))) {
-        ShowHelp(31, 112, 119, 118, 0, 226);
+    if (BelongsToAccount(row) && AccountIsLost(state.BinOwnerNames[RowOfPosition(position)])) {
+        ShowHelp(Help::BinEntryOfLostAccount);
         return;
     }
-    ShowHelp(31, WholeMagnitude(ShownValue(row)) > LargestShown ? 112 : 86, 119, 118, 123, 124);
+    ShowHelp(Help::BinEntry,
+             WholeMagnitude(ShownValue(row)) > LargestShown ? AddedLine::ValueTooBig : AddedLine::CannotBeModified);
 }
 
 // --- Titles
@@ -129,21 +133,34 @@ void DrawColumns() {
 
 // --- Drops
 
-template <int List> int CameFrom(int position) {
+template <int List> bool CameFrom(int position) {
     return InList(position) && RowShows(RowOfPosition(position)) && RowAt(position).SourceList == List;
 }
 
 void Restore(int position) {
-    MoveBin(position);
-    LoadAccFile(state.TopPos[AccountList]);
+    ClearFilters(); // the row goes into the real file
+    Place where;
+    const int32_t restored = MoveBin(position, &where);
+    if (restored == 0)
+        return;
+    state.EntryCount[BinList] = CountOf(Place{BinList});
+    RepairTop(BinList);
+    state.SelectedPos[BinList] = std::min(position, state.EntryCount[BinList]);
+    if (where.List == TransactionList) { // where it is found again
+        state.ArchiveView = static_cast<uint32_t>(where.Of);
+        state.SelectedPos[AccountList] = IDtoRec(where.Account);
+        state.TranFileShown = 0;
+    }
+    ReloadList(AccountList, state.TopPos[AccountList]);
     LoadCurrentAccount();
+    if (where.List == TransactionList)
+        state.SelectedPos[TransactionList] = restored;
     DDFileCheck();
-    state.CurrentScreen = BinList;
-    LoadWindow(state.TopPos[BinList]);
+    LoadShownRows(state.TopPos[BinList]);
     doBin(ListWindow, PaintCounts | PaintRows | PaintTabs);
 }
 
-int SoonTrimmed() {
+bool SoonTrimmed() {
     return state.EntryCount[BinList] > BinKeep;
 }
 
@@ -179,7 +196,7 @@ void UpdateBinRec(Window window, int position, int mode) {
         PaintFlag(window, InSecondBlock(row) ? row.Flag2 : row.Flag, e[1], strip.Place.Top);
     RowText(strip, e[1] + 3, e[2] - 2, ShownTitle(row));
     if (BelongsToAccount(row)) {
-        const char16_t *account = AccountIdToName(row.OwnerID);
+        const char16_t *account = state.BinOwnerNames[RowOfPosition(position)];
         PaintDate(window, row.Date, strip.Place.Top, e[1] - 4, Black, Font::Normal);
         RowText(strip, e[2] + 2, e[3] - 2, account, AccountIsLost(account) ? Align::Centre : Align::Left);
     }
@@ -188,14 +205,14 @@ void UpdateBinRec(Window window, int position, int mode) {
 }
 
 void doBin(Window window, int mask) {
-    PaintScreen(BinScreen, window, mask | PaintCounts);
+    PaintListScreen(BinScreen, window, mask | PaintCounts);
 }
 
 // clang-format off
 const ListScreen BinScreen = {
     .List = BinList,
     .Paint = doBin,
-    .TabHelp = {{{0, 24, 25, 26, 27, 0}}, {{24, 25, 26, 27, 0, 206}}, SoonTrimmed},
+    .TabHelp = {Help::BinTab, Help::FullBinTab, SoonTrimmed},
     .Arrives = Arrival::ShowEnd,
     .Selection = RowChosen::Last,
     .NeedsAccount = true,
@@ -203,7 +220,7 @@ const ListScreen BinScreen = {
     .ChecksTotals = false,
     .PaintRow = UpdateBinRec,
     .Marked = Marked,
-    .BlankHelp = {{{34, 0, 86, 0, 0, 0}}, {}, nullptr},
+    .BlankHelp = {Help::BlankBinEntry},
     .ExplainRow = Explain,
     .DrawTitle = DrawTitle,
     .DrawColumns = DrawColumns,

@@ -1,9 +1,10 @@
 // Screen 7: the categories, each in its colour.
 #include "frame/header.h"
+#include "resources/geometry.h"
 #include "screens/list_screen.h"
+#include "screens/moving.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
-#include "store/configuration.h"
 
 namespace {
 
@@ -11,12 +12,8 @@ constexpr int NameLeft = 50; // however narrow the colour column is
 
 // --- Rows
 
-int NeverMarked(int) {
-    return 0;
-}
-
 void Explain(int) {
-    ShowHelp(356, 0, 40, 41, 0, 357);
+    ShowHelp(Help::Category);
 }
 
 // --- Titles
@@ -35,11 +32,7 @@ void DrawColumns() {
 // Deliberately says "Deletion complete" although nothing is deleted.
 void Stroke(int position) {
     if (InList(position))
-        ShowHelp(0, 0, 233);
-}
-
-int CanReorder() {
-    return 1;
+        ShowHelp(Help::Deleted);
 }
 
 constexpr TitleSpot Spots[] = {{1, 6, 0, ScreenWidth - 1, 16, ToggleRefColumn}};
@@ -62,14 +55,14 @@ void UpdateCatRec(Window window, int position, int mode) {
 }
 
 void doCats(Window window, int mask) {
-    PaintScreen(CategoryScreen, window, mask);
+    PaintListScreen(CategoryScreen, window, mask);
 }
 
 // clang-format off
 const ListScreen CategoryScreen = {
     .List = CategoryList,
     .Paint = doCats,
-    .TabHelp = {{{351, 352, 0, 353, 354, 355}}, {}, nullptr},
+    .TabHelp = {Help::CategoryTab},
     .Arrives = Arrival::ShowEnd,
     .Selection = RowChosen::LastWhenNone,
     .NeedsAccount = false,
@@ -77,7 +70,7 @@ const ListScreen CategoryScreen = {
     .ChecksTotals = false,
     .PaintRow = UpdateCatRec,
     .Marked = NeverMarked,
-    .BlankHelp = {{{34, 0, 35, 47, 37, 0}}, {}, nullptr},
+    .BlankHelp = {Help::BlankEntry},
     .ExplainRow = Explain,
     .DrawTitle = DrawTitle,
     .DrawColumns = DrawColumns,
@@ -88,7 +81,7 @@ const ListScreen CategoryScreen = {
     .ColumnsExplained = true,
     .PressPlot = nullptr,
     .Stroke = Stroke,
-    .CanReorder = CanReorder,
+    .CanReorder = AlwaysReorders,
     .Changed = nullptr,
     .Drops = Drops,
     .DropCount = 1,

@@ -1,22 +1,19 @@
 // Screen 8: the conversions, each shown forward or reversed.
+#include "frame/changes.h"
 #include "frame/header.h"
+#include "resources/geometry.h"
 #include "screens/list_screen.h"
+#include "screens/moving.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
-#include "store/configuration.h"
-#include "store/operations.h"
 #include "store/windows.h"
 
 namespace {
 
 // --- Rows
 
-int NeverMarked(int) {
-    return 0;
-}
-
 void Explain(int) {
-    ShowHelp(341, 0, 40, 41, 42, 342);
+    ShowHelp(Help::Conversion);
 }
 
 // --- Titles
@@ -43,10 +40,6 @@ void Stroke(int position) {
     Explain(position);
 }
 
-int CanReorder() {
-    return 1;
-}
-
 constexpr TitleSpot Spots[] = {{2, 6, 0, ScreenWidth - 1, 16, ToggleRefColumn}};
 constexpr TabDrop Drops[] = {{BinList, AcceptInBin, BinRow}};
 
@@ -71,14 +64,14 @@ void UpdateConRec(Window window, int position, int mode) {
 }
 
 void doCons(Window window, int mask) {
-    PaintScreen(ConversionScreen, window, mask);
+    PaintListScreen(ConversionScreen, window, mask);
 }
 
 // clang-format off
 const ListScreen ConversionScreen = {
     .List = ConversionList,
     .Paint = doCons,
-    .TabHelp = {{{343, 344, 0, 345, 346, 347}}, {}, nullptr},
+    .TabHelp = {Help::ConversionTab},
     .Arrives = Arrival::ShowEnd,
     .Selection = RowChosen::LastWhenNone,
     .NeedsAccount = false,
@@ -86,7 +79,7 @@ const ListScreen ConversionScreen = {
     .ChecksTotals = false,
     .PaintRow = UpdateConRec,
     .Marked = NeverMarked,
-    .BlankHelp = {{{34, 0, 35, 47, 37, 0}}, {}, nullptr},
+    .BlankHelp = {Help::BlankEntry},
     .ExplainRow = Explain,
     .DrawTitle = DrawTitle,
     .DrawColumns = DrawColumns,
@@ -97,7 +90,7 @@ const ListScreen ConversionScreen = {
     .ColumnsExplained = true,
     .PressPlot = nullptr,
     .Stroke = Stroke,
-    .CanReorder = CanReorder,
+    .CanReorder = AlwaysReorders,
     .Changed = nullptr,
     .Drops = Drops,
     .DropCount = 1,

@@ -1,15 +1,15 @@
 // Screen 3: the frame of the graph: header, the row of mode icons, the two titles that choose what is plotted.
 #include "frame/header.h"
 #include "frame/scroll.h"
+#include "frame/shown.h"
 #include "frame/tabs.h"
-#include "ledger/account_window.h"
 #include "platform/shell.h"
+#include "resources/geometry.h"
 #include "screens/list_screen.h"
 #include "screens/measure.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
 #include "state/greys.h"
-#include "store/configuration.h"
 #include <iterator>
 
 namespace {
@@ -17,25 +17,25 @@ namespace {
 // ORDER GRAPHMODE, counted from 1; state.GraphMode 0 is none yet
 enum GraphModes : int { PlainGraph = 1, Regression, Extrapolation, BarChart, PieChart };
 
-constexpr int IconLeft = 3, IconPitch = 20, IconSize = 19, ModeIcons = 5, CountIcon = 6;
+constexpr int IconLeft = 3, IconPitch = 20, ModeIconSize = 19, ModeIcons = 5, CountIcon = 6;
 constexpr int ValueLeft = 124, BalanceLeft = 173;
 
-int ChartShown() {
+bool ChartShown() {
     return state.GraphMode == BarChart || state.GraphMode == PieChart;
 }
 
 // --- Help
 
 struct ModeHelp {
-    HelpLines Lines, InListAccount;
+    Help Lines, InListAccount;
 };
 constexpr ModeHelp Modes[] = {
     // ORDER GRAPHMODE
-    {{{0, 255, 0, 256, 257, 0}}, {{0, 255, 0, 256, 257, 0}}},
-    {{{258, 0, 259, 260, 261, 262}}, {{258, 0, 259, 260, 0, 0}}},
-    {{{263, 0, 264, 265, 0, 271}}, {{0, 263, 0, 287, 0, 0}}},
-    {{{253, 0, 326, 331, 0, 0}}, {{253, 0, 326, 331, 0, 0}}},
-    {{{324, 0, 326, 330, 0, 0}}, {{324, 0, 326, 330, 0, 0}}},
+    {Help::PlainGraph, Help::PlainGraph},
+    {Help::Regression, Help::RegressionOfList},
+    {Help::Extrapolation, Help::ExtrapolationOfList},
+    {Help::BarChart, Help::BarChart},
+    {Help::PieChart, Help::PieChart},
 };
 
 // --- Titles
@@ -83,7 +83,7 @@ void DrawIcons() {
     for (int icon = 1; icon <= CountIcon; ++icon) {
         const int left = IconLeft + (icon - 1) * IconPitch;
         const bool active = icon == state.GraphMode || (icon == CountIcon && state.GraphMode == Extrapolation);
-        DrawCell(TopWindow, HeaderBottom, TitlesBottom - 2, left, left + IconSize, Pens,
+        DrawCell(TopWindow, HeaderBottom, TitlesBottom - 2, left, left + ModeIconSize, Pens,
                  active ? PressedGold : TitleBrush, icon == state.GraphMode ? PressedCell : RaisedCell);
         DrawGlyph(icon, left + 3, HeaderBottom + 4);
     }
@@ -101,7 +101,7 @@ void DrawColumns() {
 // --- Taps
 
 void ShowBarForMode() {
-    const int on = ChartShown();
+    const bool on = ChartShown();
     if (!on && state.ScrollBarShown)
         PassOverRepaint();
     ShowListScrollBar(on);
@@ -110,7 +110,7 @@ void ShowBarForMode() {
 void ChooseMode(int x) {
     const int mode = (x - IconLeft - 1) / IconPitch + 1;
     const bool list = state.AccountKind == ListAccount;
-    ShowLines(list ? Modes[mode - 1].InListAccount : Modes[mode - 1].Lines);
+    ShowHelp(list ? Modes[mode - 1].InListAccount : Modes[mode - 1].Lines);
     if (mode == Extrapolation && list) {
         Beep();
         return;
@@ -123,49 +123,46 @@ void ChooseMode(int x) {
 }
 
 void TurnCounting(int) {
-    static constexpr HelpLines Up = {{0, 267, 0, 268, 0, 0}}, Down = {{0, 269, 0, 270, 0, 0}},
-                               Elsewhere = {{0, 266, 0, 0, 0, 0}};
     if (state.GraphMode != Extrapolation) {
         Beep();
-        ShowLines(Elsewhere);
+        ShowHelp(Help::CountingElsewhere);
         return;
     }
     state.GraphDecrement = !state.GraphDecrement;
-    ShowLines(state.GraphDecrement ? Down : Up);
+    ShowHelp(state.GraphDecrement ? Help::CountingDown : Help::CountingUp);
     doGraph(ListWindow, PaintColumns);
 }
 
 void TapValueTitle(int x) {
     const bool wasBalance = state.BalanceView == 1;
     if (ChartShown()) {
-        ShowHelp(0, 286);
+        ShowHelp(Help::UnusedInMode);
         return;
     }
     state.BalanceView = 0;
     if (IsShare(state.AccountKind) && !wasBalance)
         StepMeasure(x);
     else if (!IsShare(state.AccountKind))
-        ShowHelp(0, state.ReconciledView ? 228 : 227);
+        ShowHelp(state.ReconciledView ? Help::ReconciledValueColumn : Help::ValueColumn);
     doGraph(ListWindow, PaintColumns | PaintRows);
 }
 
 // Which balance the plot is of: the first tap after the value column only comes back to it.
 void TapBalanceTitle(int) {
-    static constexpr HelpLines Reconciled = {{64, 65, 66, 67, 56, AlertLine}}, All = {{68, 69, 70, 56, 0, AlertLine}};
-    const int last = state.GraphMode == Extrapolation ? 285 : 0;
     if (!state.BalanceView && state.ReconciledView) {
         state.ReconciledView = 0;
     } else {
         state.ReconciledView = state.BalanceView && !state.ReconciledView;
         state.BalanceView = 1;
-        ShowLines(state.ReconciledView ? Reconciled : All, last);
+        ShowHelp(state.ReconciledView ? Help::BalanceOfReconciled : Help::BalanceOfAll,
+                 state.GraphMode == Extrapolation ? AddedLine::RegressionBasis : AddedLine::None);
     }
     doGraph(ListWindow, PaintColumns | PaintRows);
 }
 
 void PressPlot(int, int y) {
     if (y < state.RowCount * RowHeight && (state.GraphMode == PlainGraph || state.GraphMode == Regression))
-        ShowHelp(0, 2, 3);
+        ShowHelp(Help::TapAnItem);
 }
 
 // clang-format off
@@ -199,7 +196,7 @@ void doGraph(Window window, int mask) {
 const ListScreen GraphScreen = {
     .List = GraphList,
     .Paint = doGraph,
-    .TabHelp = {{{11, 12, 0, 250, 252, 0}}, {{11, 12, 0, 251, 252, 0}}, InArchiveView},
+    .TabHelp = {Help::GraphTab, Help::ArchivedGraphTab, InArchiveView},
     .Arrives = Arrival::Own,
     .Selection = RowChosen::Keep,
     .NeedsAccount = true,

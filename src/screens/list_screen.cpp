@@ -3,11 +3,10 @@
 #include "frame/header.h"
 #include "frame/message_window.h"
 #include "frame/scroll.h"
+#include "frame/shown.h"
 #include "frame/tabs.h"
-#include "ledger/account_window.h"
+#include "resources/geometry.h"
 #include "screens/rows.h"
-#include "screens/screens.h"
-#include "store/configuration.h"
 #include "store/windows.h"
 
 namespace {
@@ -54,22 +53,15 @@ void SetPaintProcedures() {
             state.Paint[screen->List] = screen->Paint;
 }
 
-void ShowLines(const HelpLines &lines, int alert) {
-    int ids[MessageLines];
-    for (int i = 0; i < MessageLines; ++i)
-        ids[i] = lines.Line[i] == AlertLine ? alert : lines.Line[i];
-    ShowHelp(ids[0], ids[1], ids[2], ids[3], ids[4], ids[5]);
-}
-
 void ShowChoice(const HelpChoice &choice) {
-    ShowLines(choice.OtherHolds && choice.OtherHolds() ? choice.Other : choice.Usual);
+    ShowHelp(choice.OtherHolds && choice.OtherHolds() ? choice.Other : choice.Usual);
 }
 
-int InArchiveView() {
+bool InArchiveView() {
     return state.ArchiveView == 1;
 }
 
-void PaintScreen(const ListScreen &screen, Window window, int mask) {
+void PaintListScreen(const ListScreen &screen, Window window, int mask) {
     ShowListScrollBar(1);
     if (mask & PaintTitle)
         screen.DrawTitle();
@@ -95,7 +87,7 @@ void RecHLon(int position, int refreshCounts) {
     state.HighlightPos = position;
     const ListScreen *screen = ScreenOf(state.CurrentScreen);
     if (screen && screen->PaintRow) {
-        const int marked = InList(position) && screen->Marked(position);
+        const bool marked = InList(position) && screen->Marked(position);
         screen->PaintRow(ListWindow, position, marked ? SelectedMarkedRow : SelectedRow);
         PaintSeparators(ListWindow);
     }
@@ -126,14 +118,12 @@ void PaintRowAsItIs(int position) {
                      selected ? (marked ? SelectedMarkedRow : SelectedRow) : (marked ? MarkedRow : PlainRow));
 }
 
-void LoadWindow(int32_t top) {
-    const int screen = state.CurrentScreen;
-    ReloadList(screen, top);
-    state.CurrentScreen = screen;
+void LoadShownRows(int32_t top) {
+    ReloadList(state.CurrentScreen, top);
 }
 
 void ReloadAndPaint(int mask) {
-    LoadWindow(state.TopPos[state.CurrentScreen]);
+    LoadShownRows(state.TopPos[state.CurrentScreen]);
     if (state.Paint[state.CurrentScreen])
         state.Paint[state.CurrentScreen](ListWindow, mask);
 }
@@ -164,7 +154,8 @@ void PaintTitles(const ColumnTitle *titles, int count, int brush, int lastBrush)
 
 void ToggleRefColumn(int) {
     state.RefColumn = !state.RefColumn;
-    const int filter = state.CurrentScreen == TransactionList && state.FilterShown ? 462 : 0;
-    ShowHelp(0, state.RefColumn ? 464 : 465, 0, 80, 0, filter);
+    const bool filtered = state.CurrentScreen == TransactionList && state.FilterShown;
+    ShowHelp(state.RefColumn ? Help::ReferencesShown : Help::TitlesShown,
+             filtered ? AddedLine::Filtered : AddedLine::None);
     state.Paint[state.CurrentScreen](ListWindow, PaintColumns | PaintRows);
 }

@@ -8,21 +8,14 @@
 #include "state/state.h"
 #include <cstdint>
 
-// Six lines of help. AlertLine stands for the line that a row adds when something is wrong with it, 0 when nothing is.
-inline constexpr int16_t AlertLine = -100;
-struct HelpLines {
-    int16_t Line[MessageLines];
-};
-void ShowLines(const HelpLines &lines, int alert = 0);
-
-// Which lines of two: the other ones while `OtherHolds` says 1; null: always the usual ones.
+// Which help lines of two: the other ones while `OtherHolds`; null: always the usual ones.
 struct HelpChoice {
-    HelpLines Usual, Other;
-    int (*OtherHolds)();
+    Help Usual = Help::None, Other = Help::None;
+    bool (*OtherHolds)() = nullptr;
 };
 void ShowChoice(const HelpChoice &choice);
 // Conditions that choices ask for.
-int InArchiveView();
+bool InArchiveView();
 
 // A column title: its text, and the one shown with state.RefColumn.
 struct ColumnTitle {
@@ -43,7 +36,7 @@ struct TitleSpot {
 // A tab that takes a row dragged to it.
 struct TabDrop {
     int Tab;
-    int (*Accepts)(int position);
+    bool (*Accepts)(int position);
     void (*Drop)(int position);
 };
 
@@ -65,7 +58,7 @@ struct ListScreen {
 
     // Rows
     void (*PaintRow)(Window window, int position, int mode);
-    int (*Marked)(int position); // asked for positions within the list
+    bool (*Marked)(int position); // asked for positions within the list
     HelpChoice BlankHelp;
     void (*ExplainRow)(int position);
 
@@ -81,7 +74,7 @@ struct ListScreen {
     // Gestures
     void (*PressPlot)(int x, int y); // where another screen has rows; null: nothing
     void (*Stroke)(int position);    // null: none; also asked for a position past the end
-    int (*CanReorder)();             // null: never
+    bool (*CanReorder)();            // null: never
     void (*Changed)();               // what is stale once a row has gone or moved; null: nothing
     const TabDrop *Drops;
     int DropCount;
@@ -93,17 +86,31 @@ const ListScreen *ScreenOf(int screen);
 extern const ListScreen AccountScreen, TransactionScreen, GraphScreen, RecurringScreen, TemplateScreen, BinScreen,
     CategoryScreen, ConversionScreen;
 
-inline int InList(int position) {
+inline bool InList(int position) {
     return position >= 1 && position <= state.EntryCount[state.CurrentScreen];
 }
 
+// For a list that knows no marks, and for one whose rows can always be moved.
+inline bool NeverMarked(int) {
+    return false;
+}
+inline bool AlwaysReorders() {
+    return true;
+}
+
+// Fills state.Paint.
+void SetPaintProcedures();
+
 // The common order of a paint procedure: scroll bar, masked bands of the header, rows, selection, separators, tabs,
 // thumb.
-void PaintScreen(const ListScreen &screen, Window window, int mask);
+void PaintListScreen(const ListScreen &screen, Window window, int mask);
 // Loads the window of the current screen from `top` and keeps the screen.
-void LoadWindow(int32_t top);
+void LoadShownRows(int32_t top);
 // Loads the window again from its top, counts refreshed, then paints the bands.
 void ReloadAndPaint(int mask);
+// Moves the selection mark to a position, or away.
+void RecHLon(int position, int refreshCounts);
+void RecHLoff();
 // Paints the row of a position as it is: selected or not, marked or not.
 void PaintRowAsItIs(int position);
 // Changes the row under a tap or a key: selection, and on the account list the current account.
@@ -114,19 +121,3 @@ void SelectRow(int position);
 void PaintTitles(const ColumnTitle *titles, int count, int brush, int lastBrush);
 // A title spot that most screens share.
 void ToggleRefColumn(int x);
-
-// Removes a row of the current list to the bin (from the bin: for good) with what the list needs afterwards, and says
-// so. What the white tab and the menu's "this entry only" do.
-void BinRow(int position);
-// Puts a row of the current list before the one at `to`, where the list can be reordered. A place that changes nothing
-// does nothing.
-void MoveRow(int from, int to);
-// Takes the selected row to a tab, where that tab accepts it.
-void DropRow(int tab);
-// Every row within a list may go to the bin.
-int AcceptInBin(int position);
-// Switches filters off because a gesture would change what they show. 1 when one was shown in this list: the gesture
-// then ends.
-int FilterGivesWay();
-// Makes the current account's balances right, in the archive view those of the live file first.
-void RecomputeBalances();

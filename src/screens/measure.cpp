@@ -1,5 +1,6 @@
 #include "screens/measure.h"
 #include "frame/header.h"
+#include "frame/shown.h"
 #include "ledger/shares.h"
 #include "platform/text.h"
 #include "screens/list_screen.h"
@@ -88,19 +89,9 @@ constexpr const char16_t *MeasureTitle[][2] = {
 };
 // clang-format on
 
-// ORDER ACCOUNTTYPE; AlertLine is where a filter is told
-// clang-format off
-constexpr HelpLines MeasureHelp[] = {
-    {{0, 227,   0, AlertLine,         0,   0}},
-    {{0, 227,   0, AlertLine,         0,   0}},
-    {{0, 102, 101,         0,       107, 127}},
-    {{0, 210,   0, AlertLine,         0,   0}},
-    {{0, 103, 104,         0, AlertLine,   0}},
-    {{0, 100,   0, AlertLine,         0,   0}},
-    {{0, 224, 225,         0, AlertLine,   0}},
-};
-// clang-format on
-constexpr HelpLines NumberHelpFiltered = {{0, 102, 101, 0, 107, AlertLine}};
+// ORDER ACCOUNTTYPE
+constexpr Help MeasureHelp[] = {Help::ValueColumn,      Help::ValueColumn,      Help::NumberColumn,   Help::PriceColumn,
+                                Help::ShareTotalColumn, Help::ShareValueColumn, Help::CashTotalColumn};
 
 // A measure that a table has a row for: a damaged account is taken as a Bank account.
 int KnownKind() {
@@ -109,7 +100,7 @@ int KnownKind() {
 
 } // namespace
 
-int MeasureIsKnown() {
+bool MeasureIsKnown() {
     return state.AccountKind >= static_cast<int>(BankAccount) && state.AccountKind <= static_cast<int>(ShareCash);
 }
 
@@ -148,13 +139,14 @@ void DrawMeasureTitle(int left, int right, Colour ink) {
 
 void StepMeasure(int) {
     const bool share = IsShare(state.AccountKind);
-    if (share) {
-        UpdateShareMode(state.SelectedPos[AccountList], NextShareMode(static_cast<uint32_t>(state.AccountKind)));
-        state.CurAccount.AccType = static_cast<uint32_t>(state.AccountKind);
-    }
+    if (share && !UpdateShareMode(state.CurAccount.ID, NextShareMode(static_cast<uint32_t>(state.AccountKind))))
+        return;
+    if (share)
+        LoadCurrentAccount();
     const int kind = KnownKind();
-    const bool filteredNumber = kind == ShareNumber && state.FilterShown;
-    ShowLines(filteredNumber ? NumberHelpFiltered : MeasureHelp[kind], state.FilterShown ? 462 : 0);
+    ShowHelp(MeasureHelp[kind], state.FilterShown     ? AddedLine::Filtered
+                                : kind == ShareNumber ? AddedLine::CashAddsNoShares
+                                                      : AddedLine::None);
     if (share)
         state.Paint[state.CurrentScreen](ListWindow, PaintColumns | PaintRows);
 }

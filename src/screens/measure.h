@@ -3,8 +3,8 @@
 
 #include "screens/rows.h"
 
-// 0 when state.AccountKind, which a damaged account may have set, is no AccountType.
-int MeasureIsKnown();
+// False when state.AccountKind, which a damaged account may have set, is no AccountType.
+bool MeasureIsKnown();
 
 // What the row shows between two x.
 void PaintMeasure(const RowStrip &strip, int left, int right, const TRec &row);

@@ -1,14 +1,14 @@
 #include "screens/opening.h"
 #include "forms/forms.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
 #include "screens/list_screen.h"
-#include "screens/screens.h"
+#include "screens/switching.h"
 #include "state/greys.h"
 #include "store/windows.h"
 
 namespace {
 
-int OpenAccount(int) {
+int OpenNewAccount(int) {
     return OpenAccountForm(1);
 }
 
@@ -17,15 +17,15 @@ int OpenTransaction(int entryKind) {
 }
 
 // The selection is a row that can be seen, in the middle of the window.
-void CentreSelection() {
+void CentreOnSelected() {
     const int screen = state.CurrentScreen;
     if (state.SelectedPos[screen] == 0)
         state.SelectedPos[screen] = state.EntryCount[screen] > 0 ? state.TopPos[screen] : 1;
-    LoadWindow(SetRecPosition(state.SelectedPos[screen], state.EntryCount[screen]));
+    LoadShownRows(SetRecPosition(state.SelectedPos[screen], state.EntryCount[screen]));
 }
 
 int OpenWith(int (*open)()) {
-    CentreSelection();
+    CentreOnSelected();
     return open();
 }
 
@@ -46,8 +46,9 @@ int OpenCategory(int) {
 }
 
 // ORDER LIST; null: nothing opens
-constexpr int (*Open[ListCount])(int entryKind) = {
-    nullptr, OpenAccount, OpenTransaction, nullptr, OpenRecurring, OpenTemplate, nullptr, OpenCategory, OpenConversion};
+constexpr int (*Openers[ListCount])(int entryKind) = {nullptr, OpenNewAccount, OpenTransaction,
+                                                      nullptr, OpenRecurring,  OpenTemplate,
+                                                      nullptr, OpenCategory,   OpenConversion};
 
 } // namespace
 
@@ -59,7 +60,7 @@ int DoButtonDblclk(Window window, int entryKind) {
         state.BackToGraph = 1;
         state.CurrentScreen = TransactionList;
     }
-    const auto open = Open[state.CurrentScreen];
+    const auto open = Openers[state.CurrentScreen];
     if (open && open(entryKind))
         return 1;
     if (state.BackToGraph)
@@ -69,7 +70,7 @@ int DoButtonDblclk(Window window, int entryKind) {
 }
 
 void ShowEnteredAccount() {
-    static constexpr HelpChoice Entered = {{{0, 122, 9, 10, 0, 0}}, {{0, 122, 9, 84, 0, 0}}, InArchiveView};
+    static constexpr HelpChoice Entered = {Help::BackToTransactions, Help::EnteredArchive, InArchiveView};
     DoRightArrow();
     SetGreys(state.CurrentScreen);
     ShowChoice(Entered);

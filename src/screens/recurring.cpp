@@ -1,10 +1,11 @@
 // Screen 4: the recurring items of all accounts.
 #include "ledger/recurring.h"
 #include "frame/header.h"
+#include "resources/geometry.h"
 #include "screens/list_screen.h"
+#include "screens/moving.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
-#include "store/configuration.h"
 #include "store/index.h"
 
 namespace {
@@ -19,25 +20,25 @@ FixedAmount ShownValue(const DDBlock &block) {
     return TimesUnits(block.Units, block.Value);
 }
 
-int Expired(const DDRec &row) {
+bool Expired(const DDRec &row) {
     return row.Remaining < 1;
 }
 
-int Marked(int position) {
+bool Marked(int position) {
     return RowShows(RowOfPosition(position)) && Expired(RowAt(position));
 }
 
 void Explain(int position) {
     const DDRec &row = RowAt(position);
     const FixedAmount value = ShownValue(row.Block[BlockInForce(row)]);
-    int alert = 0;
+    AddedLine alert = AddedLine::None;
     if (WholeMagnitude(value) > LargestShown)
-        alert = 112;
+        alert = AddedLine::ValueTooBig;
     else if (row.ItemStatus & GeneratesMany)
-        alert = 204;
+        alert = AddedLine::ManyEntries;
     else if (row.ItemStatus & MissingAccount)
-        alert = 226;
-    ShowHelp(110, Expired(row) ? 121 : 120, alert, 40, 41);
+        alert = AddedLine::AccountMissing;
+    ShowHelp(Expired(row) ? Help::ExpiredItem : Help::RecurringItem, alert);
 }
 
 // --- Titles
@@ -56,10 +57,9 @@ void DrawColumns() {
 
 void Changed() {
     DDFileCheck();
-    state.CurrentScreen = RecurringList;
 }
 
-int NeedAttention() {
+bool NotInOrder() {
     return !state.RecurringInOrder;
 }
 
@@ -87,20 +87,20 @@ void UpdateDDRec(Window window, int position, int mode) {
     PaintDate(window, row.NextDate, strip.Place.Top, e[1] - 4, many ? AlertRed : Black,
               many ? Font::Bold : Font::Normal);
     RowText(strip, e[1] + 3, e[2] - 2, state.RefColumn ? block.Memo : row.Name);
-    RowText(strip, e[2] + 2, e[3] - 2, AccountIdToName(block.Account), Align::Left, lost ? Font::Bold : Font::Normal,
+    RowText(strip, e[2] + 2, e[3] - 2, state.DDAccountNames[strip.Index], Align::Left, lost ? Font::Bold : Font::Normal,
             lost ? AlertRed : Black);
     RowAmount(strip, e[3] + 1, RightEdge - 2, ShownValue(block));
 }
 
 void doDDs(Window window, int mask) {
-    PaintScreen(RecurringScreen, window, mask);
+    PaintListScreen(RecurringScreen, window, mask);
 }
 
 // clang-format off
 const ListScreen RecurringScreen = {
     .List = RecurringList,
     .Paint = doDDs,
-    .TabHelp = {{{13, 14, 15, 0, 16, 17}}, {{13, 14, 15, 16, 17, 205}}, NeedAttention},
+    .TabHelp = {Help::RecurringTab, Help::UntidyRecurringTab, NotInOrder},
     .Arrives = Arrival::KeepTop,
     .Selection = RowChosen::FirstWhenNone,
     .NeedsAccount = true,
@@ -108,7 +108,7 @@ const ListScreen RecurringScreen = {
     .ChecksTotals = false,
     .PaintRow = UpdateDDRec,
     .Marked = Marked,
-    .BlankHelp = {{{34, 0, 35, 47, 37, 0}}, {}, nullptr},
+    .BlankHelp = {Help::BlankEntry},
     .ExplainRow = Explain,
     .DrawTitle = DrawTitle,
     .DrawColumns = DrawColumns,

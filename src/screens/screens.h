@@ -1,4 +1,4 @@
-// The eight screens: their paint procedures and the switches between them.
+// The eight screens: each has its paint procedure and its rows in the file of its own name.
 #pragma once
 
 #include "platform/event.h"
@@ -14,9 +14,6 @@ void doBin(Window window, int mask);
 void doCats(Window window, int mask);
 void doCons(Window window, int mask);
 
-// Fills state.Paint.
-void SetPaintProcedures();
-
 // One row for a position in a RowMode; a row that does not show paints nothing.
 void UpdateARec(Window window, int position, int mode);
 void UpdateTRec(Window window, int position, int mode);
@@ -25,16 +22,3 @@ void UpdateFRec(Window window, int position, int mode);
 void UpdateBinRec(Window window, int position, int mode);
 void UpdateCatRec(Window window, int position, int mode);
 void UpdateConRec(Window window, int position, int mode);
-
-// Moves the selection mark to a position, or away.
-void RecHLon(int position, int refreshCounts);
-void RecHLoff();
-
-// Switches to the transactions of the selected account.
-void EnterTransactions();
-// Switches to a screen as a tap on its tab does (help lines are the caller's).
-void EnterScreen(int screen);
-void DoRightArrow();
-void DoLeftArrow();
-// The next (forward 1) or previous account that is no Total marker, wrapping.
-void StepAccount(int forward);

@@ -1,7 +1,7 @@
-// From screen to screen, and from account to account.
+#include "screens/switching.h"
+#include "frame/changes.h"
 #include "frame/header.h"
 #include "frame/scroll.h"
-#include "ledger/account_window.h"
 #include "ledger/balance.h"
 #include "ledger/recurring.h"
 #include "screens/list_screen.h"
@@ -12,7 +12,7 @@
 
 namespace {
 
-int CurrentIsHeading() {
+bool CurrentIsHeading() {
     return state.CurAccount.RowKind == HeadingRow;
 }
 
@@ -21,10 +21,7 @@ void ShowSelectedAccount() {
     const int row = state.SelectedPos[AccountList] - state.TopPos[AccountList] + 1;
     if (row >= 1 && row <= state.RowCount)
         return;
-    const int screen = state.CurrentScreen;
-    state.CurrentScreen = AccountList;
-    LoadAccFile(SetRecPosition(state.SelectedPos[AccountList], state.EntryCount[AccountList]));
-    state.CurrentScreen = screen;
+    ReloadList(AccountList, TopAround(AccountList, state.SelectedPos[AccountList], state.EntryCount[AccountList]));
 }
 
 // Makes the selected account one that has transactions.
@@ -56,7 +53,7 @@ int32_t ArrivalTop(const ListScreen &screen) {
     }
 }
 
-void ChooseRow(const ListScreen &screen) {
+void ChooseSelection(const ListScreen &screen) {
     int32_t *selected = &state.SelectedPos[screen.List];
     const int32_t count = state.EntryCount[screen.List];
     if (screen.Selection == RowChosen::Last || (screen.Selection == RowChosen::LastWhenNone && *selected == 0))
@@ -76,7 +73,6 @@ void EnterFromAccounts(int forward) {
         *selected = 1;
     if (!forward)
         ShowSelectedAccount();
-    state.PreviousScreen = AccountList;
     EnterTransactions();
 }
 
@@ -92,6 +88,7 @@ void ShowNextGraph(int forward) {
     state.GraphScale = 1;
     if (state.GraphMode == 3 && state.AccountKind == ListAccount)
         state.GraphMode = 2;
+    SetGreys(GraphList);
     doGraph(ListWindow, PaintAllButTabs);
 }
 
@@ -144,7 +141,6 @@ void EnterTransactions() {
     CheckDDs();
     state.CurrentScreen = TransactionList;
     ValidateAccount();
-    state.CurrentScreen = TransactionList;
     int32_t *selected = &state.SelectedPos[TransactionList];
     if (state.TranFileShown != 0 && state.TranFileShown == state.CurAccount.ID) {
         const int32_t count = CountTransactions();
@@ -161,7 +157,8 @@ void EnterScreen(int screen) {
     const ListScreen *entered = ScreenOf(screen);
     if (!entered || screen == state.CurrentScreen)
         return;
-    state.PreviousScreen = state.CurrentScreen;
+    state.DragSource = 0; // what was held is let go
+    const int before = state.CurrentScreen;
     if (screen == TransactionList) {
         EnterTransactions();
         return;
@@ -173,12 +170,11 @@ void EnterScreen(int screen) {
     if (entered->PostsDues)
         CheckDDs();
     if (entered->ChecksTotals)
-        CheckT1totals(0);
-    state.CurrentScreen = screen;
+        CheckT1totals();
     if (entered->Arrives != Arrival::Own)
-        LoadWindow(ArrivalTop(*entered));
-    ChooseRow(*entered);
-    if (state.PreviousScreen == GraphList)
+        LoadShownRows(ArrivalTop(*entered));
+    ChooseSelection(*entered);
+    if (before == GraphList)
         PlaceListScrollBar();
     entered->Paint(ListWindow, PaintAll);
 }

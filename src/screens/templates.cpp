@@ -1,10 +1,10 @@
 // Screen 5: the templates.
+#include "frame/changes.h"
 #include "frame/header.h"
 #include "screens/list_screen.h"
+#include "screens/moving.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
-#include "store/configuration.h"
-#include "store/operations.h"
 #include "store/windows.h"
 
 namespace {
@@ -19,13 +19,13 @@ FixedAmount ShownValue(const FRec &row) {
     return row.Cash == 1 ? row.Value : TimesUnits(row.Units, row.Value);
 }
 
-int Marked(int position) {
+bool Marked(int position) {
     return RowShows(RowOfPosition(position)) && RowAt(position).Cleared == 1;
 }
 
 void ExplainTemplate(const FRec &row) {
-    const int alert = WholeMagnitude(ShownValue(row)) > LargestShown ? 112 : 0;
-    ShowHelp(113, alert, 40, 41, 42, row.Cleared == 1 ? 44 : 43);
+    ShowHelp(row.Cleared == 1 ? Help::ReconciledTemplate : Help::Template,
+             WholeMagnitude(ShownValue(row)) > LargestShown ? AddedLine::ValueTooBig : AddedLine::None);
 }
 
 void Explain(int position) {
@@ -51,14 +51,11 @@ void Stroke(int position) {
     if (!InList(position) || !FetchFav(position, &row))
         return;
     row.Cleared = row.Cleared == 1 ? 0 : 1;
-    ModRecFile(0, position, &row);
+    if (!ModRecFile(0, position, &row))
+        return;
     state.SelectedPos[TemplateList] = position;
     ReloadAndPaint(PaintCounts | PaintRows);
     ExplainTemplate(row);
-}
-
-int CanReorder() {
-    return 1;
 }
 
 constexpr TitleSpot Spots[] = {{0, 1, 1, -6, 16, ToggleRefColumn}};
@@ -82,14 +79,14 @@ void UpdateFRec(Window window, int position, int mode) {
 }
 
 void doFavs(Window window, int mask) {
-    PaintScreen(TemplateScreen, window, mask);
+    PaintListScreen(TemplateScreen, window, mask);
 }
 
 // clang-format off
 const ListScreen TemplateScreen = {
     .List = TemplateList,
     .Paint = doFavs,
-    .TabHelp = {{{18, 19, 20, 21, 22, 23}}, {}, nullptr},
+    .TabHelp = {Help::TemplateTab},
     .Arrives = Arrival::ShowEnd,
     .Selection = RowChosen::LastWhenNone,
     .NeedsAccount = true,
@@ -97,7 +94,7 @@ const ListScreen TemplateScreen = {
     .ChecksTotals = false,
     .PaintRow = UpdateFRec,
     .Marked = Marked,
-    .BlankHelp = {{{34, 0, 35, 47, 37, 0}}, {}, nullptr},
+    .BlankHelp = {Help::BlankEntry},
     .ExplainRow = Explain,
     .DrawTitle = DrawTitle,
     .DrawColumns = DrawColumns,
@@ -108,7 +105,7 @@ const ListScreen TemplateScreen = {
     .ColumnsExplained = true,
     .PressPlot = nullptr,
     .Stroke = Stroke,
-    .CanReorder = CanReorder,
+    .CanReorder = AlwaysReorders,
     .Changed = nullptr,
     .Drops = Drops,
     .DropCount = 1,

@@ -1,40 +1,40 @@
 // Screen 2: the transactions of the current account, live or archived.
-#include "drawing/colour_model.h"
+#include "screens/transactions.h"
+#include "drawing/palette.h"
+#include "frame/changes.h"
 #include "frame/header.h"
-#include "ledger/account_window.h"
+#include "frame/shown.h"
 #include "ledger/balance.h"
-#include "ledger/filter.h"
 #include "ledger/jeopardy.h"
-#include "ledger/moves.h"
 #include "ledger/reconcile.h"
-#include "platform/clock.h"
 #include "platform/shell.h"
 #include "platform/text.h"
+#include "records/entry_values.h"
+#include "resources/geometry.h"
 #include "screens/list_screen.h"
 #include "screens/measure.h"
+#include "screens/moving.h"
 #include "screens/opening.h"
 #include "screens/rows.h"
 #include "screens/screens.h"
 #include "state/error_log.h"
 #include "state/greys.h"
-#include "store/configuration.h"
 #include "store/index.h"
-#include "store/operations.h"
 #include "store/windows.h"
 
 namespace {
 
-const int32_t *Edge() {
+const int32_t *Dividers() {
     return state.ColumnEdge[TransactionList];
 }
 
-int KindIsList() {
+bool KindIsList() {
     return state.AccountKind == ListAccount;
 }
 
 // The line that a filter adds to what a title says.
-int FilterLine() {
-    return state.FilterShown ? 462 : 0;
+AddedLine FilterLine() {
+    return state.FilterShown ? AddedLine::Filtered : AddedLine::None;
 }
 
 // --- Rows
@@ -51,33 +51,33 @@ FixedAmount ShownBalance(const TRec &row) {
     return RowBalance(row, state.AccountKind, static_cast<int>(state.ReconciledView));
 }
 
-int InJeopardy(const TRec &row, FixedAmount balance) {
+bool InJeopardy(const TRec &row, FixedAmount balance) {
     if (KindIsList() && row.RowKind != EntryRow)
-        return 0;
+        return false;
     return BreaksLimit(state.CurAccount, balance);
 }
 
-int Marked(int position) {
+bool Marked(int position) {
     return RowShows(RowOfPosition(position)) && RowAt(position).Cleared == 1;
 }
 
-int IsMarker(const TRec &row) {
+bool IsMarker(const TRec &row) {
     return row.RowKind == DayMarker || row.RowKind == ArchiveMarker || row.RowKind == DeletedMarker ||
            row.RowKind == ReconcileEntry;
 }
 
 // Markers that show their title centred in bold, in the view that is their own.
-int TitleIsCentred(const TRec &row) {
+bool TitleIsCentred(const TRec &row) {
     switch (row.RowKind) {
     case DayMarker:
-        return 1;
+        return true;
     case ArchiveMarker:
     case ReconcileEntry:
         return !state.ArchiveView;
     case DeletedMarker:
         return state.ArchiveView == 1;
     default:
-        return 0;
+        return false;
     }
 }
 
@@ -88,19 +88,29 @@ struct RowBrushes {
     int Date, Title, Rest;
 };
 
-RowBrushes BrushesOf(const TRec &row, int position, int mode, int jeopardy) {
+// True for a row of the solution, which has then been in view.
+bool SeeCandidate(int position) {
+    if (!IsReconcileCandidate(position))
+        return false;
+    for (Candidate &candidate : state.Candidates)
+        if (candidate.Position == position)
+            candidate.Seen = 1;
+    return true;
+}
+
+RowBrushes BrushesOf(const TRec &row, int position, int mode, bool jeopardy) {
     const int title = jeopardy ? JeopardyBrush : IsMarked(mode) ? ReconciledBrush : NoFill;
     if (row.RowKind == DayMarker)
         return {MarkerBrush, MarkerBrush, MarkerBrush};
     if (row.RowKind == ReconcileEntry)
         return {SilverBrush, ReconcileBrush[static_cast<int>(state.ReconcileState) & 3], SilverBrush};
-    if (state.ReconcileState == ReconcileStep::Solved && IsReconcileCandidate(position))
+    if (SeeCandidate(position))
         return {FlaggedBrush, title, SilverBrush};
     return {row.Cleared == 1 ? ReconciledBrush : SilverBrush, title, SilverBrush};
 }
 
 void PaintCells(const RowStrip &strip, const RowBrushes &brush) {
-    const int32_t *e = Edge();
+    const int32_t *e = Dividers();
     if (KindIsList()) {
         KeepingCell(strip, 1, e[2] - 2, brush.Title);
         TurningCell(strip, e[2] + 2, e[3] - 1, SilverBrush, PressedSilver);
@@ -114,35 +124,34 @@ void PaintCells(const RowStrip &strip, const RowBrushes &brush) {
 }
 
 void ExplainReconcile() {
-    static constexpr HelpLines ByStep[] = {
-        // ORDER RECONCILESTEP
-        {{428, 0, 431, 442, 443, 0}},
-        {{428, 0, 444, 445, 0, 446}},
-        {{428, 0, 42, 429, 430, 0}},
-        {{428, 0, 431, 442, 443, 0}},
-    };
-    ShowLines(ByStep[static_cast<int>(state.ReconcileState) & 3]);
+    // ORDER RECONCILESTEP
+    static constexpr Help ByStep[] = {Help::ReconcileEntry, Help::ReconcileImpossible, Help::ReconcileSolved,
+                                      Help::ReconcileEntry};
+    ShowHelp(ByStep[static_cast<int>(state.ReconcileState) & 3]);
 }
 
 void Explain(int position) {
     const TRec &row = RowAt(position);
     const FixedAmount balance = ShownBalance(row);
-    const int alert = WholeMagnitude(balance) > LargestShown ? 203 : InJeopardy(row, balance) ? 291 : 0;
+    const AddedLine alert = WholeMagnitude(balance) > LargestShown ? AddedLine::BalanceTooBig
+                            : InJeopardy(row, balance)             ? AddedLine::InJeopardy
+                                                                   : AddedLine::None;
     switch (row.RowKind) {
     case DayMarker:
-        ShowHelp(0, 39, 0, 46, alert ? 112 : 0);
+        // Deliberately the line of a value, whatever is wrong.
+        ShowHelp(Help::DayMarker, alert != AddedLine::None ? AddedLine::ValueTooBig : alert);
         return;
     case ArchiveMarker:
-        ShowHelp(0, 109, alert, 111);
+        ShowHelp(Help::ArchiveMarker, alert);
         return;
     case DeletedMarker:
-        ShowHelp(0, 220, 221, alert);
+        ShowHelp(Help::DeletedMarker, alert);
         return;
     case ReconcileEntry:
         ExplainReconcile();
         return;
     default:
-        ShowHelp(38, alert, 40, 41, 42, row.Cleared == 1 ? 44 : 43);
+        ShowHelp(row.Cleared == 1 ? Help::ReconciledTransaction : Help::Transaction, alert);
     }
 }
 
@@ -162,22 +171,22 @@ void DrawColumns() {
     static constexpr ColumnTitle Titles[] = {{u"Date", u"Date"}, {u"", u""}, {u"", u""}, {u"Balance", u"Balance"}};
     PaintTitles(Titles, 4, state.FilterShown ? RedBrush : TitleBrush,
                 state.ReconciledView ? ReconciledBrush : TitleBrush);
-    const int32_t *e = Edge();
+    const int32_t *e = Dividers();
     PaintText(TopWindow, NameTitle(), {e[1] + 2, HeaderBottom + 1, e[2] - 2, TitlesBottom - 1}, Align::Centre,
               Font::Bold, Black);
     DrawMeasureTitle(e[2], e[3], Black);
 }
 
 void ToggleReconciledView(int) {
-    static constexpr HelpLines Reconciled = {{64, 65, 66, 67, 56, 0}}, All = {{0, 68, 69, 70, 56, 0}},
-                               AllOfShares = {{0, 105, 106, 0, 0, 0}};
     state.ReconciledView = !state.ReconciledView;
-    ShowLines(state.ReconciledView ? Reconciled : IsShare(state.AccountKind) ? AllOfShares : All);
+    ShowHelp(state.ReconciledView         ? Help::BalanceOfReconciled
+             : IsShare(state.AccountKind) ? Help::BalanceOfShares
+                                          : Help::BalanceOfAllEntries);
     doTransactions(ListWindow, PaintColumns | PaintRows);
 }
 
 void ExplainColumns(int) {
-    ShowHelp(0, 90, 91, 0, FilterLine());
+    ShowHelp(Help::ColumnsOfEntries, FilterLine());
 }
 
 // --- Strokes and drops
@@ -190,29 +199,48 @@ void StrokeBlankRow() {
     DoButtonDblclk(ListWindow, ReconcileEntry);
 }
 
+// The first row of the solution that has not been in view, 0 for none.
+int32_t UnseenCandidate() {
+    for (int i = 0; i < state.CandidateCount; ++i)
+        if (state.Candidates[i].Selected && !state.Candidates[i].Seen)
+            return state.Candidates[i].Position;
+    return 0;
+}
+
+// The solution is seen before it is applied; with its rows the statement's balance has done its work.
+void StrokeSolved(int position) {
+    if (const int32_t unseen = UnseenCandidate()) {
+        LoadShownRows(SetRecPosition(unseen, state.EntryCount[TransactionList]));
+        doTransactions(ListWindow, PaintCounts | PaintRows);
+        ExplainReconcile();
+        return;
+    }
+    if (!ApplyReconcile(EntriesShown()) || !DeleteRecFile(state.CurAccount.ID, position))
+        return;
+    RepairTop(TransactionList);
+    RecomputeBalances();
+    ReloadAndPaint(PaintCounts | PaintRows);
+}
+
 void StrokeReconcileEntry(int position, const TRec &row) {
     if (state.ReconcileState == ReconcileStep::Solved) {
-        ApplyReconcile();
-        DeleteRecFile(state.CurAccount.ID, position);
-        RepairTop(TransactionList);
-        RecomputeBalances();
-        ReloadAndPaint(PaintCounts | PaintRows);
+        StrokeSolved(position);
         return;
     }
     // The search comes last: whatever changes a list ends the state it leaves.
     RecomputeBalances();
-    LoadWindow(state.TopPos[TransactionList]);
-    RunReconcile(row.Value);
+    LoadShownRows(state.TopPos[TransactionList]);
+    RunReconcile(EntriesShown(), row.Value);
     doTransactions(ListWindow, PaintCounts | PaintRows);
 }
 
 void StrokeEntry(int position, TRec *row) {
-    static constexpr HelpLines Set = {{48, 49, 50, 53, 54, 56}}, Unset = {{48, 51, 52, 53, 54, 56}};
     if (FilterGivesWay())
         return;
     row->Cleared = row->Cleared == 1 ? 0 : 1;
-    if (ModRecFile(state.CurAccount.ID, position, row))
-        ShowLines(row->Cleared ? Set : Unset);
+    if (!ModRecFile(state.CurAccount.ID, position, row))
+        return;
+    ShowHelp(row->Cleared ? Help::MarkedReconciled : Help::MarkedUnreconciled);
     state.SelectedPos[TransactionList] = position;
     RecomputeBalances();
     ReloadAndPaint(PaintCounts | PaintRows);
@@ -227,7 +255,7 @@ void Stroke(int position) {
     if (!FetchTran(position, &row))
         return;
     if (row.RowKind == DayMarker || row.RowKind == ArchiveMarker)
-        ShowHelp(108, 49);
+        ShowHelp(Help::MarkerCannotBeSet);
     else if (row.RowKind != ReconcileEntry)
         StrokeEntry(position, &row);
     else if (!FilterGivesWay())
@@ -238,16 +266,8 @@ void Changed() {
     RecomputeBalances();
 }
 
-int AcceptEntry(int position) {
+bool AcceptEntry(int position) {
     return InList(position) && RowShows(RowOfPosition(position)) && RowAt(position).RowKind == EntryRow;
-}
-
-// Adds a record at the head of another list and comes back to this screen.
-void AddAtHead(int list, const void *record) {
-    state.CurrentScreen = list;
-    AddRecFile(0, 1, record, 0);
-    state.CurrentScreen = TransactionList;
-    doTransactions(ListWindow, PaintTabs);
 }
 
 void MakeTemplate(int position) {
@@ -257,15 +277,11 @@ void MakeTemplate(int position) {
         return;
     InitFRec(&made);
     CopyText(made.Name, TextRoom, row.Name);
-    CopyText(made.Memo, TextRoom, row.Memo);
-    made.Flag = row.Flag;
-    made.CatID = row.CatID;
-    made.Cash = row.Cash;
-    made.NoCash = row.NoCash;
-    made.Units = row.Units;
-    made.Value = row.Cash == 1 ? row.CashAmount : row.Value;
+    CopyEntryValues(row, &made);
+    made.Cleared = made.Transfer = 0;
     state.SelectedPos[TransactionList] = position;
-    AddAtHead(TemplateList, &made);
+    if (AddRecFile(0, 1, &made, 0))
+        doTransactions(ListWindow, PaintTabs);
 }
 
 // The name of the entry's category, or its title when it has none.
@@ -282,12 +298,13 @@ void MakeCategory(int position) {
         return;
     InitCatRec(&made);
     CategoryText(row, made.Name);
-    made.CatID = ClockTicks();
+    made.CatID = NewCatID();
     const Colour colour = state.Palette[PaletteHash(made.Name)];
     made.Red = colour >> 16 & 0xFF;
     made.Green = colour >> 8 & 0xFF;
     made.Blue = colour & 0xFF;
-    AddAtHead(CategoryList, &made);
+    if (AddRecFile(0, 1, &made, 0))
+        doTransactions(ListWindow, PaintTabs);
 }
 
 // clang-format off
@@ -306,22 +323,11 @@ constexpr TabDrop Drops[] = {
 
 } // namespace
 
-void RecomputeBalances() {
-    const uint32_t account = state.CurAccount.ID;
-    if (state.ArchiveView) {
-        state.ArchiveView = 0;
-        CalcBalance(account);
-        state.ArchiveView = 1;
-    }
-    CalcBalance(account);
-}
-
-int FilterGivesWay() {
+bool FilterGivesWay() {
     if (state.CurrentScreen != TransactionList || !state.FilterShown)
         return 0;
     ClearFiltersAndRecompute();
-    state.CurrentScreen = TransactionList;
-    ShowHelp(0, 456, 457);
+    ShowHelp(Help::FilterOff);
     doTransactions(ListWindow, PaintAll);
     return 1;
 }
@@ -330,14 +336,14 @@ void UpdateTRec(Window window, int position, int mode) {
     RowStrip strip;
     if (!BeginRow(&strip, window, position, mode, SilverBrush))
         return;
-    const int32_t *e = Edge();
+    const int32_t *e = Dividers();
     if (strip.Past) {
         PaintCells(strip, {SilverBrush, NoFill, SilverBrush});
         return;
     }
     const TRec &row = state.TranRows[strip.Index].Rec;
     const FixedAmount balance = ShownBalance(row);
-    const int jeopardy = InJeopardy(row, balance);
+    const bool jeopardy = InJeopardy(row, balance);
     PaintCells(strip, BrushesOf(row, position, mode, jeopardy));
     PaintFlag(window, row.Flag, KindIsList() ? e[2] : e[1], strip.Place.Top);
     if (!KindIsList())
@@ -353,7 +359,7 @@ void UpdateTRec(Window window, int position, int mode) {
 }
 
 void doTransactions(Window window, int mask) {
-    PaintScreen(TransactionScreen, window, mask);
+    PaintListScreen(TransactionScreen, window, mask);
     SetGreys(TransactionList);
     if (state.ArchiveView)
         GreyMenuItem(CommandInsertDay);
@@ -363,7 +369,7 @@ void doTransactions(Window window, int mask) {
 const ListScreen TransactionScreen = {
     .List = TransactionList,
     .Paint = doTransactions,
-    .TabHelp = {{{0, 8, 9, 10, 0, 0}}, {{0, 8, 9, 84, 0, 0}}, InArchiveView},
+    .TabHelp = {Help::TransactionTab, Help::ArchivedTransactionTab, InArchiveView},
     .Arrives = Arrival::Own,
     .Selection = RowChosen::Keep,
     .NeedsAccount = true,
@@ -371,7 +377,7 @@ const ListScreen TransactionScreen = {
     .ChecksTotals = false,
     .PaintRow = UpdateTRec,
     .Marked = Marked,
-    .BlankHelp = {{{34, 0, 35, 47, 37, 0}}, {{34, 0, 35, 47, 0, 0}}, InArchiveView},
+    .BlankHelp = {Help::BlankEntry, Help::BlankArchivedEntry, InArchiveView},
     .ExplainRow = Explain,
     .DrawTitle = DrawTitle,
     .DrawColumns = DrawColumns,

@@ -66,3 +66,8 @@ void TraceNarrow(const char *text) {
     std::snprintf(line, sizeof line, "<%.*s>\n", LineRoom - 4, text);
     AppendLine(TracePath, line);
 }
+
+void ReportDamagedRow(const char16_t *name) {
+    Beep();
+    TraceWide(name);
+}

@@ -12,3 +12,6 @@ int ReportError(In function, Trouble error);
 // A line "<%s>" in AAAtrace.txt: the names of damaged records. TraceWide takes at most 32 units of the text.
 void TraceWide(const char16_t *text);
 void TraceNarrow(const char *text);
+
+// A record of another version among the rows shown: a beep, and its name in the trace.
+void ReportDamagedRow(const char16_t *name);

@@ -120,9 +120,9 @@ void GreyMenuItem(int id) {
     EnableMenuItem(id, 0);
 }
 
-int MenuItemEnabled(int id) {
+bool MenuItemEnabled(int id) {
     for (int i = 0; i < MenuRows; ++i)
         if (Menu[i].Id == id)
             return state.ItemEnabled[i];
-    return 0;
+    return false;
 }

@@ -8,5 +8,5 @@ void SetGreys(int screen);
 // Greys one item until the next SetGreys.
 void GreyMenuItem(int id);
 
-// 1 when the command or popup is enabled.
-int MenuItemEnabled(int id);
+// True when the command or popup is enabled.
+bool MenuItemEnabled(int id);

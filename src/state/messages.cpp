@@ -14,8 +14,11 @@ constexpr bool InOrder() {
 static_assert(InOrder());
 
 // What is said in place of everything else while the data can't be used.
-constexpr int16_t WrongVersion[MessageLines] = {128, 0, 129, 133, 0, 4};
-constexpr int16_t Enciphered[MessageLines] = {128, 0, 486, 487, 488, 0};
+constexpr Help Refusals[] = {
+    // ORDER DATAREFUSAL
+    Help::WrongVersion,    Help::DataInUse,      Help::DataUnreachable,
+    Help::DataUnrecovered, Help::DataUnreadable, Help::AccountsLost,
+};
 
 char16_t Slots[LastMessage + 1][MessageRoom];
 
@@ -45,7 +48,8 @@ void ShowHelpMessage(int align, int force, int line1, int line2, int line3, int 
                                    static_cast<int16_t>(line3), static_cast<int16_t>(line4),
                                    static_cast<int16_t>(line5), static_cast<int16_t>(line6)};
     if (!state.DataUsable) {
-        std::memcpy(lines, state.PasswordOn == 1 ? Enciphered : WrongVersion, sizeof lines);
+        const Help refusal = state.PasswordOn == 1 ? Help::Enciphered : Refusals[static_cast<int>(state.Refusal)];
+        std::memcpy(lines, LinesOf(refusal), sizeof lines);
         align = 1;
     }
     const bool same = std::memcmp(lines, state.MessageLine, sizeof lines) == 0 && align == state.MessageAlign;
@@ -54,4 +58,21 @@ void ShowHelpMessage(int align, int force, int line1, int line2, int line3, int 
     // The ledger can speak before any screen exists.
     if (state.HelpMode && state.Paint[0] && (force || !same))
         state.Paint[0](NoWindow, 0);
+}
+
+void ShowHelp(Help help, AddedLine added) {
+    int id[MessageLines];
+    for (int i = 0; i < MessageLines; ++i)
+        id[i] = LinesOf(help)[i] == AddedHere ? static_cast<int>(added) : LinesOf(help)[i];
+    ShowHelpMessage(1, 0, id[0], id[1], id[2], id[3], id[4], id[5]);
+}
+
+void ForceHelp(Help help) {
+    const auto &id = LinesOf(help);
+    ShowHelpMessage(1, 1, id[0], id[1], id[2], id[3], id[4], id[5]);
+}
+
+void RepeatHelp() {
+    const int16_t *id = state.MessageLine;
+    ShowHelpMessage(state.MessageAlign, 1, id[0], id[1], id[2], id[3], id[4], id[5]);
 }

@@ -1,7 +1,7 @@
 // The owner's help lines: remembered here, painted by the message window.
 #pragma once
 
-#include "resources/messages.h"
+#include "resources/help_lines.h"
 #include <cstdint>
 
 // Writes every message into its slot. Once, at start-up.
@@ -14,7 +14,9 @@ const char16_t *MessageText(int id);
 // from the remembered ones or `force` is 1. `align` 1 centres. With unusable data the lines are always the refusal.
 void ShowHelpMessage(int align, int force, int line1, int line2, int line3, int line4, int line5, int line6);
 
-// The usual call: centred, not forced.
-inline void ShowHelp(int line1, int line2 = 0, int line3 = 0, int line4 = 0, int line5 = 0, int line6 = 0) {
-    ShowHelpMessage(1, 0, line1, line2, line3, line4, line5, line6);
-}
+// How everybody speaks: a set of lines by name, centred, with the line that the set has room for. ForceHelp paints it
+// even where the same lines show.
+void ShowHelp(Help help, AddedLine added = AddedLine::None);
+void ForceHelp(Help help);
+// Has the remembered lines painted again.
+void RepeatHelp();

@@ -7,6 +7,7 @@
 
 #include "platform/event.h"
 #include "platform/surface.h"
+#include "records/place.h"
 #include "records/records.h"
 #include "resources/menus.h"
 #include "resources/messages.h"
@@ -14,7 +15,6 @@
 
 inline constexpr int MostRows = 12;         // rows of a list window without the message window
 inline constexpr int RowsAboveMessages = 7; // rows with it
-inline constexpr int MessageLines = 6;
 inline constexpr int ScreenCount = 8;
 inline constexpr int RunBytes = 256 * 1064; // one run of records, of the widest kind
 inline constexpr int MostCandidates = 20;   // of the reconcile search: 2^20 subsets are still instant
@@ -54,11 +54,35 @@ enum class NextStep : uint8_t {
 
 enum class ReconcileStep : int32_t { Idle, Impossible, Solved, Computing };
 
+// Why DataUsable is 0. ORDER DATAREFUSAL
+enum class DataRefusal : uint8_t { // ORDER DATAREFUSAL: the lines that say so
+    WrongVersion,
+    InUse,       // another process has the data
+    Unreachable, // they can't be taken for this process alone
+    Unrecovered, // the journal can't be applied
+    Unreadable,
+    AccountsLost, // entries are there, and no list of accounts
+};
+
 struct Candidate {    // of the reconcile search
     int32_t Position; // row
     FixedAmount Sum;  // what the row would add to the cleared balance
     uint32_t WasCleared, Selected;
+    uint32_t Seen; // 1 once its row has been painted as a part of the solution
 };
+
+struct WaitingEntry { // that waits to be placed by its date
+    uint32_t Account;
+    uint32_t Order; // in which it came
+    TRec Row;
+};
+inline constexpr int MostWaitingEntries = 5000; // the most that an import takes
+
+struct KnownAccount {
+    uint32_t ID, AccType;
+    int32_t Position;
+};
+inline constexpr int MostKnownAccounts = 4096;
 
 union WorkingRow { // by the form that is open
     ARec Account;
@@ -82,16 +106,13 @@ using PaintProcedure = void (*)(Window window, int mask);
 
 struct State {
     // Core
-    int32_t CurrentScreen;  // a List: the screen shown, and the list that the store works on
-    int32_t PreviousScreen; // the screen before the present one
-    int32_t ActiveDialog;   // a Dialog
+    int32_t CurrentScreen; // a List: the screen shown, and the list that the store works on
+    int32_t ActiveDialog;  // a Dialog
     NextStep Next;
-    uint32_t DataUsable;                   // 0 after WrongVersion: nothing is read or written any more
-    uint32_t FileAccessReady;              // 1 once FirstLoad has run
+    uint32_t DataUsable;                   // 0 after a refusal: nothing is read or written any more
+    DataRefusal Refusal;                   // of the data, counts while DataUsable is 0
     uint32_t FrontPageDone;                // 1 once the first screen may be used
-    uint32_t LastWriteResult;              // of the last write of a record
     RecDate SharedToday;                   // start-up date, refreshed by CheckDDs; the jeopardy test compares with it
-    const char16_t *DayNames[7];           // [0] Sunday
     const char16_t *MonthNames[13];        // [1] January, short
     PaintProcedure Paint[ScreenCount + 1]; // by screen; [0] the message window
     int32_t RepaintSkip;                   // paint requests still to swallow
@@ -122,29 +143,34 @@ struct State {
     BinRec BinRows[MostRows + 1];
     CatRec CatRows[MostRows + 1];
     CurRec CurRows[MostRows + 1];
+    // The accounts' names beside the rows of the bin and of the recurring items
+    char16_t BinOwnerNames[MostRows + 1][TextRoom], DDAccountNames[MostRows + 1][TextRoom];
+    uint8_t AccFiltered[MostRows + 1]; // 1 beside an account of which a filter hides rows
     ARec CurAccount;
     int32_t AccountKind;    // AccType of the current account
     uint32_t TranFileShown; // ID of the account whose rows TranRows holds, 0 none
 
     // Store
-    uint32_t ArchiveView;  // 1: kind 2 means the archive files
-    uint32_t IgnoreFilter; // 1: kind 2 means the plain file, opened only if it exists
-    uint32_t FilterView;   // 1 while a filter file is shown
-    uint32_t FilterShown;  // last result of LoadTranFile
+    uint32_t ArchiveView; // 1: kind 2 means the archive files
+    uint32_t FilterView;  // 1 while a filter file is shown
+    uint32_t FilterShown; // last result of LoadTranFile
     alignas(8) uint8_t RunBuffer[RunBytes];
 
+    KnownAccount KnownAccounts[MostKnownAccounts]; // of one pass over many entries, by ID; see store/index.h
+    int32_t KnownAccountCount;
+
     // Ledger
+    WaitingEntry WaitingEntries[MostWaitingEntries];
+    int32_t WaitingCount;
     uint32_t RecurringInOrder; // last result of DDFileCheck
-    uint32_t FoundDayNumber;   // of the row that CpDates stopped at
-    int32_t LastMultiplier;    // that CalcBalance applied last
     ReconcileStep ReconcileState;
     int32_t CandidateCount, SelectedCount;
     FixedAmount CurrentCleared, TargetBalance, Discrepancy;
     Candidate Candidates[MostCandidates];
-    int32_t RangeStart, RangeFinish;             // of a deletion in two steps, 0 not chosen
-    int32_t RangeStartScreen, RangeFinishScreen; // List, or 10 + account position for transactions
-    int32_t ArchiveProgress;                     // 0 to 100
-    uint32_t Restructuring;                      // 1 once the merge of an archive has begun to move rows
+    int32_t RangeStart, RangeFinish;         // of a deletion in two steps, 0 not chosen
+    Place RangeStartPlace, RangeFinishPlace; // NoList: not chosen
+    int32_t ArchiveProgress;                 // 0 to 100
+    uint32_t Restructuring;                  // 1 once the merge of an archive has begun to move rows
 
     // Screens
     uint32_t MessageWindowOn, HelpMode;
@@ -208,17 +234,17 @@ struct State {
     int32_t FormFlag;               // 0 to 3
     uint32_t FirstSign, SecondSign; // 1 plus
     uint32_t FormCleared, FormNoCash;
-    uint32_t DuplicateOn;    // the entry shown will be saved as a new one
-    uint32_t ViewIsAdvanced; // of the transaction form
-    uint32_t Reversed;       // of the conversion form: the rate shown is that of the other direction
-    WorkingRow FormRow;      // the working copy of the row that the form is for
-    RecDate DuplicateDate;   // to return to when the duplicate is dropped
-    // ID of the partner account. Filling a new entry clears it, a template or a switch of view sets it; filling an
-    // existing entry leaves it alone, so that it may hold what the last form left: this is deliberate.
-    uint32_t FormTransfer;
-    int32_t BlockIndex;                         // of a recurring item: 0 first, 1 subsequent
-    int32_t ListedCategories;                   // rows of the category list that stand for their positions
+    uint32_t DuplicateOn;     // the entry shown will be saved as a new one
+    uint32_t ViewIsAdvanced;  // of the transaction form
+    uint32_t Reversed;        // of the conversion form: the rate shown is that of the other direction
+    WorkingRow FormRow;       // the working copy of the row that the form is for
+    RecDate DuplicateDate;    // to return to when the duplicate is dropped
+    uint32_t FormTransfer;    // ID of the partner account picked for a new entry; every filling of the form clears it
+    int32_t BlockIndex;       // of a recurring item: 0 first, 1 subsequent
+    uint32_t BlockFollows;    // 1: the second block is still what the first one is
+    int32_t ListedCategories; // rows of the category list that stand for their positions
     char16_t ShownText[ShownFields][ShownRoom]; // by control id: what a field held when it was filled
+    uint8_t FieldEdited[ShownFields];           // by control id: 1 once the owner has changed it
     RecDate ShownDate;                          // the same of the date field
 };
 

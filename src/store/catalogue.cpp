@@ -3,6 +3,8 @@
 #include "state/error_log.h"
 #include "state/state.h"
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <iterator>
 
 namespace {
@@ -33,12 +35,6 @@ const KindRow &RowOf(FileKind kind) {
     return Kinds[static_cast<int>(kind)];
 }
 
-int OpenTransactions(TransactionFile file, OpenDisposition disposition, uint32_t accountID) {
-    char path[PathRoom];
-    TransactionPath(path, file, accountID);
-    return OpenFile(path, disposition);
-}
-
 } // namespace
 
 void DataPath(char *to, FileKind kind) {
@@ -49,37 +45,59 @@ void TransactionPath(char *to, TransactionFile file, uint32_t accountID) {
     std::snprintf(to, PathRoom, "%s\\E1_02%s%u", DataDirectory, TransactionTags[static_cast<int>(file)], accountID);
 }
 
-int OpenDataFile(FileKind kind, OpenDisposition disposition, uint32_t accountID, uint32_t *filtered) {
-    if (kind != FileKind::Transactions) {
-        char path[PathRoom];
-        DataPath(path, kind);
-        return OpenFile(path, disposition);
+bool AccountOfFile(const char *name, uint32_t *accountID) {
+    for (const char *tag : TransactionTags) {
+        char whole[PathRoom];
+        const char *digits = name + std::strlen("E1_02") + std::strlen(tag);
+        const int length = std::snprintf(whole, sizeof whole, "E1_02%s", tag);
+        if (std::strncmp(name, whole, static_cast<size_t>(length)) != 0 || *digits < '1' || *digits > '9')
+            continue;
+        char *end;
+        *accountID = static_cast<uint32_t>(std::strtoul(digits, &end, 10));
+        return *end == 0;
     }
-    const bool archive = state.ArchiveView == 1;
-    const auto plain = archive ? TransactionFile::Archive : TransactionFile::Live;
-    if (state.IgnoreFilter == 1)
-        return OpenTransactions(plain, OpenExisting, accountID);
-    const int filter = OpenTransactions(archive ? TransactionFile::ArchiveFilter : TransactionFile::LiveFilter,
-                                        OpenExisting, accountID);
+    return false;
+}
+
+int OpenTransactions(TransactionFile file, uint32_t accountID, OpenDisposition disposition) {
+    char path[PathRoom];
+    TransactionPath(path, file, accountID);
+    return OpenFile(path, disposition);
+}
+
+int OpenDataFile(FileKind kind, OpenDisposition disposition) {
+    char path[PathRoom];
+    DataPath(path, kind);
+    return OpenFile(path, disposition);
+}
+
+int OpenPlace(const Place &place, OpenDisposition disposition, uint32_t *filtered) {
+    const FileKind kind = KindOfList(place.List);
     if (filtered)
-        *filtered = filter >= 0;
-    return filter >= 0 ? filter : OpenTransactions(plain, disposition, accountID);
+        *filtered = 0;
+    if (kind != FileKind::Transactions)
+        return OpenDataFile(kind, disposition);
+    if (place.Account == 0)
+        return -1;
+    if (place.Through == Rows::Shown) {
+        const int filter = OpenTransactions(FilterFile(place.Of), place.Account, OpenExisting);
+        if (filtered)
+            *filtered = filter >= 0;
+        if (filter >= 0)
+            return filter;
+    }
+    return OpenTransactions(RealFile(place.Of), place.Account, disposition);
 }
 
 int CloseFile(int handle) {
-    if (ReleaseFile(handle))
+    if (handle < 0 || ReleaseFile(handle))
         return 1;
     ReportError(In::CloseHandle, Trouble::Closure);
     return 0;
 }
 
-int FileExists(const char *path) {
-    const int file = OpenFile(path, OpenExisting);
-    return file >= 0 && ReleaseFile(file);
-}
-
 int32_t CountRecords(int handle, FileKind kind) {
-    const int64_t count = FileLength(handle) / RecordSize(kind);
+    const int64_t length = FileLength(handle), count = length < 0 ? 0 : length / RecordSize(kind);
     return count > INT32_MAX ? INT32_MAX : static_cast<int32_t>(count);
 }
 
@@ -94,8 +112,8 @@ int ReadRecord(int handle, FileKind kind, int32_t position, void *record) {
 int32_t ReadRecords(int handle, FileKind kind, int32_t first, int32_t most, void *records) {
     const int size = RecordSize(kind);
     auto *bytes = static_cast<uint8_t *>(records);
-    const auto read =
-        static_cast<int32_t>(ReadFileAt(handle, (first - int64_t{1}) * size, bytes, int64_t{most} * size) / size);
+    const int64_t arrived = ReadFileAt(handle, (first - int64_t{1}) * size, bytes, int64_t{most} * size);
+    const auto read = arrived < 0 ? 0 : static_cast<int32_t>(arrived / size);
     for (int32_t index = 0; index < read; ++index)
         DecipherRecord(kind, bytes + int64_t{index} * size);
     return read;
@@ -104,9 +122,7 @@ int32_t ReadRecords(int handle, FileKind kind, int32_t first, int32_t most, void
 int WriteRecord(int handle, FileKind kind, int32_t position, void *record) {
     const int size = RecordSize(kind);
     EncipherRecord(kind, record);
-    const int written = WriteFileAt(handle, (position - int64_t{1}) * size, record, size);
-    state.LastWriteResult = written == 1;
-    return written;
+    return WriteFileAt(handle, (position - int64_t{1}) * size, record, size);
 }
 
 Trouble CreateFailOf(FileKind kind) {

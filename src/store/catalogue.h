@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/files.h"
+#include "records/place.h"
 #include "records/records.h"
 
 inline constexpr char DataDirectory[] = "\\Program Files\\Zentrik\\E1_Data";
@@ -16,17 +17,25 @@ enum class TransactionFile : uint8_t { Live, Archive, LiveFilter, ArchiveFilter,
 void DataPath(char *to, FileKind kind);
 void TransactionPath(char *to, TransactionFile file, uint32_t accountID);
 
-// Opens a data file; a handle, or -1. `accountID` and `filtered` count for FileKind::Transactions alone: the file set
-// follows state.ArchiveView, a filter file is preferred when there is one, and `filtered` (null: not wanted) then says
-// 1, otherwise 0. With state.IgnoreFilter 1 the plain file is opened, only if it exists, and `filtered` stays as it
-// was.
-[[nodiscard]] int OpenDataFile(FileKind kind, OpenDisposition disposition, uint32_t accountID, uint32_t *filtered);
+// The account whose transactions a file of the data directory holds, by its name. False for any other name.
+bool AccountOfFile(const char *name, uint32_t *accountID);
 
-// Closes, and logs Closure when the platform refuses; accepts the handle of a failed open.
+// Opens the file of a place, or one of the other data files; a handle, or below 0 (platform/files.h). Of transactions
+// the filter file is preferred when there is one and the place asks for what is shown; `filtered` (null: not wanted)
+// then says 1, otherwise 0. No account, no file: -1.
+[[nodiscard]] int OpenPlace(const Place &place, OpenDisposition disposition, uint32_t *filtered = nullptr);
+[[nodiscard]] int OpenDataFile(FileKind kind, OpenDisposition disposition);
+// One of an account's six files.
+[[nodiscard]] int OpenTransactions(TransactionFile file, uint32_t accountID, OpenDisposition disposition);
+constexpr TransactionFile RealFile(View view) {
+    return view == View::Archive ? TransactionFile::Archive : TransactionFile::Live;
+}
+constexpr TransactionFile FilterFile(View view) {
+    return view == View::Archive ? TransactionFile::ArchiveFilter : TransactionFile::LiveFilter;
+}
+
+// Closes, and logs Closure when the platform refuses; what was never opened needs no closing.
 int CloseFile(int handle);
-
-// 1 when the file can be opened for reading.
-int FileExists(const char *path);
 
 // Whole records in the file, by its length; a remainder does not count.
 int32_t CountRecords(int handle, FileKind kind);
@@ -38,8 +47,7 @@ int32_t CountRecords(int handle, FileKind kind);
 // RecordSize(kind). Returns how many arrived.
 int32_t ReadRecords(int handle, FileKind kind, int32_t first, int32_t most, void *records);
 
-// One record to a 1-based position, enciphered in place: the buffer is not to be read again. The result also stands
-// in state.LastWriteResult; the caller reports.
+// One record to a 1-based position, enciphered in place: the buffer is not to be read again. The caller reports.
 [[nodiscard]] int WriteRecord(int handle, FileKind kind, int32_t position, void *record);
 
 // The error of a failed open or write of a kind; for FileKind::Transactions the live file's.

@@ -5,64 +5,72 @@
 #include "store/catalogue.h"
 #include "store/configuration.h"
 #include "store/operations.h"
+#include <algorithm>
 
 namespace {
+
+// The position of the first account that matches, with its row; 0 for none.
+template <typename Matches> int32_t FindRow(In function, ARec *row, Matches matches) {
+    int32_t found = 0;
+    ForEachAccount(function, [&](int32_t position, const ARec &account) {
+        if (matches(account)) {
+            found = position;
+            if (row)
+                *row = account;
+        }
+        return found == 0;
+    });
+    return found;
+}
+
+// The names of up to MostRows accounts, by one walk over the index. Without an ID there is no name to show.
+void NameAccounts(const uint32_t *ids, char16_t (*names)[TextRoom]) {
+    for (int i = 1; i <= MostRows; ++i)
+        CopyText(names[i], TextRoom, OverflowText);
+    ForEachAccount(In::AccountIdToName, [&](int32_t, const ARec &account) {
+        for (int i = 1; i <= MostRows; ++i)
+            if (ids[i] == account.ID && ids[i] != 0)
+                CopyText(names[i], TextRoom, account.Name);
+        return true;
+    });
+}
+
+bool LiveFileThere(uint32_t accountID) {
+    char path[PathRoom];
+    TransactionPath(path, TransactionFile::Live, accountID);
+    return FileThere(path) != 0; // one that can't be looked at counts as there
+}
+
+} // namespace
 
 int OpenIndex(In function) {
     if (!state.DataUsable)
         return -1;
-    const int file = OpenDataFile(FileKind::Accounts, OpenOrCreate, 0, nullptr);
+    const int file = OpenDataFile(FileKind::Accounts, OpenOrCreate);
     if (file < 0)
         ReportError(function, Trouble::AcreateFail);
     return file;
 }
 
-// Shows `visit` every row with its position, until it answers 0.
-template <typename Visit> void WalkIndex(int file, Visit visit) {
-    constexpr int32_t AtOnce = 16; // most owners' whole list
-    ARecFile records[AtOnce];
-    int32_t read = AtOnce;
-    for (int32_t first = 1; read == AtOnce; first += read) {
-        read = ReadRecords(file, FileKind::Accounts, first, AtOnce, records);
-        for (int32_t index = 0; index < read; ++index) {
-            ARec row = {};
-            CopyRecFile(AccountList, &records[index], &row);
-            if (!visit(first + index, row))
-                return;
-        }
+int32_t ReadIndex(int handle, int32_t first, ARec *rows) {
+    ARecFile records[IndexBlock];
+    const int32_t read = ReadRecords(handle, FileKind::Accounts, first, IndexBlock, records);
+    for (int32_t index = 0; index < read; ++index) {
+        rows[index] = {};
+        CopyFields(FieldsOfList(AccountList), &records[index], &rows[index]); // a damaged name ends within its field
     }
+    return read;
 }
 
-// The position of the first account that matches, with its row; 0 for none.
-template <typename Matches> int32_t FindAccount(In function, ARec *row, Matches matches) {
-    const int file = OpenIndex(function);
-    if (file < 0)
-        return 0;
-    int32_t found = 0;
-    WalkIndex(file, [&](int32_t position, const ARec &account) {
-        if (matches(account)) {
-            found = position;
-            *row = account;
-        }
-        return !found;
-    });
-    CloseFile(file);
-    return found;
+void CloseIndex(int handle) {
+    CloseFile(handle);
 }
-
-int LiveFileExists(uint32_t accountID) {
-    char path[PathRoom];
-    TransactionPath(path, TransactionFile::Live, accountID);
-    return FileExists(path);
-}
-
-} // namespace
 
 uint32_t AccountNameToId(const char16_t *name) {
     ARec row = {};
     // A heading may bear any name, but has no entries.
     const auto isIt = [=](const ARec &r) { return r.RowKind != HeadingRow && SameText(r.Name, name, TextRoom - 1); };
-    return FindAccount(In::AccountNameToId, &row, isIt) ? row.ID : 0;
+    return FindRow(In::AccountNameToId, &row, isIt) ? row.ID : 0;
 }
 
 const char16_t *AccountIdToName(uint32_t accountID) {
@@ -70,7 +78,7 @@ const char16_t *AccountIdToName(uint32_t accountID) {
     ARec row = {};
     if (!state.DataUsable)
         CopyText(name, TextRoom, u"");
-    else if (accountID && FindAccount(In::AccountIdToName, &row, [=](const ARec &r) { return r.ID == accountID; }))
+    else if (accountID && FindRow(In::AccountIdToName, &row, [=](const ARec &r) { return r.ID == accountID; }))
         CopyText(name, TextRoom, row.Name);
     else
         CopyText(name, TextRoom, OverflowText);
@@ -78,23 +86,64 @@ const char16_t *AccountIdToName(uint32_t accountID) {
 }
 
 uint32_t RectoID(int32_t position) {
-    const int file = OpenIndex(In::RectoID);
-    if (file < 0)
-        return 0;
     ARec row = {};
-    const int there = ReadRow(file, AccountList, position, &row);
-    CloseFile(file);
-    return there ? row.ID : 0;
+    return FetchRecord(Place{AccountList}, position, &row) ? row.ID : 0;
 }
 
 int32_t IDtoRec(uint32_t accountID) {
-    ARec row = {};
-    return accountID ? FindAccount(In::IDtoRec, &row, [=](const ARec &r) { return r.ID == accountID; }) : 0;
+    return accountID ? FindRow(In::IDtoRec, nullptr, [=](const ARec &r) { return r.ID == accountID; }) : 0;
 }
 
-int32_t IDtoAccount(uint32_t accountID, ARec *row) {
+int FindAccount(uint32_t accountID, ARec *row, int32_t *position) {
     const auto isIt = [=](const ARec &r) { return r.ID == accountID && r.RowKind != HeadingRow; };
-    return accountID ? FindAccount(In::IDtoRec, row, isIt) : 0;
+    const int32_t found = accountID ? FindRow(In::IDtoRec, row, isIt) : 0;
+    if (found && position)
+        *position = found;
+    return found != 0;
+}
+
+void KnowAccounts() {
+    state.KnownAccountCount = 0;
+    ForEachAccount(In::IDtoRec, [](int32_t position, const ARec &row) {
+        if (row.RowKind != HeadingRow && row.ID != 0)
+            state.KnownAccounts[state.KnownAccountCount++] = {row.ID, row.AccType, position};
+        return state.KnownAccountCount < MostKnownAccounts;
+    });
+    std::sort(state.KnownAccounts, state.KnownAccounts + state.KnownAccountCount,
+              [](const KnownAccount &a, const KnownAccount &b) {
+                  return a.ID < b.ID || (a.ID == b.ID && a.Position < b.Position);
+              });
+}
+
+const KnownAccount *KnownAccountOf(uint32_t accountID) {
+    KnownAccount *end = state.KnownAccounts + state.KnownAccountCount;
+    const KnownAccount *found = std::lower_bound(state.KnownAccounts, end, accountID,
+                                                 [](const KnownAccount &a, uint32_t id) { return a.ID < id; });
+    return found != end && found->ID == accountID && accountID != 0 ? found : nullptr;
+}
+
+int WriteAccount(int32_t position, const ARec &row, In function) {
+    const int file = OpenIndex(function);
+    RecordBuffer record = PackRow(row);
+    const int written = file >= 0 && WriteRecord(file, FileKind::Accounts, position, record.Bytes);
+    if (file >= 0 && !written)
+        ReportError(function, Trouble::AwriteFail);
+    CloseFile(file);
+    return written;
+}
+
+void NameBinOwners() {
+    uint32_t ids[MostRows + 1] = {};
+    for (int i = 1; i <= MostRows; ++i)
+        ids[i] = state.BinRows[i].OwnerID;
+    NameAccounts(ids, state.BinOwnerNames);
+}
+
+void NameItemAccounts() {
+    uint32_t ids[MostRows + 1] = {};
+    for (int i = 1; i <= MostRows; ++i)
+        ids[i] = state.DDRows[i].Block[state.DDRows[i].FirstDone != 0].Account;
+    NameAccounts(ids, state.DDAccountNames);
 }
 
 uint32_t GetNextID() {
@@ -106,19 +155,15 @@ uint32_t GetNextID() {
         record.NextID = WhenUnread;
     do
         record.NextID = static_cast<int32_t>(record.NextID) < 1 ? LowestNext : record.NextID + 1;
-    while (LiveFileExists(record.NextID - 1));
-    WriteConfiguration(&record, In::GetNextID);
-    return record.NextID - 1;
+    while (LiveFileThere(record.NextID - 1));
+    return WriteConfiguration(&record, In::GetNextID) ? record.NextID - 1 : 0;
 }
 
 void SumHeadings() {
-    const int file = OpenIndex(In::AccountNameToId);
-    if (file < 0)
-        return;
     FixedAmount ARec::*const totals[] = {&ARec::Balance, &ARec::ClearedBalance, &ARec::ArcBalance,
                                          &ARec::ArcClearedBalance};
     ARec sums = {};
-    WalkIndex(file, [&](int32_t position, ARec &row) {
+    ForEachAccount(In::AccountNameToId, [&](int32_t position, ARec &row) {
         if (position == 1 && row.Version != RecordVersion)
             return false; // the loader is about to refuse this file
         int changed = 0;
@@ -131,9 +176,6 @@ void SumHeadings() {
             row.*total = sums.*total;
             sums.*total = 0;
         }
-        if (changed && !WriteRow(file, AccountList, position, &row))
-            ReportError(In::AccountNameToId, Trouble::AwriteFail);
-        return true;
+        return !changed || WriteAccount(position, row, In::AccountNameToId);
     });
-    CloseFile(file);
 }

@@ -1,192 +1,127 @@
 #include "store/operations.h"
 #include "cipher/hooks.h"
-#include "records/fields.h"
 #include "state/error_log.h"
 #include "state/state.h"
 #include "store/catalogue.h"
 #include "store/runs.h"
-#include "store/windows.h"
-#include <cstring>
+#include <algorithm>
 
 namespace {
 
-struct alignas(8) RecordBuffer {
-    uint8_t Bytes[LargestRecord];
-};
-
-// The list worked on, NoList (reported) when the screen shows none that holds records.
-int ListWorkedOn(In function) {
-    const int list = state.CurrentScreen == GraphList ? TransactionList : state.CurrentScreen;
-    if (list > NoList && list < ListCount)
-        return list;
-    ReportError(function, Trouble::CaseError);
-    return NoList;
-}
-
-int OpenList(int list, uint32_t accountID, In function) {
-    const FileKind kind = KindOfList(list);
-    if (kind == FileKind::Transactions && accountID == 0)
-        return -1; // no account, no file
-    const int file = OpenDataFile(kind, OpenOrCreate, accountID, nullptr);
-    if (file < 0)
-        ReportError(function, CreateFailOf(kind));
+// A handle, below 0 (reported) when there is none.
+int Open(const Place &place, In function) {
+    if (!state.DataUsable)
+        return -1;
+    if (!FactsOfList(place.List)) {
+        ReportError(function, Trouble::CaseError);
+        return -1;
+    }
+    const int file = OpenPlace(place, OpenOrCreate);
+    if (file < 0 && (place.List != TransactionList || place.Account != 0))
+        ReportError(function, CreateFailOf(KindOfList(place.List)));
     return file;
 }
 
-// Adds the rows' own amounts to the totals of the row before the first of them, to the end of the file. A plain sum:
-// markers and share rows are only put right by CalcBalance.
-void CarryTotals(int file, int32_t first, FixedAmount total, FixedAmount cleared) {
-    constexpr FileKind Kind = FileKind::Transactions;
-    for (int32_t count; (count = ReadRun(file, Kind, first, RunLength(Kind))) > 0; first += count) {
-        int32_t changedFrom = count, changedEnd = 0;
-        for (int32_t i = 0; i < count; ++i) {
-            auto *row = static_cast<TRec *>(RunRecord(Kind, i));
-            DecipherRecord(Kind, row);
-            total = AddAmounts(total, TimesUnits(row->Units, row->Value));
-            if (row->Cleared == 1)
-                cleared = AddAmounts(cleared, TimesUnits(row->Units, row->ClearedValue));
-            if (row->RunTotal != total || row->RunCleared != cleared) {
-                changedFrom = changedFrom < i ? changedFrom : i;
-                changedEnd = i + 1;
-            }
-            row->RunTotal = total;
-            row->RunCleared = cleared;
-            EncipherRecord(Kind, row);
-        }
-        if (changedEnd > changedFrom &&
-            !WriteRun(file, Kind, changedFrom, changedEnd - changedFrom, first + changedFrom)) {
-            ReportError(In::ModRecFile, Trouble::TwriteFail);
-            return;
-        }
-    }
-}
-
-int RewriteTransaction(int file, int32_t position, const void *record) {
-    TRec old = {}, row = {};
-    if (!ReadRow(file, TransactionList, position, &old))
-        return 0;
-    CopyRecFile(TransactionList, record, &row);
-    row.RunTotal =
-        AddAmounts(old.RunTotal, SubtractAmounts(TimesUnits(row.Units, row.Value), TimesUnits(old.Units, old.Value)));
-    // Deliberate: a cleared row's new cleared total leaves the old one out. The callers run CalcBalance next.
-    row.RunCleared = row.Cleared == 1 ? SubtractAmounts(TimesUnits(row.Units, row.ClearedValue),
-                                                        TimesUnits(old.Units, old.ClearedValue))
-                                      : old.RunCleared;
-    if (!WriteRow(file, TransactionList, position, &row)) {
-        ReportError(In::ModRecFile, Trouble::TwriteFail);
-        return 0;
-    }
-    CarryTotals(file, position + 1, row.RunTotal, row.RunCleared);
-    return 1;
+// Closes, and reports when the operation was refused.
+int Done(int file, FileKind kind, int succeeded, In function) {
+    if (!succeeded)
+        ReportError(function, WriteFailOf(kind));
+    CloseFile(file);
+    return succeeded;
 }
 
 } // namespace
 
-void CopyRecFile(int list, const void *source, void *destination) {
-    const RecordFields fields = FieldsOfList(list);
-    if (fields.Count == 0)
-        ReportError(In::CopyRecFile, Trouble::CaseError);
-    CopyFields(fields, source, destination);
-}
-
-int ReadRow(int handle, int list, int32_t position, void *row) {
-    RecordBuffer buffer;
-    if (!ReadRecord(handle, KindOfList(list), position, buffer.Bytes))
-        return 0;
-    CopyRecFile(list, buffer.Bytes, row);
-    return 1;
-}
-
-int WriteRow(int handle, int list, int32_t position, const void *row) {
-    RecordBuffer buffer = {};
-    CopyRecFile(list, row, buffer.Bytes);
-    return WriteRecord(handle, KindOfList(list), position, buffer.Bytes);
-}
-
-int AddRecFile(uint32_t accountID, int32_t position, const void *record, int noReload) {
-    if (!state.DataUsable)
-        return 0;
-    state.ReconcileState = ReconcileStep::Idle;
-    const int list = ListWorkedOn(In::AddRecFile);
-    const int file = list ? OpenList(list, accountID, In::AddRecFile) : -1;
+int FetchBytes(const Place &place, int32_t position, RecordBuffer *record) {
+    const ListFacts *list = FactsOfList(place.List);
+    const int file = Open(place, list ? list->Loader : In::CopyRecFile);
     if (file < 0)
         return 0;
+    const FileKind kind = KindOfList(place.List);
+    const int there =
+        position >= 1 && position <= CountRecords(file, kind) && ReadRecord(file, kind, position, record->Bytes);
+    CloseFile(file);
+    return there;
+}
 
-    const FileKind kind = KindOfList(list);
-    const int64_t length = FileLength(file);
+int32_t AddBytes(const Place &place, int32_t position, RecordBuffer record) {
+    const int file = Open(place, In::AddRecFile);
+    if (file < 0)
+        return 0;
+    const FileKind kind = KindOfList(place.List);
     const int32_t count = CountRecords(file, kind);
-    if (list == BinList || position > count + 1)
-        position = count + 1;
-    else if (position < 1)
-        position = 1;
-    const int32_t behind = count + 1 - position;
-    int added = MoveRun(file, kind, position, behind, position + 1);
-    if (added && !WriteRow(file, list, position, record)) {
-        added = 0;
-        if (MoveRun(file, kind, position + 1, behind, position))
-            static_cast<void>(CutFile(file, length));
-    }
-    if (!added)
-        ReportError(In::AddRecFile, WriteFailOf(kind));
-    state.EntryCount[list] = CountRecords(file, kind);
-    CloseFile(file);
-
-    if (list == TransactionList) {
-        if (added)
-            state.SelectedPos[TransactionList] = position;
-        if (added && !noReload)
-            LoadAccFile(state.TopPos[AccountList]);
-        state.CurrentScreen = TransactionList;
-    }
-    return added;
+    position = place.List == BinList ? count + 1 : std::clamp(position, 1, count + 1);
+    ForgetFindings(place);
+    const int added = MoveRun(file, kind, position, count + 1 - position, position + 1) &&
+                      WriteRecord(file, kind, position, record.Bytes);
+    return Done(file, kind, added, In::AddRecFile) ? position : 0;
 }
 
-int ModRecFile(uint32_t accountID, int32_t position, const void *record) {
-    if (!state.DataUsable)
-        return 0;
-    const int list = ListWorkedOn(In::ModRecFile);
-    if (list == NoList || (list == TransactionList && state.FilterShown == 1))
-        return 0;
-    const int file = OpenList(list, accountID, In::ModRecFile);
+int ChangeBytes(const Place &place, int32_t position, RecordBuffer record) {
+    const int file = Open(place, In::ModRecFile);
     if (file < 0)
         return 0;
-    const FileKind kind = KindOfList(list);
-    int changed = 0;
-    if (position >= 1 && position <= CountRecords(file, kind)) {
-        if (list == TransactionList)
-            changed = RewriteTransaction(file, position, record);
-        else if (!(changed = WriteRow(file, list, position, record)))
-            ReportError(In::ModRecFile, WriteFailOf(kind));
+    const FileKind kind = KindOfList(place.List);
+    if (position < 1 || position > CountRecords(file, kind)) {
+        CloseFile(file);
+        return 0;
     }
-    CloseFile(file);
-    return changed;
+    if (place.List == TransactionList)
+        state.ReconcileState = ReconcileStep::Idle;
+    return Done(file, kind, WriteRecord(file, kind, position, record.Bytes), In::ModRecFile);
 }
 
-int DeleteRecFile(uint32_t accountID, int32_t position) {
-    if (!state.DataUsable)
-        return 0;
-    state.ReconcileState = ReconcileStep::Idle;
-    const int list = ListWorkedOn(In::DeleteRecFile);
-    const int file = list ? OpenList(list, accountID, In::DeleteRecFile) : -1;
+int RemoveRecords(const Place &place, int32_t first, int32_t last) {
+    const int file = Open(place, In::DeleteRecFile);
     if (file < 0)
         return 0;
-
-    const FileKind kind = KindOfList(list);
-    const int64_t size = RecordSize(kind);
+    const FileKind kind = KindOfList(place.List);
     const int32_t count = CountRecords(file, kind);
-    RecordBuffer removed; // as it lies in the file, to put it back when the gap can't be closed
-    int deleted = 0;
-    if (position >= 1 && position <= count && ReadFileAt(file, (position - 1) * size, removed.Bytes, size) == size) {
-        const int closed = MoveRun(file, kind, position + 1, count - position, position);
-        deleted = closed && CutFile(file, (count - 1) * size);
-        if (!deleted) {
-            if (closed)
-                static_cast<void>(MoveRun(file, kind, position, count - position, position + 1));
-            static_cast<void>(WriteFileAt(file, (position - 1) * size, removed.Bytes, size));
-            ReportError(In::DeleteRecFile, WriteFailOf(kind));
-        }
+    if (first < 1 || first > last || last > count) {
+        CloseFile(file);
+        return 0;
     }
-    state.EntryCount[list] = CountRecords(file, kind);
+    ForgetFindings(place);
+    const int removed = MoveRun(file, kind, last + 1, count - last, first) &&
+                        CutFile(file, int64_t{count - (last - first + 1)} * RecordSize(kind));
+    return Done(file, kind, removed, In::DeleteRecFile);
+}
+
+int32_t MoveRecord(const Place &place, int32_t from, int32_t to) {
+    const int file = Open(place, In::MoveRecFile);
+    if (file < 0)
+        return 0;
+    const FileKind kind = KindOfList(place.List);
+    const int size = RecordSize(kind);
+    const int32_t count = CountRecords(file, kind), landing = to > from ? to - 1 : to;
+    if (from < 1 || from > count || landing < 1 || landing > count) {
+        CloseFile(file);
+        return 0;
+    }
+    ForgetFindings(place);
+    RecordBuffer moved;
+    const int64_t at = (from - int64_t{1}) * size;
+    const int done = ReadFileAt(file, at, moved.Bytes, size) == size &&
+                     (landing > from ? MoveRun(file, kind, from + 1, landing - from, from)
+                                     : MoveRun(file, kind, landing, from - landing, landing + 1)) &&
+                     WriteFileAt(file, (landing - int64_t{1}) * size, moved.Bytes, size);
+    return Done(file, kind, done, In::MoveRecFile) ? landing : 0;
+}
+
+void ForgetFindings(const Place &place) {
+    if (place.List == TransactionList)
+        state.ReconcileState = ReconcileStep::Idle;
+    if (!SamePlace(place, state.RangeStartPlace) && !SamePlace(place, state.RangeFinishPlace))
+        return;
+    state.RangeStart = state.RangeFinish = 0;
+    state.RangeStartPlace = state.RangeFinishPlace = {};
+}
+
+int32_t CountOf(const Place &place) {
+    if (!state.DataUsable)
+        return 0;
+    const int file = OpenPlace(place, OpenExisting);
+    const int32_t count = CountRecords(file, KindOfList(place.List));
     CloseFile(file);
-    return deleted;
+    return count;
 }

@@ -1,27 +1,53 @@
-// Records added, changed and removed in place. All work on the list that state.CurrentScreen names; `accountID` counts
-// for transactions alone. Positions count from 1. All return 0 at once when the data are not usable.
+// Records read, added, changed, removed and moved in place, by the type of the record. Positions count from 1. Each
+// operation opens its file, uses it and closes it; trouble is reported, and refuses the action it happened in
+// (platform/action.h), so that nothing has to be put back by hand. All return 0 at once when the data are not usable.
 #pragma once
 
-#include "records/records.h"
+#include "records/place.h"
+#include "store/lists.h"
+#include <cassert>
 
-// Copies a record of a list (AccountList to ConversionList) field by field; any other list is reported as caseError.
-void CopyRecFile(int list, const void *source, void *destination);
+// A record of a place as it lies, deciphered, with its tail; and back. `record` of any list.
+[[nodiscard]] int FetchBytes(const Place &place, int32_t position, RecordBuffer *record);
+[[nodiscard]] int32_t AddBytes(const Place &place, int32_t position, RecordBuffer record);
+[[nodiscard]] int ChangeBytes(const Place &place, int32_t position, RecordBuffer record);
 
-// A row from a 1-based position of an open file, and to it: through the hooks, field by field. What is no field of the
-// row is left alone in reading; a written record is zero where no field stands. 0 on a short read or a failed write.
-[[nodiscard]] int ReadRow(int handle, int list, int32_t position, void *row);
-[[nodiscard]] int WriteRow(int handle, int list, int32_t position, const void *row);
+// One record into the caller's row. 0, and the row left alone, when there is no such position.
+template <typename Rec> [[nodiscard]] int FetchRecord(const Place &place, int32_t position, Rec *row) {
+    assert(ListOf<Rec> == (place.List == GraphList ? +TransactionList : place.List));
+    RecordBuffer record;
+    if (!FetchBytes(place, position, &record))
+        return 0;
+    UnpackRow(record, row);
+    return 1;
+}
 
-// Inserts a record so that it gets the position; the bin ignores it and appends; one outside 1 to count + 1 is brought
-// to the nearest. The file grows first: when it can't, or when a later write fails, the trouble is reported, nothing
-// has changed and 0 returns. A process that ends in between leaves at most one record doubled. After a transaction
-// CurrentScreen is TransactionList, the position is selected, and the account list is reloaded unless `noReload` is 1.
-int AddRecFile(uint32_t accountID, int32_t position, const void *record, int noReload);
+// Inserts a record so that it gets the position, and returns the one it got: the bin appends, and a position outside 1
+// to count + 1 is brought to the nearest. 0 when refused.
+template <typename Rec> [[nodiscard]] int32_t AddRecord(const Place &place, int32_t position, const Rec &row) {
+    assert(ListOf<Rec> == (place.List == GraphList ? +TransactionList : place.List));
+    return AddBytes(place, position, PackRow(row));
+}
 
-// Rewrites one record. For a transaction the running totals of it and of the rows behind it follow by an approximation
-// that holds until CalcBalance runs; refused (0) while a filter is shown.
-int ModRecFile(uint32_t accountID, int32_t position, const void *record);
+// Rewrites one record.
+template <typename Rec> [[nodiscard]] int ChangeRecord(const Place &place, int32_t position, const Rec &row) {
+    assert(ListOf<Rec> == (place.List == GraphList ? +TransactionList : place.List));
+    return ChangeBytes(place, position, PackRow(row));
+}
 
-// Removes one record. When a write fails the trouble is reported, the record stands where it stood and 0 returns. (To
-// cut a record off the end all the same would lose one that nobody deleted.)
-int DeleteRecFile(uint32_t accountID, int32_t position);
+// Removes the records `first` to `last`; RemoveRecord one. 0 when one of them is not there.
+[[nodiscard]] int RemoveRecords(const Place &place, int32_t first, int32_t last);
+[[nodiscard]] inline int RemoveRecord(const Place &place, int32_t position) {
+    return RemoveRecords(place, position, position);
+}
+
+// Moves a record as it lies. `to` is the position it would be inserted at while still standing at `from`: moved toward
+// the end it lands at `to` - 1. Returns where it stands then, 0 when refused.
+[[nodiscard]] int32_t MoveRecord(const Place &place, int32_t from, int32_t to);
+
+// What was found or chosen among the rows of a place (a reconcile search, the ends of a range) holds only for the rows
+// as they were, and is forgotten. For whoever changes rows in runs; the operations above do it themselves.
+void ForgetFindings(const Place &place);
+
+// Whole records of a place; 0 for a file that is not there.
+int32_t CountOf(const Place &place);

@@ -12,7 +12,7 @@ constexpr int NoteRoom = sizeof NoteRec::Text / sizeof(char16_t);
 int OpenSide(FileKind kind, In function) {
     if (!state.DataUsable)
         return -1;
-    const int file = OpenDataFile(kind, OpenOrCreate, 0, nullptr);
+    const int file = OpenDataFile(kind, OpenOrCreate);
     if (file < 0)
         ReportError(function, CreateFailOf(kind));
     return file;

@@ -15,6 +15,7 @@ static_assert(sizeof(RecDate) == 12);
 
 // Valid dates, both ends included: 31 December 1699 and the day after 31 December 9999.
 inline constexpr uint32_t FirstDayNumber = 36159, LastDayNumber = 3067672;
+inline constexpr uint32_t LastYear = 9999;
 
 enum DateUnit : int { StepDay = 1, StepMonth = 2, StepYear = 3 };
 

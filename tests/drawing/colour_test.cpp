@@ -1,6 +1,7 @@
 // Colours that an owner mixes and keeps: the model's corners, and the palette in its file.
 #include "drawing/colour_model.h"
 #include "drawing/colours.h"
+#include "drawing/palette.h"
 #include "host/fuzz.h"
 #include "host/test_host.h"
 #include "state/state.h"

@@ -1,5 +1,6 @@
 // Every form as the eye and the finger find it.
 #include "forms/forms.h"
+#include "forms/progress.h"
 #include "host/device.h"
 #include "resources/art.h"
 
@@ -179,6 +180,65 @@ TEST_F(Layout, MarksShowWhatTheyStandForAndSayWhatTheyAre) {
     for (int n = 0; n < 3; ++n)
         TapPart(FlagItem);
     EXPECT_EQ(ImageAt(DialogWindow, 5, 5), FlagNone);
+}
+
+// What each form says as it opens (no field and no item), and each of its fields and parts when it is reached. Where
+// forms share their lines, one of them shows.
+TEST_F(Layout, EveryFormFieldAndPartExplainsItself) {
+    enum { Opening = -1 };
+    static constexpr struct {
+        int Resource, Id;
+        const char *Lines;
+    } cases[] = {
+        // clang-format off
+        {106, Opening,         "0,115,0,117,0,0"},       {106, TextField,        "0,115,0,117,0,0"},
+        {106, MinField,        "0,306,0,145,0,0"},       {106, TypeField,        "92,0,93,96,318,0"},
+        {106, TypeItem,        "0,394,296,10,0,0"},      {106, FirstSignItem,    "0,145,0,299,0,0"},
+        {111, Opening,         "132,130,2,3,117,0"},     {111, DateField,        "0,137,138,0,0,0"},
+        {111, TitleField,      "0,139,144,140,0,0"},     {111, WholeField,       "0,141,143,144,145,0"},
+        {111, FractionField,   "142,143,144,150,145,0"}, {144, TextField,        "0,147,162,0,0,0"},
+        {144, MultiplierField, "148,149,143,144,213,0"}, {144, CategoryField,    "0,393,0,0,0,0"},
+        {144, TransferField,   "0,151,144,156,0,0"},     {144, TimesItem,        "0,213,0,212,0,0"},
+        {133, DownItem,        "0,71,72,397,0,0"},       {133, DuplicateItem,    "0,235,0,236,0,0"},
+        {144, Opening,         "0,310,0,0,0,0"},
+        {116, Opening,         "132,131,2,3,117,0"},
+        {112, Opening,         "132,152,2,3,117,0"},     {112, AccountField,     "0,159,144,156,0,0"},
+        {112, CountField,      "0,157,143,144,0,0"},     {112, UnitField,        "0,157,144,0,0,0"},
+        {112, RemainingField,  "0,158,143,144,0,0"},     {112, DefaultItem,      "0,154,155,0,0,0"},
+        {150, Opening,         "122,41,0,2,3,0"},        {150, FromField,        "0,348,144,0,0,0"},
+        {150, ToField,         "0,349,144,0,0,0"},       {150, LabelItem,        "0,345,346,347,0,0"},
+        {150, DirectionItem,   "0,350,342,0,0,0"},
+        {151, Opening,         "132,358,2,3,117,0"},     {151, TextField,        "0,139,0,162,0,0"},
+        {151, DescriptionField,"0,147,0,162,0,0"},       {151, DownItem,         "0,71,72,359,0,0"},
+        {151, 100,             "0,360,361,0,0,0"},       {151, 101,              "0,356,0,357,0,0"},
+        // clang-format on
+    };
+    for (const auto &row : cases) {
+        SCOPED_TRACE(std::to_string(row.Resource) + ": " + std::to_string(row.Id));
+        state.NewUserFields = 0;
+        Open(row.Resource);
+        EXPECT_TRUE(row.Id == Opening || (row.Id >= FirstField ? Focus(row.Id) : TapPart(row.Id)));
+        EXPECT_EQ(Ids(), row.Lines);
+        Cross();
+    }
+    static constexpr struct {
+        int Command;
+        const char *Opening;
+        int Field;
+        const char *Lines;
+    } settings[] = {
+        {CommandNotepad, "0,160,161,0,162,0", TextField, "0,160,161,0,162,0"},
+        {CommandGeneral, "0,122,167,0,2,3", FrontPageCheck, "0,168,169,0,0,0"},
+        {CommandGeneral, "0,122,167,0,2,3", AdvancedCheck, "0,311,312,0,0,0"},
+        {CommandGeneral, "0,122,167,0,2,3", LookAheadField, "0,170,171,0,0,0"},
+    };
+    for (const auto &row : settings) {
+        ASSERT_TRUE(SendCommand(row.Command));
+        EXPECT_EQ(Ids(), row.Opening);
+        EXPECT_TRUE(Focus(row.Field));
+        EXPECT_EQ(Ids(), row.Lines) << row.Field;
+        Cross();
+    }
 }
 
 TEST_F(Layout, HelpOpensOverAFormAndLeavesNothingBehind) {

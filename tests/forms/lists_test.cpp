@@ -1,5 +1,6 @@
 // The forms of templates, recurring items, conversions, categories; the notepad and the settings.
 #include "forms/forms.h"
+#include "forms/progress.h"
 #include "host/device.h"
 #include "store/windows.h"
 

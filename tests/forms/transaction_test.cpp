@@ -1,4 +1,5 @@
 // What the form of a transaction writes, and what it must never lose.
+#include "frame/changes.h"
 #include "host/device.h"
 #include "ledger/filter.h"
 #include "platform/text.h"
@@ -237,9 +238,9 @@ TEST_F(TransactionForm, ATransferReachesTheOtherAccountInItsShape) {
 TEST_F(TransactionForm, ATransferReachesAPartnerWhoseRowsAreFiltered) {
     const uint32_t savings = MakeAccount("Savings", BankRow);
     FilterCriteria criteria;
-    CriteriaFromRow(Rows(savings)[0], 1, &criteria);
+    CriteriaFromRow(Rows(savings)[0], EntriesShown(), 1, state.AccountKind, &criteria);
     ShowAccount(purse);
-    ASSERT_EQ(ApplyFilter(savings, 1, FilterBy::Name, criteria, 0), 1);
+    ASSERT_EQ(FilterAccount(savings, 1, FilterBy::Name, criteria, 0), 1);
     MakeEntry("Move", "10", false, "", "Savings");
     EXPECT_EQ(Fields(RowOf(savings, "Move"), "Value RunTotal"), "10000, 10000");
     // An account without a file, after an incomplete restore, is given one.

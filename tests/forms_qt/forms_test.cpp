@@ -1,5 +1,6 @@
 // An owner fills each form with pointer and keyboard in real controls, ticks, and finds everything again after a
 // restart. A sitting is one run of the program, in a process of its own.
+#include "frame/changes.h"
 #include "frame/form.h"
 #include "host_qt/hands.h"
 #include "hosts/qt/device.h"
@@ -9,7 +10,6 @@
 #include "program/door.h"
 #include "resources/menus.h"
 #include "state/state.h"
-#include "store/operations.h"
 #include "store/windows.h"
 #include <QAbstractItemView>
 #include <QApplication>

@@ -1,5 +1,6 @@
 // The owner's help lines on the screen, and the way in and out of help mode.
 #include "drawing/colours.h"
+#include "frame/changes.h"
 #include "frame/form.h"
 #include "frame/header.h"
 #include "frame/message_window.h"
@@ -9,7 +10,6 @@
 #include "state/error_log.h"
 #include "state/messages.h"
 #include "state/state.h"
-#include "store/operations.h"
 #include "store/windows.h"
 #include <gtest/gtest.h>
 

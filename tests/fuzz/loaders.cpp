@@ -1,11 +1,11 @@
 // Any bytes in any data file: the store answers, reads nothing past its end, and the lists it then shows can be drawn.
+#include "frame/changes.h"
 #include "host/fuzz.h"
 #include "host/test_host.h"
 #include "platform/text.h"
 #include "state/state.h"
 #include "store/configuration.h"
 #include "store/index.h"
-#include "store/operations.h"
 #include "store/side_files.h"
 #include "store/windows.h"
 #include <gtest/gtest.h>
@@ -26,7 +26,7 @@ template <typename Rec> void AddSome(int list, void (*init)(Rec *)) {
 }
 
 void WriteGoodFiles() {
-    LoadConfFile();
+    EXPECT_EQ(LoadConfFile(), 1);
     AddSome(AccountList, InitARec);
     AddSome(TransactionList, InitTRec);
     AddSome(RecurringList, InitDDRec);
@@ -47,7 +47,7 @@ bool Terminated(const char16_t *text) {
 }
 
 void LoadEverything(Dice &dice) {
-    LoadConfFile();
+    EXPECT_EQ(LoadConfFile(), 1);
     UpdateBmap();
     for (int list = AccountList; list < ListCount; ++list)
         for (int i = 1; i < 5; ++i) {

@@ -39,6 +39,8 @@ void Settle() {
             machine.PaintWanted = false;
             HandleEvent({.Kind = EventKind::Paint});
         } else if (!IdleStep()) {
+            if (machine.Rests)
+                RestStep();
             return;
         }
     }

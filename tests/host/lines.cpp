@@ -17,4 +17,11 @@ std::string Lines() {
     return all;
 }
 
+std::string Ids() {
+    std::string ids;
+    for (const int16_t id : state.MessageLine)
+        ids += (ids.empty() ? "" : ",") + std::to_string(id);
+    return ids;
+}
+
 } // namespace testhost

@@ -51,6 +51,12 @@ void TestRoot::MakeDataDirectory() const {
     fs::create_directories(HostPath(DataDirectory));
 }
 
+void Recuperate() {
+    if (!SyncFiles())
+        fprintf(stderr, "the files could not be brought to the disk\n");
+    ResetDisk();
+}
+
 std::vector<uint8_t> ReadBytes(const std::string &hostPath) {
     std::ifstream file(hostPath, std::ios::binary | std::ios::ate);
     std::vector<uint8_t> bytes(file ? static_cast<size_t>(file.tellg()) : 0);
@@ -68,7 +74,7 @@ std::map<std::string, std::vector<uint8_t>> Snapshot(const std::string &hostDire
     std::map<std::string, std::vector<uint8_t>> files;
     std::error_code ignored;
     for (const fs::directory_entry &entry : fs::recursive_directory_iterator(hostDirectory, ignored))
-        if (entry.is_regular_file())
+        if (entry.is_regular_file() && entry.path().filename() != "E1_Journal")
             files[fs::relative(entry.path(), hostDirectory).string()] = ReadBytes(entry.path().string());
     return files;
 }

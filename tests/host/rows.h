@@ -17,14 +17,6 @@ template <typename Record> std::vector<Record> RecordsIn(const std::string &host
 }
 
 std::string FieldsAt(int list, const void *record, const std::string &names);
-template <typename Record> inline constexpr int ListOf = NoList;
-template <> inline constexpr int ListOf<ARec> = AccountList;
-template <> inline constexpr int ListOf<TRec> = TransactionList;
-template <> inline constexpr int ListOf<DDRec> = RecurringList;
-template <> inline constexpr int ListOf<FRec> = TemplateList;
-template <> inline constexpr int ListOf<CatRec> = CategoryList;
-template <> inline constexpr int ListOf<CurRec> = ConversionList;
-
 // The fields of a record that are named (with blanks between the names), with ", " between them:
 // Fields(row, "Name Date Value") gives "Rent, 2026-02-23, -248000". An unknown name gives "?".
 template <typename Record> std::string Fields(const Record &record, const std::string &names) {

@@ -3,6 +3,7 @@
 // the switches below and work the program with the owner's hands of hands.h.
 #pragma once
 
+#include "platform/action.h"
 #include "platform/controls.h"
 #include "platform/event.h"
 #include "platform/shell.h"
@@ -14,36 +15,55 @@
 
 namespace testhost {
 
-// --- The disk. Write-like calls are: write, cut, rename, delete, make or remove a directory, and an open that makes a
-// file. They are counted from 1 since the switches were last set to their defaults.
+// --- The disk. Write-like calls are: write, cut, rename, delete, make or remove a directory, copy, and an open that
+// makes a file. These, syncs, reservations, reads and opens (with walks and questions for a kind) are each counted from
+// 1 since the switches were last set to their defaults.
 struct DiskSwitches {
     int FailAt = 0;          // this write-like call fails; 0 none
-    bool FailOnward = false; // and so do all after it
+    bool FailOnward = false; // and so do all after it; and of the further kinds below as well
     bool TearWrite = false;  // a write that fails has left the first half of its bytes in the file
     int DieAt = 0;           // the process ends at this call, before it has done anything; 0 none
-    bool Full = false;       // nothing can grow; what stands can be overwritten
-    bool Unwritable = false; // nothing can be made, renamed, deleted or written
+    int FailRead = 0, FailOpen = 0, FailSync = 0, FailReserve = 0; // the n-th of these fails; 0 none
+    bool Full = false;                                             // nothing can grow; what stands can be overwritten
+    bool Unwritable = false;                                       // nothing can be made, renamed, deleted or written
+    bool Busy = false;                                             // another process has the data
 };
 inline constexpr int DiedExitCode = 86; // of a process that DieAt ended
 
 struct Disk {
     DiskSwitches Switches;
     int WriteCalls = 0; // write-like calls so far
-    int Syncs = 0;
-    int OpenHandles = 0;
+    int Reads = 0, Opens = 0, Syncs = 0, Reserves = 0;
+    int DataWrites = 0;  // writes into data files, not into the journal
+    int FilesOpened = 0; // opens that gave a handle of a data file
+    int OpenHandles = 0; // of data files: neither the journal's nor a lock's
 };
 extern Disk disk;
 // Switches and counters back to the defaults.
 void ResetDisk();
-// Does the work on a disk that fails as told. True when the failure was met: a sweep goes on to the next write-like
-// call until it is not.
+// What the program does when its disk is well again: the files hold what was done.
+void Recuperate();
+// Does the work on a disk that fails as told. True when the failure was met: a sweep goes on to the next call until it
+// is not.
 template <typename Work> bool WithFailingDisk(const DiskSwitches &switches, const Work &work) {
     ResetDisk();
     disk.Switches = switches;
     work();
-    const bool met = switches.Full || disk.WriteCalls >= switches.FailAt;
+    const bool met = switches.Full || (switches.FailAt && disk.WriteCalls >= switches.FailAt) ||
+                     (switches.FailRead && disk.Reads >= switches.FailRead) ||
+                     (switches.FailOpen && disk.Opens >= switches.FailOpen) ||
+                     (switches.FailSync && disk.Syncs >= switches.FailSync) ||
+                     (switches.FailReserve && disk.Reserves >= switches.FailReserve);
     ResetDisk();
+    Recuperate();
     return met;
+}
+
+// The work as one action; what the commit answered.
+template <typename Work> int AsAction(const Work &work) {
+    BeginAction();
+    work();
+    return CommitAction();
 }
 
 // --- The clock. It does not run by itself, but ClockTicks gives one tick more at each call.
@@ -114,6 +134,7 @@ struct ScrollBarState {
 struct Machine {
     bool AnotherRuns = false;    // TakeInstanceLock finds another copy
     bool RefusesWindows = false; // CreateWindows fails
+    bool Rests = true;           // after each event, as if the owner waited: RestStep
     bool HasPanel = false;
     bool PanelIsUp = false;
     int PanelPreference = 0;
@@ -152,6 +173,8 @@ Point TabMiddle(int slot);
 std::string Line(int n);
 // All six, joined with '/': "Tap an item on the screen/for information on that item////".
 std::string Lines();
+// And their ids, "0,207,0,0,0,0".
+std::string Ids();
 
 // --- The controls of the open form.
 struct ControlState {
@@ -205,7 +228,8 @@ void ResetHost();
 
 std::vector<uint8_t> ReadBytes(const std::string &hostPath); // empty when there is no such file
 void WriteBytes(const std::string &hostPath, const std::vector<uint8_t> &bytes);
-// Every file under a directory by its path from there, with its bytes: for "nothing changed".
+// Every file under a directory by its path from there, with its bytes: for "nothing changed". The journal is not an
+// owner's file.
 std::map<std::string, std::vector<uint8_t>> Snapshot(const std::string &hostDirectory);
 
 std::string Utf8(const char16_t *text);

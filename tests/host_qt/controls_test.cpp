@@ -85,7 +85,7 @@ TEST(Controls, StandWhereTheTemplateSaysAtEveryScale) {
             }
         }
     }
-    host.Frame->resize(DeviceWidth, DeviceHeight); // with the form open
+    host.Frame->resize(ScreenWidth, ScreenHeight); // with the form open
     EXPECT_EQ(Told(), "paint");
     EXPECT_EQ(Control("Memo")->geometry(), QRect(40, 92, 140, 20));
 }

@@ -77,7 +77,7 @@ void Begin(double scale) {
     ShowScrollBar(0);
     for (const Window window : {HostWindow, HubWindow, DialogWindow})
         ShowWindow(window, 0);
-    host.Frame->resize(qRound(DeviceWidth * scale), qRound(DeviceHeight * scale));
+    host.Frame->resize(qRound(ScreenWidth * scale), qRound(ScreenHeight * scale));
     host.Frame->activateWindow();
     Settle();
     ASSERT_DOUBLE_EQ(host.Scale, scale);
@@ -108,6 +108,8 @@ Hint HintAt(Window where, int x, int) {
 int CanDragEdge(Window where, int x, int) {
     return where == TopWindow && x >= 100 && x < 110;
 }
+
+void RestStep() {}
 
 int IdleStep() {
     if (little::IdleStepsWanted == 0)

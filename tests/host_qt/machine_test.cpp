@@ -58,10 +58,10 @@ TEST(Disk, ReadsAndWritesWhatItIsToldAndRefusesTheRest) {
     QTemporaryDir root;
     const std::string path = root.filePath(QStringLiteral("file")).toStdString(), other = path + "2";
     char bytes[16] = {};
-    EXPECT_EQ(DiskOpen(path.c_str(), 0), -1);
-    EXPECT_EQ(DiskOpen(root.path().toUtf8().constData(), 1), -1); // a directory
+    EXPECT_EQ(DiskOpen(path.c_str(), 0), DiskMissing);
+    EXPECT_EQ(DiskOpen(root.path().toUtf8().constData(), 1), DiskRefused); // a directory
     EXPECT_EQ(mkfifo(other.c_str(), 0600), 0);
-    EXPECT_EQ(DiskOpen(other.c_str(), 0), -1); // no file, and not waited for
+    EXPECT_EQ(DiskOpen(other.c_str(), 0), DiskRefused); // no file, and not waited for
     EXPECT_TRUE(DiskDelete(other.c_str()));
     const int file = DiskOpen(path.c_str(), 1);
     ASSERT_GE(file, 0);
@@ -75,10 +75,10 @@ TEST(Disk, ReadsAndWritesWhatItIsToldAndRefusesTheRest) {
     EXPECT_TRUE(DiskSync(file));
     EXPECT_TRUE(DiskClose(file));
     for (const int bad : {-1, file})
-        EXPECT_TRUE(!DiskWrite(bad, 0, "x", 1) && !DiskRead(bad, 0, bytes, 1) && !DiskLength(bad) && !DiskCut(bad, 0) &&
-                    !DiskSync(bad) && !DiskClose(bad));
+        EXPECT_TRUE(!DiskWrite(bad, 0, "x", 1) && DiskRead(bad, 0, bytes, 1) < 0 && DiskLength(bad) < 0 &&
+                    !DiskCut(bad, 0) && !DiskSync(bad) && !DiskClose(bad));
     const int full = DiskOpen("/dev/full", 0);
-    EXPECT_EQ(full, -1); // a device
+    EXPECT_EQ(full, DiskRefused); // a device
     EXPECT_TRUE(DiskRename(path.c_str(), other.c_str()));
     EXPECT_EQ(DiskKind(path.c_str()), 0);
     EXPECT_EQ(DiskKind(other.c_str()), 1);

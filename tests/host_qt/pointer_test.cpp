@@ -1,5 +1,6 @@
 // Stylus, scroll bar and wheel: an event goes where the pointer is, in the pixels of that window.
 #include "host_qt/little_program.h"
+#include "hosts/qt/delivery.h"
 #include <QApplication>
 #include <QHelpEvent>
 #include <QScrollBar>

@@ -1,5 +1,6 @@
 // Painting: crisp at every scale, nothing left behind, nothing lost.
 #include "host_qt/little_program.h"
+#include "hosts/qt/delivery.h"
 #include "resources/art.h"
 #include "resources/messages.h"
 #include <QScreen>

@@ -19,19 +19,18 @@ TEST_F(Ledger, ArchivedRowsLeaveOneMarkerAndEveryBalance) {
                                                    {-2, "d", 40},
                                                    {0, "Monday", 0, 0, 0, DayMarker},
                                                    {5, "e", 7000}});
-    EXPECT_EQ(Archive(1, 0, nullptr), 0);
-    ASSERT_EQ(Archive(1, 4, nullptr), 1);
+    EXPECT_EQ(Archived(bank, 0), 0);
+    ASSERT_EQ(Archived(bank, 4), 1);
     EXPECT_EQ(Names(bank, true), "a 2, b 1, c 1");
     EXPECT_EQ(Names(bank), "Archived 1, d 1, Monday 1, e 8");
     EXPECT_EQ(Fields(Rows(bank)[0], "Value ClearedValue Date Rank Cleared NoCash Cash Memo"),
               "1800, 2300, 2026-02-23, 2, 1, 1, 0, Auto created");
     EXPECT_EQ(Balances(bank), "1840, 2300");
     EXPECT_EQ(Account(bank).ArcBalance, 1800);
-    EXPECT_EQ(state.CurrentScreen, +TransactionList);
     EXPECT_EQ(state.Restructuring, 0U);
 
     // More of it: a new marker takes the place of the old, which never reaches the archive.
-    ASSERT_EQ(Archive(1, 99, TellPercent), 1);
+    ASSERT_EQ(Archived(bank, 99, TellPercent), 1);
     EXPECT_EQ(Percent, 100);
     EXPECT_EQ(Names(bank, true), "a 2, b 1, c 1, d 1, e 8");
     EXPECT_EQ(Names(bank), "Archived 8");
@@ -42,18 +41,17 @@ TEST_F(Ledger, ArchivedRowsLeaveOneMarkerAndEveryBalance) {
     changed.Value = 99500;
     ASSERT_EQ(MoveRecFile(bank, 2, 2, &changed), 1);
     EXPECT_EQ(Names(bank), "Archived 108");
-    EXPECT_EQ(Archive(1, 1, nullptr), 0); // not in this view
-    ASSERT_EQ(Unarchive(1, 3, nullptr), 1);
+    ASSERT_EQ(Unarchived(bank, 3), 1);
     EXPECT_EQ(Names(bank, true), "a 2, b 101");
     EXPECT_EQ(Names(bank), "Archived 101, c 101, d 101, e 108");
     EXPECT_EQ(Fields(Rows(bank)[0], "Cash Memo"), "0, Auto generated");
-    EXPECT_EQ(Unarchive(1, 3, nullptr), 0);
-    ASSERT_EQ(Unarchive(1, 1, nullptr), 1);
+    EXPECT_EQ(Unarchived(bank, 3), 0);
+    ASSERT_EQ(Unarchived(bank, 1), 1);
     EXPECT_EQ(Names(bank), "a 2, b 101, c 101, d 101, e 108");
     EXPECT_TRUE(Rows(bank, true).empty());
     EXPECT_EQ(Account(bank).ArcBalance, 0);
     EXPECT_EQ(Account(bank).Balance, 101840);
-    EXPECT_EQ(Unarchive(1, 1, nullptr), 0);
+    EXPECT_EQ(Unarchived(bank, 1), 0);
 }
 
 TEST_F(Ledger, BackdatedRowsFindTheirPlaceInTheArchive) {
@@ -75,15 +73,14 @@ TEST_F(Ledger, BackdatedRowsFindTheirPlaceInTheArchive) {
     };
     for (const auto &test : cases) {
         const uint32_t account = NewAccount(test.Type);
-        const int32_t position = IDtoRec(account);
         Fill(account, old, true);
         Fill(account, fresh);
-        ASSERT_EQ(Archive(position, 5, nullptr), 1);
+        ASSERT_EQ(Archived(account, 5), 1);
         EXPECT_EQ(Names(account, true), test.All);
         EXPECT_EQ(state.Restructuring, test.Restructured);
         EXPECT_EQ(Names(account), "Archived 255");
         GoTo(account, true);
-        ASSERT_EQ(Unarchive(position, 1, nullptr), 1);
+        ASSERT_EQ(Unarchived(account, 1), 1);
         EXPECT_EQ(Names(account), test.All);
 
         // Coming back among live rows: before those of their day; Deleted and Reconcile rows of the live file go.
@@ -94,7 +91,7 @@ TEST_F(Ledger, BackdatedRowsFindTheirPlaceInTheArchive) {
         live.push_back({0, "Monday", 0, 0, 0, DayMarker});
         Fill(account, live);
         GoTo(account, true);
-        ASSERT_EQ(Unarchive(position, 2, nullptr), 1);
+        ASSERT_EQ(Unarchived(account, 2), 1);
         EXPECT_EQ(Names(account, true), "o1 1");
         EXPECT_EQ(Names(account), test.Back);
     }
@@ -110,7 +107,7 @@ TEST_F(Ledger, ARowBeforeTheMarkerIsArchivedWithEveryBalance) {
     CalcBalance(bank);
     GoTo(bank);
     const std::string balances = Balances(bank);
-    ASSERT_EQ(Archive(1, 1, nullptr), 1);
+    ASSERT_EQ(Archived(bank, 1), 1);
     EXPECT_EQ(Names(bank, true), "n0 16, o1 17, o2 19");
     EXPECT_EQ(Names(bank), "Archived 19, n1 83, n2 211");
     EXPECT_EQ(Balances(bank), balances);
@@ -126,14 +123,14 @@ TEST_F(Ledger, AShareAccountKeepsItsWorthThroughTheArchive) {
     const std::string balances = Balances(shares);
     for (int32_t boundary = 1; boundary <= 5; ++boundary) {
         SCOPED_TRACE(boundary);
-        ASSERT_EQ(Archive(1, boundary, nullptr), 1);
+        ASSERT_EQ(Archived(shares, boundary), 1);
         const std::vector<uint8_t> after = File(shares);
         EXPECT_TRUE(std::equal(after.begin() + 608, after.end(), before.begin() + 608 * boundary, before.end()));
         EXPECT_EQ(Balances(shares), balances);
         GoTo(shares, true);
         CalcBalance(shares); // the marker from the archive is the same
         EXPECT_TRUE(File(shares) == after);
-        ASSERT_EQ(Unarchive(1, 1, nullptr), 1);
+        ASSERT_EQ(Unarchived(shares, 1), 1);
         GoTo(shares);
         EXPECT_TRUE(File(shares) == before);
     }
@@ -146,11 +143,11 @@ TEST_F(Ledger, AnArchiveCutInARecordIsContinuedBehindTheLastWholeOne) {
     bytes.resize(608 + 300);
     WriteBytes(Root.DataFile("E1_02R1"), bytes);
     Fill(bank, {{-7, "c", 4000}, {-6, "d", 8000}});
-    ASSERT_EQ(Archive(1, 1, nullptr), 1);
+    ASSERT_EQ(Archived(bank, 1), 1);
     EXPECT_EQ(Names(bank, true), "a 1, c 5");
     EXPECT_EQ(Names(bank), "Archived 4, d 12"); // the rows that stay keep theirs
     GoTo(bank, true);
-    ASSERT_EQ(Unarchive(1, 2, nullptr), 1);
+    ASSERT_EQ(Unarchived(bank, 2), 1);
     EXPECT_EQ(Names(bank), "Archived 1, c 5, d 13");
 }
 
@@ -163,15 +160,13 @@ TEST_F(Ledger, AFailingDiskLosesNoArchivedRow) {
                     SCOPED_TRACE(testing::Message() << (back ? "back" : "away") << (backdated ? " merged" : "")
                                                     << ", write " << n << (onward ? " and all after it" : ""));
                     const uint32_t bank = NewAccount(BankAccount);
-                    const int32_t position = IDtoRec(bank);
                     Fill(bank, {{-20, "a", 1000}, {-10, "b", 2000}}, true);
                     Fill(bank, {{backdated ? -15 : -5, "c", 4000}, {-4, "d", 8000}, {-3, "e", 16000}});
                     const std::vector<uint8_t> live = File(bank), archive = File(bank, true);
                     GoTo(bank, back);
                     int done = 0;
-                    const bool failed = WithFailingDisk({.FailAt = n, .FailOnward = onward, .Full = n == 0}, [&] {
-                        done = back ? Unarchive(position, 2, nullptr) : Archive(position, 2, nullptr);
-                    });
+                    const bool failed = WithFailingDisk({.FailAt = n, .FailOnward = onward, .Full = n == 0},
+                                                        [&] { done = back ? Unarchived(bank, 2) : Archived(bank, 2); });
                     ExpectNoneLost("abcde", bank);
                     if (n == 0) {
                         EXPECT_EQ(done, 0);

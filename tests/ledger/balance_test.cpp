@@ -1,10 +1,13 @@
 // Every stored total is the sum an owner would work out by hand.
 #include "host/fuzz.h"
+#include "input/commands.h"
 #include "ledger/jeopardy.h"
 #include "ledger/ledger_test.h"
 #include "ledger/markers.h"
 #include "ledger/shares.h"
 #include "program/sample_data.h"
+#include "resources/menus.h"
+#include "screens/inserting.h"
 
 TEST_F(Ledger, TheFirstRunShowsThreeAccountsWithBalancesAsOfToday) {
     for (const FileKind kind :
@@ -41,12 +44,11 @@ TEST_F(Ledger, MoneyRowsAddUpByTheirKind) {
     EXPECT_EQ(rows[4].Units, 0);
     EXPECT_EQ(rows[7].RunCleared, 5000 - 2000 + 8000);
     EXPECT_EQ(Balances(bank), "81000, 11000");
-    EXPECT_EQ(state.LastMultiplier, 1);
 
     // The first row in the future: nothing as of today, but the check of all accounts takes the first row's totals.
     const uint32_t later = NewAccount(ListAccount, {{5, "Soon", 3000}, {6, "Later", 4000}});
     EXPECT_EQ(Account(later).Balance, 0);
-    CheckT1totals(0);
+    CheckT1totals();
     EXPECT_EQ(Account(later).Balance, 3000);
     EXPECT_EQ(Account(bank).Balance, 81000);
     EXPECT_EQ(CalcBalance(NewAccount(BankAccount)), 0);
@@ -71,7 +73,7 @@ TEST_F(Ledger, ShareRowsKeepSharesPriceAndCash) {
     EXPECT_EQ(Balances(shares), "1188500, 1000000"); // 60 * 4 + 948.5 and 100 * 2.5 + 750
     EXPECT_EQ(RowBalance(rows[5], ShareValue, 0), 1188500);
 
-    UpdateShareMode(IDtoRec(shares), ShareCash);
+    EXPECT_EQ(UpdateShareMode(IDtoRec(shares), ShareCash), 1);
     EXPECT_EQ(state.AccountKind, static_cast<int>(ShareCash));
     EXPECT_EQ(Account(shares).AccType, +ShareCash);
     std::string order = "2";
@@ -106,7 +108,6 @@ TEST_F(Ledger, AnEntryFindsItsPlaceInTheDay) {
     for (const auto &test : cases) {
         state.CurrentScreen = test.Screen;
         EXPECT_EQ(CpDates(DateFromDayNumber(test.Day), EntryRank), test.Place) << test.Screen << ": " << test.Day;
-        EXPECT_TRUE(test.Place != 6 || state.FoundDayNumber == Today);
     }
     EXPECT_NE(machine.Terminal.back().find("CpDates caseError"), std::string::npos);
 }
@@ -198,17 +199,17 @@ TEST_F(Ledger, AWatchedLimitWarnsInTime) {
         EXPECT_EQ(Account(bank).BalanceInJeopardy, test.Flag);
         // Nothing is reconciled: that balance is 0 all along, and its breach stands.
         EXPECT_EQ(Account(bank).ClearedInJeopardy, 1U);
-        CheckT1totals(0);
+        CheckT1totals();
         EXPECT_EQ(Account(bank).BalanceInJeopardy, test.Flag);
     }
     state.CurrentScreen = TransactionList;
-    EXPECT_EQ(JeopardyOn(), 1);
+    DoCommand(CommandJeopardyOn);
     EXPECT_EQ(Account(7).BalanceInJeopardy, 1U); // 60,000 is above 50,000
     state.ArchiveView = 1;
-    EXPECT_EQ(JeopardyOff(), 1);
+    DoCommand(CommandJeopardyOff);
     EXPECT_EQ(Account(7).LowWatch + Account(7).HighWatch + Account(7).BalanceInJeopardy, 0U);
     state.ActiveDialog = AccountDialog;
-    EXPECT_EQ(JeopardyOn(), 0);
+    DoCommand(CommandJeopardyOn);
     EXPECT_EQ(Line(1), "First select a valid entry to modify!");
 }
 
@@ -222,7 +223,7 @@ TEST_F(Ledger, RandomBytesInEveryFieldAreCountedAndKept) {
         bytes[0] = 1;
         WriteBytes(Root.DataFile("E1_02A" + std::to_string(account)), bytes);
         CalcBalance(account);
-        CheckT1totals(0);
+        CheckT1totals();
         for (int top = 1; top < 500; top += 37)
             LoadTranFile(IDtoRec(account), top);
         EXPECT_EQ(File(account).size() / 608, 500U);

@@ -28,8 +28,8 @@ struct Filtered : Ledger {
         TRec row;
         EXPECT_EQ(FetchTran(position, &row), 1);
         FilterCriteria criteria;
-        CriteriaFromRow(row, position, &criteria);
-        return ApplyFilter(Bank, keep, field, criteria, date);
+        CriteriaFromRow(row, EntriesShown(), position, state.AccountKind, &criteria);
+        return FilterAccount(Bank, keep, field, criteria, date);
     }
     std::string Shown(bool archive) const {
         std::string rows;
@@ -132,7 +132,7 @@ TEST_F(Ledger, ACategoryOfASmallNumberIsNone) {
     for (const auto &[id, shown] : {std::pair{0, 1U}, {9, 0U}, {65536, 1U}, {65537, 0U}}) {
         FilterCriteria criteria = {};
         criteria.CatID = id;
-        ASSERT_EQ(ApplyFilter(bank, 1, FilterBy::Category, criteria, 0), 1);
+        ASSERT_EQ(FilterAccount(bank, 1, FilterBy::Category, criteria, 0), 1);
         EXPECT_EQ(Read<TRec>("E1_02AF1").size(), shown) << id;
         ClearFilters();
     }

@@ -48,7 +48,7 @@ Ledger::Ledger() {
     SetClock(2026, 3, 2);
     Root.MakeDataDirectory();
     LoadHelp();
-    LoadConfFile();
+    EXPECT_EQ(LoadConfFile(), 1);
     LoadTodaysDate(&state.SharedToday);
 }
 
@@ -94,7 +94,7 @@ void Ledger::Fill(uint32_t account, const std::vector<Entry> &entries, bool arch
         std::memcpy(bytes.data() + i * sizeof record, &record, sizeof record);
     }
     WriteBytes(Root.DataFile(FileName(account, archive)), bytes);
-    CalcOneView(account, archive);
+    CalcOneView(RowsOf(account, archive ? View::Archive : View::Live));
     GoTo(account);
 }
 

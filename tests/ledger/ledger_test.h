@@ -2,20 +2,18 @@
 // read back as their bytes lie, not through the program.
 #pragma once
 
+#include "frame/changes.h"
 #include "host/rows.h"
-#include "ledger/account_window.h"
 #include "ledger/archive.h"
 #include "ledger/balance.h"
 #include "ledger/bin.h"
 #include "ledger/filter.h"
-#include "ledger/moves.h"
 #include "ledger/order.h"
 #include "ledger/recurring.h"
 #include "platform/text.h"
 #include "records/records.h"
 #include "state/state.h"
 #include "store/index.h"
-#include "store/operations.h"
 #include "store/windows.h"
 #include <cstring>
 #include <gtest/gtest.h>
@@ -35,6 +33,17 @@ struct Entry { // a row as a test writes it down
     uint8_t RowKind = 0;
     uint32_t Cash = 0, NoCash = 0;
 };
+
+inline int Archived(uint32_t account, int32_t position, ProgressTeller tell = nullptr) {
+    return Archive(account, position, tell) == ArchiveResult::Done;
+}
+inline int Unarchived(uint32_t account, int32_t position, ProgressTeller tell = nullptr) {
+    return Unarchive(account, position, tell) == ArchiveResult::Done;
+}
+inline int Restored(int32_t binPosition) {
+    Place where;
+    return MoveBin(binPosition, &where) > 0;
+}
 
 class Ledger : public testing::Test {
 protected:

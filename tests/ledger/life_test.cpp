@@ -90,20 +90,20 @@ struct Life : Ledger {
         }
         case 2:
             state.CurrentScreen = BinList;
-            MoveBin(Pick(static_cast<int>(Bin().size())) + 1);
+            Restored(Pick(static_cast<int>(Bin().size())) + 1);
             break;
         case 3:
             GoTo(Own);
-            Archive(IDtoRec(Own), Pick(Count(false)) + 1, nullptr);
+            Archived(Own, Pick(Count(false)) + 1);
             break;
         case 4:
             GoTo(Own, true);
-            Unarchive(IDtoRec(Own), Pick(3) ? Pick(Count(true)) + 1 : 1, nullptr);
+            Unarchived(Own, Pick(3) ? Pick(Count(true)) + 1 : 1);
             break;
         case 5: {
             FilterCriteria criteria = {};
             criteria.Flag = static_cast<uint32_t>(Pick(4));
-            ApplyFilter(Own, Pick(2), FilterBy::Flag, criteria, Today);
+            FilterAccount(Own, Pick(2), FilterBy::Flag, criteria, Today);
             GoTo(Own, archive);
             EXPECT_EQ(DeleteRecMem(1), 0);
             ClearFiltersAndRecompute();

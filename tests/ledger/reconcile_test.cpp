@@ -45,7 +45,7 @@ TEST_F(Ledger, TheSearchPrefersTheOldestEntries) {
     for (const auto &test : cases) {
         SCOPED_TRACE(test.What);
         NewAccount(BankAccount, test.Rows);
-        RunReconcile(test.Target);
+        RunReconcile(EntriesShown(), test.Target);
         EXPECT_EQ(state.ReconcileState, test.State);
         EXPECT_EQ(Selected(), test.Selected);
         EXPECT_EQ(state.SelectedCount, test.Count);
@@ -59,7 +59,7 @@ TEST_F(Ledger, TheSmallestMaskWins) {
     for (int round = 0; round < 300; ++round) {
         state.CandidateCount = static_cast<int32_t>(dice.Below(14));
         for (int i = 0; i < state.CandidateCount; ++i)
-            state.Candidates[i] = {i + 1, static_cast<FixedAmount>(dice.Below(41)) - 20, 0, 0};
+            state.Candidates[i] = {i + 1, static_cast<FixedAmount>(dice.Below(41)) - 20, 0, 0, 0};
         state.Discrepancy = static_cast<FixedAmount>(dice.Below(61)) - 30;
         uint32_t expected = 0;
         for (uint32_t mask = 1; state.Discrepancy != 0 && !expected && mask < 1U << state.CandidateCount; ++mask) {
@@ -82,16 +82,16 @@ TEST_F(Ledger, AnAppliedSolutionIsReconciled) {
     const uint32_t bank =
         NewAccount(BankAccount,
                    {{-3, "a", 5000}, {-2, "b", 7000}, {-1, "c", 9000}, {0, "Reconcile", 14000, 1, 0, ReconcileEntry}});
-    RunReconcile(14000);
-    ApplyReconcile();
+    RunReconcile(EntriesShown(), 14000);
+    EXPECT_EQ(ApplyReconcile(EntriesShown()), 1);
     CalcBalance(bank);
     EXPECT_EQ(Account(bank).ClearedBalance, 14000);
     EXPECT_EQ(Rows(bank)[1].Cleared, 0U);
     EXPECT_EQ(state.ReconcileState, ReconcileStep::Idle);
-    ApplyReconcile();
+    EXPECT_EQ(ApplyReconcile(EntriesShown()), 0);
     EXPECT_EQ(Account(bank).ClearedBalance, 14000);
     // A solution holds only for the file as it was.
-    RunReconcile(21000);
+    RunReconcile(EntriesShown(), 21000);
     EXPECT_EQ(Selected(), "2 ");
     Put(bank, {-9, "older", 1000});
     EXPECT_EQ(Selected(), "");

@@ -188,8 +188,8 @@ TEST_F(Ledger, APassLeavesTheOwnerWhereHeWas) {
     const uint32_t a = NewAccount(BankAccount), b = NewAccount(BankAccount);
     Fill(b, {{-9, "x", 1000}, {-8, "y", 2000}, {-7, "x", 4000}});
     FilterCriteria criteria;
-    CriteriaFromRow(Rows(b)[1], 2, &criteria);
-    ASSERT_EQ(ApplyFilter(b, 0, FilterBy::Name, criteria, 0), 1);
+    CriteriaFromRow(Rows(b)[1], EntriesShown(), 2, state.AccountKind, &criteria);
+    ASSERT_EQ(FilterAccount(b, 0, FilterBy::Name, criteria, 0), 1);
     GoTo(b);
     state.SelectedPos[TransactionList] = 2;
     static int painted;

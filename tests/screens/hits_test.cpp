@@ -1,6 +1,6 @@
 // Where a tap lands, and what it says.
 #include "device.h"
-#include "input/input.h"
+#include "input/press.h"
 #include "screens/list_screen.h"
 
 namespace {
@@ -11,10 +11,6 @@ TEST_F(Device, TablesOfTheScreensHoldTogether) {
         ASSERT_NE(screen, nullptr);
         EXPECT_EQ(screen->List, n);
         EXPECT_EQ(state.Paint[n], screen->Paint);
-        for (const HelpChoice *choice : {&screen->TabHelp, &screen->BlankHelp})
-            for (const HelpLines *lines : {&choice->Usual, &choice->Other})
-                for (const int16_t id : lines->Line)
-                    EXPECT_TRUE(id == 0 || *MessageText(id)) << n << ": " << id;
         const int32_t *edge = state.ColumnEdge[n];
         for (int i = 0; i < screen->SpotCount; ++i) {
             const TitleSpot &spot = screen->Spots[i];
@@ -44,6 +40,15 @@ TEST_F(Device, PointsOfTheListMeetTheirRowsAndTabs) {
     EXPECT_EQ(LinePos(TopWindow, 10, 5), 0);
 }
 
+// Before a tap: what the view is. Bits.
+enum View : int { Live = 0, Archived = 1, OnlyReconciled = 2, References = 4, Untidy = 8 };
+void SetView(int view) {
+    state.ArchiveView = (view & Archived) != 0;
+    state.ReconciledView = (view & OnlyReconciled) != 0;
+    state.RefColumn = (view & References) != 0;
+    state.RecurringInOrder = !(view & Untidy);
+}
+
 // Taps on header and titles: device coordinates, edges at their defaults, each on a screen freshly entered.
 TEST_F(Device, EveryPlaceOfHeaderAndTitlesExplainsItself) {
     static constexpr char Silent[] = "-", Title[] = "0,464,0,80,0,0", Edge[] = "0,0,90,91,0,0",
@@ -54,6 +59,7 @@ TEST_F(Device, EveryPlaceOfHeaderAndTitlesExplainsItself) {
     static constexpr struct {
         int Screen, X, Y;
         const char *Lines;
+        int Before = Live;
     } cases[] = {{1, 0, 26, Selected},
                  {1, 29, 41, Selected},
                  {5, 29, 30, Selected},
@@ -116,9 +122,17 @@ TEST_F(Device, EveryPlaceOfHeaderAndTitlesExplainsItself) {
                  {3, 103, 50, "324,0,326,330,0,0"},
                  {3, 104, 50, "0,266,0,0,0,0"},
                  {3, 124, 50, Amounts},
-                 {3, 173, 50, "64,65,66,67,56,0"}};
+                 {3, 173, 50, "64,65,66,67,56,0"},
+                 {1, 30, 30, "71,72,74,0,75,76", Archived},
+                 {1, 60, 30, "0,0,81,80,0,0", Archived},
+                 {1, 144, 50, "0,465,0,80,0,0", References},
+                 {1, 156, 50, "68,69,70,56,0,209", OnlyReconciled},
+                 {1, 156, 50, "64,65,66,67,56,0", Archived},
+                 {2, 189, 50, "0,68,69,70,56,0", OnlyReconciled},
+                 {3, 124, 50, "0,228,0,0,0,0", OnlyReconciled},
+                 {3, 173, 50, "68,69,70,56,0,0", OnlyReconciled}};
     for (const auto &row : cases) {
-        state.RefColumn = state.ReconciledView = state.ArchiveView = 0;
+        SetView(row.Before);
         state.GraphMode = 0;
         state.BalanceView = 1;
         if (state.CurrentScreen != row.Screen)
@@ -135,13 +149,26 @@ TEST_F(Device, TabsAndPageButtonExplainThemselves) {
     static constexpr struct {
         int Page, Slot, Screen;
         const char *Lines;
+        int Before = Live;
     } cases[] = {
-        {0, 2, 2, "0,8,9,10,0,0"},     {0, 2, 2, "0,8,9,10,0,0"},          {0, 3, 3, "11,12,0,250,252,0"},
-        {0, 4, 4, "13,14,15,0,16,17"}, {0, 5, 5, "18,19,20,21,22,23"},     {0, 6, 6, "0,24,25,26,27,0"},
-        {1, 4, 6, "0,0,391,0,392,0"},  {1, 1, 7, "351,352,0,353,354,355"}, {1, 2, 8, "343,344,0,345,346,347"},
-        {1, 6, 6, "0,24,25,26,27,0"},  {0, 1, 1, "6,7,0,42,239,0"},
+        {0, 2, 2, "0,8,9,10,0,0"},
+        {0, 2, 2, "0,8,9,10,0,0"},
+        {0, 3, 3, "11,12,0,250,252,0"},
+        {0, 4, 4, "13,14,15,0,16,17"},
+        {0, 5, 5, "18,19,20,21,22,23"},
+        {0, 6, 6, "0,24,25,26,27,0"},
+        {1, 4, 6, "0,0,391,0,392,0"},
+        {1, 1, 7, "351,352,0,353,354,355"},
+        {1, 2, 8, "343,344,0,345,346,347"},
+        {1, 6, 6, "0,24,25,26,27,0"},
+        {0, 1, 1, "6,7,0,42,239,0"},
+        {0, 2, 2, "0,8,9,84,0,0", Archived},
+        {0, 3, 3, "11,12,0,251,252,0", Archived},
+        {0, 1, 1, "6,82,0,42,239,0", Archived},
+        {0, 4, 4, "13,14,15,16,17,205", Untidy},
     };
     for (const auto &row : cases) {
+        SetView(row.Before);
         if (state.TabPage != row.Page)
             TapSlot(7);
         ASSERT_EQ(state.TabPage, row.Page);
@@ -156,13 +183,26 @@ TEST_F(Device, EveryRowExplainsItself) {
     static constexpr struct {
         int Screen, Row;
         const char *Lines;
+        int Before = Live;
     } cases[] = {
-        {1, 1, "29,0,40,32,33,5"},   {1, 4, "34,0,35,36,37,0"},    {2, 1, "38,0,40,41,42,43"},
-        {2, 4, "0,39,0,46,0,0"},     {2, 9, "34,0,35,47,37,0"},    {4, 1, "110,120,0,40,41,0"},
-        {5, 1, "113,0,40,41,42,43"}, {5, 2, "113,0,40,41,42,44"},  {6, 1, "34,0,86,0,0,0"},
-        {7, 1, "356,0,40,41,0,357"}, {8, 2, "341,0,40,41,42,342"}, {8, 9, "34,0,35,47,37,0"},
+        {1, 1, "29,0,40,32,33,5"},
+        {1, 4, "34,0,35,36,37,0"},
+        {2, 1, "38,0,40,41,42,43"},
+        {2, 4, "0,39,0,46,0,0"},
+        {2, 9, "34,0,35,47,37,0"},
+        {4, 1, "110,120,0,40,41,0"},
+        {5, 1, "113,0,40,41,42,43"},
+        {5, 2, "113,0,40,41,42,44"},
+        {6, 1, "34,0,86,0,0,0"},
+        {7, 1, "356,0,40,41,0,357"},
+        {8, 2, "341,0,40,41,42,342"},
+        {8, 9, "34,0,35,47,37,0"},
+        {1, 1, "85,0,40,32,87,5", Archived},
+        {1, 4, "0,0,34,0,0,0", Archived},
+        {2, 9, "34,0,35,47,0,0", Archived},
     };
     for (const auto &row : cases) {
+        SetView(row.Before);
         if (state.CurrentScreen != row.Screen)
             ShowScreen(row.Screen);
         TapRow(row.Row);

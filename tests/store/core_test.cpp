@@ -124,30 +124,55 @@ TEST(Messages, AreRememberedAndPaintedOnlyWhenNew) {
     for (const int blank : {-3, 0, 30, 62, 455, LastMessage + 1, 100000})
         EXPECT_EQ(Utf8(MessageText(blank)), "") << blank;
 
-    ShowHelp(2, 3);
-    EXPECT_EQ(Lines(), "Tap an item on the screen/for information on that item////");
+    ShowHelp(Help::TapAnItem);
+    EXPECT_EQ(Lines(), "/Tap an item on the screen/for information on that item///");
     state.HelpMode = 1;
-    ShowHelp(6, 7); // no screen exists yet
+    ShowHelp(Help::BackToAccounts); // no screen exists yet
     state.Paint[0] = CountPaint;
     Paints = 0;
-    ShowHelp(6, 7);
+    ShowHelp(Help::BackToAccounts);
     EXPECT_EQ(Paints, 0);
-    ShowHelpMessage(0, 0, 6, 7, 0, 0, 0, 0);
+    ShowHelpMessage(0, 0, 0, 122, 7, 0, 0, 0);
     EXPECT_EQ(Paints, 1) << "the alignment differs";
-    ShowHelpMessage(0, 1, 6, 7, 0, 0, 0, 0);
+    RepeatHelp();
     EXPECT_EQ(Paints, 2) << "forced";
-    ShowHelp(-1, -6);
+    EXPECT_EQ(state.MessageAlign, 0) << "repeated as it was";
+    ForceHelp(Help::BackToAccounts);
+    ForceHelp(Help::BackToAccounts);
+    EXPECT_EQ(Paints, 4);
+    ShowHelpMessage(1, 0, -1, -6, 0, 0, 0, 0);
     EXPECT_EQ(state.MessageLine[1], -6);
     state.HelpMode = 0;
-    ShowHelp(8);
-    EXPECT_EQ(Paints, 3);
-    EXPECT_EQ(state.MessageLine[0], 8);
+    ShowHelp(Help::Transaction, AddedLine::InJeopardy);
+    EXPECT_EQ(Paints, 5);
+    EXPECT_EQ(state.MessageLine[1], 291);
+    ShowHelp(Help::Transaction);
+    EXPECT_EQ(state.MessageLine[1], 0);
     state.DataUsable = 0;
     ShowHelpMessage(0, 0, 6, 7, 0, 0, 0, 0);
     EXPECT_EQ(
         Lines(),
         "Warning!//Wrong (future) version data/Can't use xx_Data directory//To exit Help mode, tap the eyes below");
     EXPECT_EQ(state.MessageAlign, 1);
+}
+
+// Names can't stand twice, nor can sets: neither would compile.
+TEST(HelpSets, SayOnlyWhatHasAText) {
+    LoadHelp();
+    for (const HelpSet &set : HelpSets) {
+        int added = 0;
+        for (const int16_t id : set.Line) {
+            added += id == AddedHere;
+            EXPECT_TRUE(id == 0 || id == AddedHere || *MessageText(id)) << set.Name << ": " << id;
+        }
+        EXPECT_LE(added, 1) << set.Name;
+    }
+    for (const AddedLine line :
+         {AddedLine::CannotBeModified, AddedLine::ValueTooBig, AddedLine::CashAddsNoShares, AddedLine::BalanceTooBig,
+          AddedLine::ManyEntries, AddedLine::TotalsOfToday, AddedLine::AccountMissing, AddedLine::BalanceMayChange,
+          AddedLine::RegressionBasis, AddedLine::InJeopardy, AddedLine::Filtered})
+        EXPECT_TRUE(*MessageText(static_cast<int>(line))) << static_cast<int>(line);
+    EXPECT_STREQ(HelpSets[static_cast<int>(Help::FilterOff)].Name, "FilterOff");
 }
 
 TEST(ErrorLog, KeepsALineForEachTroubleAndNeverStandsInTheWay) {
@@ -183,10 +208,11 @@ TEST(Files, ReachTheDiskAndNeverHalf) {
     EXPECT_TRUE(ReleaseFile(file));
     EXPECT_FALSE(ReleaseFile(file));
     char text[16] = {};
-    EXPECT_EQ(ReadFileAt(file, 0, text, 4), 0) << "the handle is closed";
+    EXPECT_EQ(ReadFileAt(file, 0, text, 4), -1) << "the handle is closed";
+    EXPECT_EQ(ReadFileAt(NoFile, 0, text, 4), 0) << "a missing file is an empty one";
     EXPECT_FALSE(WriteFileAt(-1, 0, "x", 1));
-    EXPECT_EQ(OpenFile("\\b.txt", OpenExisting), -1);
-    EXPECT_EQ(OpenFile(("\\" + std::string(300, 'n')).c_str(), OpenOrCreate), -1);
+    EXPECT_EQ(OpenFile("\\b.txt", OpenExisting), NoFile);
+    EXPECT_EQ(OpenFile(("\\" + std::string(300, 'n')).c_str(), OpenOrCreate), FailedOpen);
 
     WriteBytes(root.HostPath("\\b.txt"), {'o', 'l', 'd'});
     const auto before = Snapshot(root.Path());
@@ -202,28 +228,9 @@ TEST(Files, ReachTheDiskAndNeverHalf) {
     EXPECT_EQ(ReadBytes(root.HostPath("\\b.txt")).size(), 10u);
     EXPECT_EQ(disk.OpenHandles, 0);
 
-    // Every file written since is synced, once, also when there are many; one that has gone is passed over.
-    SyncFiles();
     ResetDisk();
-    for (int i = 0; i < 40; ++i) {
-        const std::string name = "\\f" + std::to_string(i);
-        const int many = OpenFile(name.c_str(), OpenOrCreate);
-        ASSERT_TRUE(WriteFileAt(many, 0, "x", 1) && WriteFileAt(many, 1, "x", 1));
-        ReleaseFile(many);
-    }
-    ASSERT_TRUE(DeleteFileAt("\\f39") && MoveFileTo("\\f38", "\\g38"));
-    SyncFiles();
-    EXPECT_EQ(disk.Syncs, 39);
-    SyncFiles();
-    EXPECT_EQ(disk.Syncs, 39);
-    const int open = OpenFile("\\g38", OpenExisting);
-    for (int synced = 40; synced < 42; ++synced) { // a file that stays open between two syncs is written anew
-        ASSERT_TRUE(WriteFileAt(open, 0, "y", 1));
-        SyncFiles();
-        EXPECT_EQ(disk.Syncs, synced);
-    }
-    ReleaseFile(open);
-
+    for (int i = 0; i < 40; ++i)
+        WriteBytes(root.HostPath("\\f" + std::to_string(i)), {'x'});
     FileWalk walk;
     FindNames(&walk, "\\", "f1");
     int found = 0;

@@ -4,8 +4,6 @@
 #include "store/store_test.h"
 #include "store/windows.h"
 #include <numeric>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
@@ -69,18 +67,6 @@ std::vector<int> After(int (*operation)(int32_t), int count, int position) {
     return numbers;
 }
 
-// What may stand when a process ended in the middle: the old rows, or the new, at most one of them doubled in place.
-bool IsWholeBut(std::vector<int> found, const std::vector<int> &before, const std::vector<int> &after) {
-    if (found == before || found == after)
-        return true;
-    for (size_t i = 1; i < found.size(); ++i)
-        if (found[i] == found[i - 1]) {
-            found.erase(found.begin() + static_cast<long>(i));
-            return found == before || found == after;
-        }
-    return false;
-}
-
 } // namespace
 
 TEST_F(Operations, ARowGoesInAndOutAtEveryPlace) {
@@ -136,34 +122,6 @@ TEST_F(Operations, AFullDiskOrADeadOneLosesNoEntry) {
         WithFailingDisk({.Full = true}, [position] { EXPECT_EQ(Add(position), 0); });
     EXPECT_EQ(Numbers(Root), Counted(1, 500));
     EXPECT_EQ(ReadBytes(Root.DataFile("E1_02A5")).size(), 500u * 608);
-
-    for (const auto &way : BothWays)
-        for (int n = 1; n < 40; ++n) {
-            SCOPED_TRACE(testing::Message() << way.Name << ", dead from call " << n);
-            WriteEntries(Root, 20);
-            WithFailingDisk({.FailAt = n, .FailOnward = true}, [&] { way.Do(4); });
-            EXPECT_TRUE(IsWholeBut(Numbers(Root), Counted(1, 20), After(way.Do, 20, 4)))
-                << testing::PrintToString(Numbers(Root));
-        }
-}
-
-TEST_F(Operations, AProcessThatEndsInTheMiddleLosesNoEntry) {
-    for (const auto &way : BothWays)
-        for (int n = 1, status = 1; status != 0; n += n < 8 ? 1 : 131) {
-            SCOPED_TRACE(testing::Message() << way.Name << ", ended at call " << n);
-            WriteEntries(Root, 1000);
-            const pid_t child = fork();
-            if (child == 0) {
-                ResetDisk();
-                disk.Switches.DieAt = n;
-                way.Do(300);
-                _exit(0);
-            }
-            waitpid(child, &status, 0);
-            ASSERT_TRUE(WIFEXITED(status) && (status == 0 || WEXITSTATUS(status) == DiedExitCode));
-            const std::vector<int> found = Numbers(Root), after = After(way.Do, 1000, 300);
-            EXPECT_TRUE(status == 0 ? found == after : IsWholeBut(found, Counted(1, 1000), after));
-        }
 }
 
 TEST_F(Operations, RunsMoveWholeOverAnyDistance) {
@@ -173,71 +131,34 @@ TEST_F(Operations, RunsMoveWholeOverAnyDistance) {
         {10, 1, 10, 4},       {10, 4, 7, 1},        {10, 3, 2, 9},       {10, 9, 2, 1},        {10, 2, 3, 11},
         {1000, 1, 1000, 301}, {1000, 1, 1000, 601}, {1000, 301, 700, 1}, {2000, 1, 900, 1001}, {10, 5, 0, 1},
     };
-    for (const auto &c : cases)
-        for (const int failAt : {0, 2}) {
-            SCOPED_TRACE(testing::Message() << c.Moved << " of " << c.Count << " from " << c.From << " to " << c.To
-                                            << (failAt ? ", failing" : ""));
-            WriteEntries(Root, c.Count);
-            std::vector<int> expected = Counted(1, c.Count);
-            const std::vector<int> run(expected.begin() + c.From - 1, expected.begin() + c.From - 1 + c.Moved);
-            expected.resize(static_cast<size_t>(std::max(c.Count, c.To + c.Moved - 1)));
-            std::copy(run.begin(), run.end(), expected.begin() + c.To - 1);
-            const int file = OpenDataFile(FileKind::Transactions, OpenExisting, Account, nullptr);
-            int moved = 0;
-            WithFailingDisk({.FailAt = failAt},
-                            [&] { moved = MoveRun(file, FileKind::Transactions, c.From, c.Moved, c.To); });
-            CloseFile(file);
-            const std::vector<int> found = Numbers(Root);
-            if (moved) {
-                EXPECT_EQ(found, expected);
-                continue;
-            }
-            // The run stands where it stood; what it would have covered may be gone, as for a move that succeeds.
-            EXPECT_EQ(std::vector<int>(found.begin() + c.From - 1, found.begin() + c.From - 1 + c.Moved), run);
-            EXPECT_EQ(found.size(), static_cast<size_t>(c.Count));
-        }
+    for (const auto &c : cases) {
+        SCOPED_TRACE(testing::Message() << c.Moved << " of " << c.Count << " from " << c.From << " to " << c.To);
+        WriteEntries(Root, c.Count);
+        std::vector<int> expected = Counted(1, c.Count);
+        const std::vector<int> run(expected.begin() + c.From - 1, expected.begin() + c.From - 1 + c.Moved);
+        expected.resize(static_cast<size_t>(std::max(c.Count, c.To + c.Moved - 1)));
+        std::copy(run.begin(), run.end(), expected.begin() + c.To - 1);
+        const int file = OpenPlace(LiveRows(Account), OpenExisting);
+        EXPECT_EQ(MoveRun(file, FileKind::Transactions, c.From, c.Moved, c.To), 1);
+        CloseFile(file);
+        EXPECT_EQ(Numbers(Root), expected);
+    }
 }
 
-TEST_F(Operations, AChangedEntryCarriesItsTotalsOn) {
-    for (int i = 1; i <= 600; ++i) {
-        TRec row = Entry(10);
-        row.RunTotal = 10 * i;
-        row.RunCleared = 7;
-        row.Cleared = i == 3;
-        row.ClearedValue = 4;
-        ASSERT_EQ(AddRecFile(Account, i, &row, 1), 1);
-    }
-    TRec changed = Entry(25);
-    changed.Units = 2;
-    changed.RunTotal = 12345; // not the caller's to say
-    ASSERT_EQ(ModRecFile(Account, 2, &changed), 1);
-    state.CurAccount.ID = Account;
-    static const struct {
-        int32_t Position;
-        FixedAmount Total, Cleared;
-    } totals[] = {{1, 10, 7}, {2, 60, 7}, {3, 70, 11}, {4, 80, 11}, {600, 6040, 11}};
-    TRec row;
-    for (const auto &t : totals) {
-        ASSERT_EQ(FetchTran(t.Position, &row), 1);
-        EXPECT_EQ(row.RunTotal, t.Total) << t.Position;
-        EXPECT_EQ(row.RunCleared, t.Cleared) << t.Position;
-    }
-    changed.Cleared = 1;
-    changed.ClearedValue = 100;
-    ASSERT_EQ(ModRecFile(Account, 3, &changed), 1);
-    ASSERT_EQ(FetchTran(3, &row), 1);
-    EXPECT_EQ(row.RunCleared, 2 * 100 - 4); // without what stood there, until CalcBalance
-    CopyText(changed.Name, 32, u"Renamed");
-    changed.Cleared = 0;
-    ResetDisk();
-    ASSERT_EQ(ModRecFile(Account, 600, &changed), 1);
-    EXPECT_EQ(disk.WriteCalls, 1) << "rows that do not change need no write";
-    state.FilterShown = 1;
-    EXPECT_EQ(ModRecFile(Account, 1, &changed), 0);
-    state.FilterShown = 0;
-    EXPECT_EQ(ModRecFile(Account, 601, &changed), 0);
-    WithFailingDisk({.FailAt = 1}, [&changed] { EXPECT_EQ(ModRecFile(Account, 600, &changed), 0); });
-    EXPECT_TRUE(Told("ModRecFile TwriteFail"));
+TEST_F(Operations, ARecordMovesWholeToEveryPlace) {
+    for (const int from : {1, 2, 5})
+        for (const int to : {1, 2, 3, 5, 6}) {
+            SCOPED_TRACE(testing::Message() << from << " to " << to);
+            WriteEntries(Root, 5);
+            std::vector<int> expected = Counted(1, 5);
+            const int landing = to > from ? to - 1 : to;
+            expected.erase(expected.begin() + from - 1);
+            expected.insert(expected.begin() + landing - 1, from);
+            EXPECT_EQ(MoveRecord(LiveRows(Account), from, to), landing);
+            EXPECT_EQ(Numbers(Root), expected);
+        }
+    for (const auto &[from, to] : {std::pair{0, 1}, {6, 1}, {1, 0}, {1, 7}})
+        EXPECT_EQ(MoveRecord(LiveRows(Account), from, to), 0);
 }
 
 TEST_F(Operations, TheListWorkedOnIsTheOneOfTheScreen) {
@@ -261,14 +182,13 @@ TEST_F(Operations, TheListWorkedOnIsTheOneOfTheScreen) {
     state.ReconcileState = ReconcileStep::Solved;
     const TRec row = Entry(1);
     EXPECT_EQ(AddRecFile(Account, 1, &row, 0), 1);
-    EXPECT_EQ(state.CurrentScreen, TransactionList);
     EXPECT_EQ(state.AccRows[1].ID, 5u) << "the account list was reloaded";
     EXPECT_EQ(state.ReconcileState, ReconcileStep::Idle);
 
     EXPECT_EQ(AddRecFile(0, 1, &row, 1), 0);
     EXPECT_FALSE(FileThere("\\Program Files\\Zentrik\\E1_Data\\E1_02A0")) << "no account, no file";
     state.CurrentScreen = 9;
-    EXPECT_EQ(Add(1) + ModRecFile(Account, 1, &row) + Delete(1), 0);
+    EXPECT_EQ(Delete(1), 0);
     EXPECT_TRUE(Told("DeleteRecFile caseError"));
 
     state.CurrentScreen = TransactionList;
@@ -281,30 +201,22 @@ TEST_F(Operations, TheListWorkedOnIsTheOneOfTheScreen) {
 TEST_F(Operations, AFilterFileIsWorkedOnInPlaceOfItsAccount) {
     WriteEntries(Root, 2);
     WriteBytes(Root.DataFile("E1_02AF5"), {});
-    uint32_t filtered = 7;
-    const auto open = [&](OpenDisposition disposition) {
-        const int file = OpenDataFile(FileKind::Transactions, disposition, Account, &filtered);
-        if (file >= 0)
-            CloseFile(file);
+    const auto open = [&](View view, Rows through, OpenDisposition disposition, uint32_t *filtered) {
+        const int file = OpenPlace(RowsOf(Account, view, through), disposition, filtered);
+        CloseFile(file);
         return file >= 0;
     };
-    EXPECT_TRUE(open(OpenOrCreate));
+    uint32_t filtered = 7;
+    EXPECT_TRUE(open(View::Live, Rows::Shown, OpenOrCreate, &filtered));
     EXPECT_EQ(filtered, 1u);
     EXPECT_EQ(Add(1), 1);
     EXPECT_EQ(Numbers(Root), Counted(1, 2));
     EXPECT_EQ(Numbers(Root, "E1_02AF5"), std::vector<int>{999});
-
-    filtered = 7;
-    state.ArchiveView = 1;
-    state.IgnoreFilter = 1;
-    EXPECT_FALSE(open(OpenOrCreate));
-    EXPECT_EQ(filtered, 7u);
-    EXPECT_FALSE(FileThere("\\Program Files\\Zentrik\\E1_Data\\E1_02R5"));
-    state.IgnoreFilter = 0;
-    EXPECT_TRUE(open(OpenOrCreate)); // merely looking creates the file
+    EXPECT_TRUE(open(View::Live, Rows::All, OpenExisting, &filtered));
     EXPECT_EQ(filtered, 0u);
-    EXPECT_TRUE(FileThere("\\Program Files\\Zentrik\\E1_Data\\E1_02R5"));
 
-    EXPECT_EQ(CloseFile(-1), 0);
-    EXPECT_TRUE(Told("CloseHandle Closure"));
+    EXPECT_FALSE(open(View::Archive, Rows::Shown, OpenExisting, nullptr));
+    EXPECT_FALSE(FileThere("\\Program Files\\Zentrik\\E1_Data\\E1_02R5"));
+    EXPECT_TRUE(open(View::Archive, Rows::Shown, OpenOrCreate, nullptr));
+    EXPECT_TRUE(FileThere("\\Program Files\\Zentrik\\E1_Data\\E1_02R5"));
 }

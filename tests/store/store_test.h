@@ -1,11 +1,11 @@
 // What the tests of the store start from: a fresh device with a data directory.
 #pragma once
 
+#include "frame/changes.h"
 #include "host/test_host.h"
 #include "platform/files.h"
 #include "platform/text.h"
 #include "state/state.h"
-#include "store/operations.h"
 #include <cstring>
 #include <gtest/gtest.h>
 

@@ -102,13 +102,13 @@ TEST_F(Lists, DataOfAnotherVersionIsRefusedAndNothingIsWritten) {
         std::vector<uint8_t> bytes(c.Size * (c.Load == LoadBinFile ? 5300 : 3), 1);
         bytes[0] = 2;
         WriteBytes(Root.DataFile(c.Name), bytes);
-        LoadConfFile();
+        EXPECT_EQ(LoadConfFile(), 1);
         const auto before = Snapshot(Root.Path());
         EXPECT_EQ(c.Load(1), 0);
         EXPECT_EQ(state.DataUsable, 0u);
         EXPECT_TRUE(Told(c.Function + std::string(" WrongVersion")));
         StoreConfFile();
-        StampLastChecked();
+        EXPECT_EQ(StampLastChecked(), 0);
         EXPECT_EQ(GetNextID(), 0u);
         LoadBinFile(1), LoadCatFile(1), LoadAccFile(1);
         EXPECT_EQ(Snapshot(Root.Path()), before) << c.Name;
@@ -160,11 +160,11 @@ TEST_F(Lists, AFullBinKeepsItsNewest) {
     EXPECT_EQ(state.EntryCount[BinList], 5250);
     fill(5251);
     const auto before = Snapshot(Root.Path());
-    for (int n = 1; WithFailingDisk({.FailAt = n}, [] { EXPECT_EQ(LoadBinFile(1), 1); });
-         n += n < 4 || n > 18 ? 1 : 5) {
-        EXPECT_EQ(state.EntryCount[BinList], 5251);
-        EXPECT_TRUE(Told("LoadBinFile BwriteFail"));
-        EXPECT_EQ(Snapshot(Root.Path()), before) << "failing at " << n;
+    for (int n = 1, met = 1, done = 0; met; n += n < 4 ? 1 : 9) {
+        fill(5251);
+        met = WithFailingDisk({.FailAt = n}, [&] { done = AsAction([] { EXPECT_EQ(LoadBinFile(1), 1); }); });
+        EXPECT_TRUE(met || done);
+        EXPECT_TRUE(done || Snapshot(Root.Path()) == before) << "failing at " << n;
     }
     EXPECT_EQ(state.EntryCount[BinList], 5000);
     EXPECT_EQ(ReadBytes(Root.DataFile("E1_06BIN")).size(), 5000u * 1064);
@@ -224,11 +224,11 @@ TEST_F(Lists, AccountsAreFoundAndHeadingsSummed) {
     EXPECT_EQ(state.AccRows[4].Balance, 1200);
     EXPECT_EQ(state.AccRows[4].ArcClearedBalance, 12000);
     EXPECT_EQ(state.AccRows[6].Balance, 4);
-    EXPECT_EQ(disk.WriteCalls, 1) << "only the heading that changed is written";
+    EXPECT_EQ(disk.DataWrites, 1) << "only the heading that changed is written";
 }
 
 TEST_F(Lists, AnIDIsNeverGivenTwiceWhileItsFileStands) {
-    LoadConfFile();
+    EXPECT_EQ(LoadConfFile(), 1);
     EXPECT_EQ(GetNextID(), 1u);
     EXPECT_EQ(GetNextID(), 2u);
     for (const char *name : {"E1_02A3", "E1_02A4", "E1_02A6", "E1_02R5"})
@@ -240,7 +240,7 @@ TEST_F(Lists, AnIDIsNeverGivenTwiceWhileItsFileStands) {
     EXPECT_EQ(GetNextID(), 5u);
     ConfRec record = Configuration();
     record.NextID = 0xFFFFFFFE; // below 0
-    WriteConfiguration(&record, In{});
+    EXPECT_EQ(WriteConfiguration(&record, In{}), 1);
     EXPECT_EQ(GetNextID(), 1u);
     WithFailingDisk({.FailAt = 1}, [] { EXPECT_EQ(GetNextID(), 2u); });
     EXPECT_TRUE(Told("GetNextID CwriteFail"));
@@ -248,19 +248,19 @@ TEST_F(Lists, AnIDIsNeverGivenTwiceWhileItsFileStands) {
 
 TEST_F(Lists, ColumnsStayWhereTheOwnerPutThem) {
     WriteBytes(Root.DataFile("E1_03CON"), std::vector<uint8_t>(100, 0x77));
-    LoadConfFile(); // too short: replaced by the defaults
+    EXPECT_EQ(LoadConfFile(), 1); // too short: replaced by the defaults
     EXPECT_EQ(ReadBytes(Root.DataFile("E1_03CON")).size(), 888u);
     EXPECT_EQ(state.ColumnEdge[CategoryList][1], 44) << "one pixel is lost on the way through thousandths";
     const auto first = Snapshot(Root.Path());
     for (int start = 0; start < 3; ++start) {
         ResetState();
-        LoadConfFile();
+        EXPECT_EQ(LoadConfFile(), 1);
         StoreConfFile();
         EXPECT_EQ(Snapshot(Root.Path()), first) << "a divider nobody dragged has crept";
     }
     state.ColumnEdge[CategoryList][1] = 100;
     StoreConfFile();
-    LoadConfFile();
+    EXPECT_EQ(LoadConfFile(), 1);
     EXPECT_EQ(state.ColumnEdge[CategoryList][1], 99);
 
     static const struct {
@@ -280,8 +280,8 @@ TEST_F(Lists, ColumnsStayWhereTheOwnerPutThem) {
         record.ConfSpare = 7;
         record.CheckAheadDays = 2000000000;
         std::memset(record.Reserved52, 0x5A, sizeof record.Reserved52);
-        WriteConfiguration(&record, In{});
-        LoadConfFile();
+        EXPECT_EQ(WriteConfiguration(&record, In{}), 1);
+        EXPECT_EQ(LoadConfFile(), 1);
         UpdateBmap();
         EXPECT_EQ(state.ColumnEdge[CategoryList][1], c.CategoryEdge);
         EXPECT_EQ(state.ColumnEdge[ConversionList][1], c.AEdge);
@@ -293,7 +293,7 @@ TEST_F(Lists, ColumnsStayWhereTheOwnerPutThem) {
         EXPECT_EQ(Configuration().Reserved52[87], 0x5A) << "reserved bytes are written as found";
     }
     SetClock(2026, 11, 22);
-    StampLastChecked();
+    EXPECT_EQ(StampLastChecked(), 1);
     EXPECT_EQ(Configuration().LastChecked.DayNumber, 155554u);
 }
 

@@ -109,6 +109,19 @@ std::vector<std::string> WordsOf(std::string code) {
     return {std::istream_iterator<std::string>(words), {}};
 }
 
+// The function that a line at the left margin begins to declare or to define; "" for none, or one defined where it
+// stands.
+std::string FunctionOf(const std::string &line) {
+    static const std::set<std::string> others = {"inline", "constexpr", "template", "using",
+                                                 "struct", "extern",    "enum"};
+    const size_t end = std::min(line.find('('), line.size());
+    size_t begin = end;
+    while (begin > 0 && (isalnum(static_cast<unsigned char>(line[begin - 1])) || line[begin - 1] == '_'))
+        --begin;
+    const bool declares = end < line.size() && begin > 0 && begin < end && isalpha(static_cast<unsigned char>(line[0]));
+    return declares && !others.count(line.substr(0, line.find(' '))) ? line.substr(begin, end - begin) : "";
+}
+
 std::string Where(const fs::path &file, size_t line) {
     return "src/" + file.generic_string() + ":" + std::to_string(line + 1);
 }
@@ -138,6 +151,30 @@ TEST(Structure, IncludesPointDownTheFloors) {
         }
     }
     EXPECT_GT(seen, 50) << "the includes were not read";
+}
+
+// Whoever reads a declaration knows the file to open.
+TEST(Structure, WhatAHeaderDeclaresStandsInTheBodyOfItsName) {
+    // The forms and the screens are rows of a table each, defined in the file of each; the bin's copies have their own.
+    static const std::set<std::string> apart = {"forms/forms.h", "screens/screens.h", "ledger/bin.h", "ledger/moves.h"};
+    int seen = 0;
+    for (const fs::path &header : SourceFiles()) {
+        const int level = FloorOf(header)->Level;
+        if (header.extension() != ".h" || level == 0 || apart.count(header.generic_string()))
+            continue;
+        std::set<std::string> defined;
+        fs::path body = header;
+        if (fs::exists(Source / body.replace_extension(".cpp")))
+            for (const std::string &line : LinesOf(body))
+                defined.insert(FunctionOf(line));
+        const std::vector<std::string> lines = LinesOf(header);
+        for (size_t n = 0; n < lines.size(); ++n) {
+            const std::string declared = FunctionOf(lines[n]);
+            seen += !declared.empty();
+            EXPECT_TRUE(declared.empty() || defined.count(declared)) << Where(header, n) << ": " << declared;
+        }
+    }
+    EXPECT_GT(seen, 150) << "the declarations were not read";
 }
 
 TEST(Structure, NothingAboveTheSeamGoesAroundIt) {
@@ -183,5 +220,52 @@ TEST(Structure, NothingAboveTheSeamGoesAroundIt) {
                 EXPECT_FALSE(broken) << Where(file, n) << ": " << word << ": " << rules[found->second].Reason;
             }
         }
+    }
+}
+
+// What is shown is the business of those who show it; the floors below are told a place.
+TEST(Structure, WordsStayOnTheirFloors) {
+    constexpr struct {
+        const char *Words, *Folders, *Reason; // folders in which a word may stand
+    } rules[] = {
+        {"CurrentScreen ArchiveView CurAccount", "state drawing frame forms screens input program",
+         "an operation is told its place"},
+        {"Beep ShowHelp ShowHelpMessage ForceHelp RepeatHelp Paint",
+         "platform state store drawing frame forms screens input program",
+         "rules return an outcome; screens say and paint it"},
+    };
+    for (const auto &rule : rules) {
+        std::istringstream words(rule.Words), folders(rule.Folders);
+        const std::set<std::string> watched{std::istream_iterator<std::string>(words), {}};
+        const std::set<std::string> allowed{std::istream_iterator<std::string>(folders), {}};
+        int seen = 0;
+        for (const fs::path &file : SourceFiles()) {
+            const std::string top = file.begin()->string();
+            if (FloorOf(file)->Level == Hosts || top == "resources")
+                continue;
+            const std::vector<std::string> lines = LinesOf(file);
+            for (size_t n = 0; n < lines.size(); ++n)
+                for (const std::string &word : WordsOf(CodeOf(lines[n])))
+                    if (watched.count(word)) {
+                        ++seen;
+                        EXPECT_TRUE(allowed.count(top)) << Where(file, n) << ": " << word << ": " << rule.Reason;
+                    }
+        }
+        EXPECT_GT(seen, 20) << rule.Words;
+    }
+}
+
+// Records are bytes of no type in their tables and on the way to and from a file, and nowhere else.
+TEST(Structure, NoRecordLosesItsType) {
+    static const std::set<std::string> tables = {"records/fields.h", "records/fields.cpp", "store/lists.h",
+                                                 "store/lists.cpp",  "store/catalogue.h",  "store/catalogue.cpp",
+                                                 "cipher/hooks.h",   "cipher/hooks.cpp"};
+    for (const fs::path &file : SourceFiles()) {
+        const std::string top = file.begin()->string();
+        if (FloorOf(file)->Level == Hosts || top == "platform" || tables.count(file.generic_string()))
+            continue;
+        const std::vector<std::string> lines = LinesOf(file);
+        for (size_t n = 0; n < lines.size(); ++n)
+            EXPECT_EQ(CodeOf(lines[n]).find("void *"), std::string::npos) << Where(file, n) << ": " << lines[n];
     }
 }

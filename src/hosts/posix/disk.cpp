@@ -5,6 +5,7 @@
 #include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -24,13 +25,16 @@ template <typename Call> auto Retry(Call call) {
 
 int DiskOpen(const char *path, int create) {
     const int flags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK; // not blocked by a pipe that bears a file's name
-    int handle = Retry([&] { return open(path, O_RDWR | flags | (create ? O_CREAT : 0), FileMode); });
-    if (handle < 0 && (errno == EACCES || errno == EPERM || errno == EROFS))
-        handle = Retry([&] { return open(path, O_RDONLY | flags); });
+    const auto opened = [&](int more) { return Retry([&] { return open(path, flags | more, FileMode); }); };
+    int handle = opened(create ? O_RDWR | O_CREAT : O_RDWR);
+    if (handle < 0 && (errno == EACCES || errno == EROFS || errno == EPERM))
+        handle = opened(O_RDONLY);
+    if (handle < 0)
+        return errno == ENOENT || errno == ENOTDIR ? DiskMissing : DiskRefused;
     struct stat about;
-    if (handle >= 0 && (fstat(handle, &about) != 0 || !S_ISREG(about.st_mode))) {
+    if (fstat(handle, &about) != 0 || !S_ISREG(about.st_mode)) {
         close(handle);
-        return -1;
+        return DiskRefused;
     }
     return handle;
 }
@@ -45,7 +49,9 @@ int64_t DiskRead(int handle, int64_t offset, void *buffer, int64_t bytes) {
     while (done < bytes) {
         const ssize_t part =
             Retry([&] { return pread(handle, to + done, static_cast<size_t>(bytes - done), offset + done); });
-        if (part <= 0)
+        if (part < 0)
+            return -1;
+        if (part == 0)
             break;
         done += part;
     }
@@ -67,15 +73,48 @@ int DiskWrite(int handle, int64_t offset, const void *buffer, int64_t bytes) {
 
 int64_t DiskLength(int handle) {
     struct stat about;
-    return fstat(handle, &about) == 0 ? about.st_size : 0;
+    return fstat(handle, &about) == 0 ? about.st_size : -1;
 }
 
 int DiskCut(int handle, int64_t length) {
     return length >= 0 && Retry([&] { return ftruncate(handle, length); }) == 0;
 }
 
+int DiskReserve(int handle, int64_t offset, int64_t bytes) {
+    if (Retry([&] { return fallocate(handle, FALLOC_FL_KEEP_SIZE, offset, bytes); }) == 0)
+        return 1;
+    return errno == EOPNOTSUPP || errno == ENOSYS;
+}
+
+int DiskCopy(int from, int to, int64_t bytes) {
+    off_t source = 0, target = 0;
+    while (source < bytes) {
+        const ssize_t part =
+            Retry([&] { return copy_file_range(from, &source, to, &target, static_cast<size_t>(bytes - source), 0); });
+        if (part <= 0)
+            break;
+    }
+    static char buffer[1 << 16];
+    while (source < bytes) { // between file systems, or where the machine has no such call
+        const int64_t wanted = bytes - source < static_cast<off_t>(sizeof buffer) ? bytes - source : sizeof buffer;
+        if (DiskRead(from, source, buffer, wanted) != wanted || !DiskWrite(to, source, buffer, wanted))
+            return 0;
+        source += wanted;
+    }
+    return 1;
+}
+
 int DiskSync(int handle) {
     return Retry([&] { return fdatasync(handle); }) == 0;
+}
+
+int DiskSyncDirectory(const char *path) {
+    const int directory = Retry([&] { return open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
+    if (directory < 0)
+        return 0;
+    const int synced = Retry([&] { return fsync(directory); }) == 0;
+    close(directory);
+    return synced;
 }
 
 int DiskRename(const char *from, const char *to) {
@@ -94,7 +133,7 @@ int DiskRemoveDirectory(const char *path) {
 int DiskKind(const char *path) {
     struct stat about;
     if (stat(path, &about) != 0)
-        return 0;
+        return errno == ENOENT || errno == ENOTDIR ? 0 : -1;
     return S_ISDIR(about.st_mode) ? 2 : 1;
 }
 
@@ -105,15 +144,30 @@ void *DiskOpenWalk(const char *path) {
 int DiskNextName(void *walk, char *name, int room) {
     if (!walk || room < 1)
         return 0;
-    while (const dirent *entry = readdir(static_cast<DIR *>(walk)))
-        if (strcmp(entry->d_name, ".") != 0 && strcmp(entry->d_name, "..") != 0) {
-            snprintf(name, static_cast<size_t>(room), "%s", entry->d_name);
-            return 1;
-        }
-    return 0;
+    for (;;) {
+        errno = 0;
+        const dirent *entry = readdir(static_cast<DIR *>(walk));
+        if (!entry)
+            return errno == 0 ? 0 : -1;
+        if (strcmp(entry->d_name, ".") == 0 || strcmp(entry->d_name, "..") == 0)
+            continue;
+        snprintf(name, static_cast<size_t>(room), "%s", entry->d_name);
+        return 1;
+    }
 }
 
 void DiskCloseWalk(void *walk) {
     if (walk)
         closedir(static_cast<DIR *>(walk));
+}
+
+int DiskLock(const char *directory) {
+    const int handle = Retry([&] { return open(directory, O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
+    if (handle < 0)
+        return errno == ENOENT ? DiskMissing : DiskRefused;
+    if (Retry([&] { return flock(handle, LOCK_EX | LOCK_NB); }) == 0)
+        return handle;
+    const int busy = errno == EWOULDBLOCK;
+    close(handle);
+    return busy ? DiskBusy : DiskRefused;
 }

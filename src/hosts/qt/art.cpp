@@ -1,6 +1,7 @@
 // The images of resources/art.h: SVG files that travel in the program, each rasterised when it is first painted at the
 // present scale.
 #include "resources/art.h"
+#include "hosts/qt/art.h"
 #include "hosts/qt/device.h"
 #include <QCoreApplication>
 #include <QFile>

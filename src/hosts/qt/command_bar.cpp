@@ -1,5 +1,8 @@
 // The command bar of shell.h: buttons that are reused from one bar to the next, so that the eyes can move at every tap,
 // and menus built from the table of resources/menus.h.
+#include "hosts/qt/command_bar.h"
+#include "hosts/qt/art.h"
+#include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/keys.h"
 #include "hosts/qt/style.h"

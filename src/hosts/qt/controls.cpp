@@ -1,7 +1,9 @@
 // controls.h with the toolkit's own controls, children of the form's window. What the owner does is told after the
 // control has done its own work; what the program does tells nothing.
 #include "platform/controls.h"
+#include "hosts/qt/controls.h"
 #include "hosts/qt/date_box.h"
+#include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/drop_list.h"
 #include "hosts/qt/number_text.h"

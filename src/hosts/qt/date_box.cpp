@@ -1,4 +1,5 @@
 #include "hosts/qt/date_box.h"
+#include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/keys.h"
 #include "hosts/qt/style.h"

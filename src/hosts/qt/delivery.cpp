@@ -1,4 +1,6 @@
 // The way of an event to the program: at once, after a control's own work, or when no input waits.
+#include "hosts/qt/delivery.h"
+#include "hosts/qt/controls.h"
 #include "hosts/qt/device.h"
 #include "program/door.h"
 #include <QBasicTimer>
@@ -28,6 +30,7 @@ public:
     void WakeWhenIdle() {
         if (!Idle.isActive())
             Idle.start(0, this);
+        Rest.start(RestMilliseconds, this);
     }
 
 protected:
@@ -37,9 +40,14 @@ protected:
         DeliverWaiting();
         return true;
     }
-    void timerEvent(QTimerEvent *) override {
+    void timerEvent(QTimerEvent *event) override {
         if (giving)
             return;
+        if (event->timerId() == Rest.timerId()) {
+            Rest.stop();
+            RestStep();
+            return;
+        }
         if (paintWanted) {
             DeliverPaint();
         } else if (host.Leaving || !IdleStep()) {
@@ -49,7 +57,7 @@ protected:
     }
 
 private:
-    QBasicTimer Idle;
+    QBasicTimer Idle, Rest;
 };
 
 Pump *ThePump() {

@@ -1,6 +1,11 @@
 // The device's window on the desktop: geometry and scale, the title bar, and the program's windows in it.
 #include "hosts/qt/device.h"
+#include "hosts/qt/art.h"
+#include "hosts/qt/command_bar.h"
+#include "hosts/qt/controls.h"
+#include "hosts/qt/delivery.h"
 #include "hosts/qt/style.h"
+#include "hosts/qt/surface.h"
 #include "platform/clock.h"
 #include "platform/shell.h"
 #include "platform/text.h"
@@ -51,13 +56,13 @@ QRect WidgetBox(const Rect &box) {
 }
 
 double LargestScale(const QSize &screen) {
-    const double fits = std::min(screen.width() / double(DeviceWidth), screen.height() / double(DeviceHeight));
+    const double fits = std::min(screen.width() / double(ScreenWidth), screen.height() / double(ScreenHeight));
     return std::max(LeastScale, std::floor(fits / StepOfScale) * StepOfScale);
 }
 
 bool DeviceFillsScreen(const QSize &screen) {
     const double scale = LargestScale(screen);
-    return screen.width() - DeviceWidth * scale < FrameRoom && screen.height() - DeviceHeight * scale < FrameRoom;
+    return screen.width() - ScreenWidth * scale < FrameRoom && screen.height() - ScreenHeight * scale < FrameRoom;
 }
 
 double FirstScale(const QSize &screen) {
@@ -110,9 +115,9 @@ Device::Device() : Stage(new QWidget(this)), Bar(new QWidget(this)) {
     setWindowTitle(QStringLiteral("Zentrik"));
     setAccessibleName(windowTitle());
     Title = windowTitle();
-    setMinimumSize(QSize(static_cast<int>(DeviceWidth * LeastScale), static_cast<int>(DeviceHeight * LeastScale)));
+    setMinimumSize(QSize(static_cast<int>(ScreenWidth * LeastScale), static_cast<int>(ScreenHeight * LeastScale)));
     setAttribute(Qt::WA_OpaquePaintEvent);
-    resize(WidgetBox({0, 0, DeviceWidth, DeviceHeight}).size());
+    resize(WidgetBox({0, 0, ScreenWidth, ScreenHeight}).size());
     WaitForMinute();
 }
 
@@ -140,12 +145,12 @@ void Device::FillScreen(bool on) {
 }
 
 void Device::PlaceEverything() {
-    const double scale = std::min(width() / double(DeviceWidth), height() / double(DeviceHeight));
-    const QRect device = EdgeBox({0, 0, DeviceWidth, DeviceHeight}, scale);
+    const double scale = std::min(width() / double(ScreenWidth), height() / double(ScreenHeight));
+    const QRect device = EdgeBox({0, 0, ScreenWidth, ScreenHeight}, scale);
     Corner = {(width() - device.width()) / 2, (height() - device.height()) / 2};
     SetScale(scale);
-    Stage->setGeometry(WidgetBox({0, TitleHeight, DeviceWidth, BarTop}).translated(Corner));
-    Bar->setGeometry(WidgetBox({0, BarTop, DeviceWidth, DeviceHeight}).translated(Corner));
+    Stage->setGeometry(WidgetBox({0, TitleHeight, ScreenWidth, BarTop}).translated(Corner));
+    Bar->setGeometry(WidgetBox({0, BarTop, ScreenWidth, ScreenHeight}).translated(Corner));
     update();
 }
 
@@ -181,10 +186,10 @@ void Device::resizeEvent(QResizeEvent *) {
 
 void Device::paintEvent(QPaintEvent *) {
     QPainter painter(this);
-    const QRect title = WidgetBox({0, 0, DeviceWidth, TitleHeight}).translated(Corner);
+    const QRect title = WidgetBox({0, 0, ScreenWidth, TitleHeight}).translated(Corner);
     painter.fillRect(rect(), QColor(SurroundColour));
     painter.fillRect(title, QColor(TitleColour));
-    painter.fillRect(WidgetBox({0, TitleHeight - 1, DeviceWidth, TitleHeight}).translated(Corner),
+    painter.fillRect(WidgetBox({0, TitleHeight - 1, ScreenWidth, TitleHeight}).translated(Corner),
                      QColor(TitleEdgeColour));
 
     const QRect bar = Bar->geometry();
@@ -222,7 +227,7 @@ void Device::WaitForMinute() {
 }
 
 void Device::timerEvent(QTimerEvent *) {
-    update(WidgetBox({0, 0, DeviceWidth, TitleHeight}).translated(Corner));
+    update(WidgetBox({0, 0, ScreenWidth, TitleHeight}).translated(Corner));
     WaitForMinute();
 }
 

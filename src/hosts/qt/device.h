@@ -1,16 +1,13 @@
-// What the sources of this host share: the device's window, the program's windows in it, and the way events take to
-// the program.
+// The device's window and the program's windows in it: what the sources of this host share.
 #pragma once
 
 #include "platform/event.h"
 #include "platform/surface.h"
+#include "resources/geometry.h"
 #include <QImage>
 #include <QWidget>
 
 class QScrollBar;
-
-inline constexpr int DeviceWidth = 240, DeviceHeight = 320;
-inline constexpr int TitleHeight = 26, BarTop = 294, BarHeight = DeviceHeight - BarTop;
 
 // One of the program's windows: a widget that shows its persistent image.
 class ProgramWindow : public QWidget {
@@ -95,41 +92,3 @@ bool DeviceFillsScreen(const QSize &screen);
 // The largest of 1, 1.5, 2, ... that fits with a window's frame, or without one where the device fills the screen.
 double FirstScale(const QSize &screen);
 void SetScale(double scale);
-
-// Delivery. An event of the pointer or a key is given to the program at once, one of a control after the control has
-// finished its own work; what waits is given first, and an event never interrupts another.
-void Deliver(const Event &event);
-void DeliverLater(const Event &event);
-// As DeliverLater, unless the form that is open now has been closed by then.
-void DeliverFromForm(const Event &event);
-// Gives the events that wait.
-void DeliverWaiting();
-// Asks for a paint event once no input waits; however often, for one.
-void RequestPaint();
-// Gives the paint event that was asked for, if one was.
-void DeliverPaint();
-
-// Once, before the first press.
-void WatchPointer();
-// Sends what a pointer does at a point of the screen to the program window that lies there.
-void SendPointer(EventKind kind, const QPoint &screen);
-// The same as a press on an arrow of the list's scroll bar, `lines` times; below 0 is up.
-void ScrollLines(int lines);
-
-// The counter of forms opened: a control's event is dropped when its form is no more.
-int OpenFormNumber();
-void RescaleForm();
-void RescaleBar();
-
-QFont DeviceFont(Font font, double pixelsPerUnit);
-// Art: a whole image of resources/art.h in pixels of the screen, and where its corner lies. Null pixels when there is
-// no such image. Valid until ForgetArt or the next call.
-struct ArtPixels {
-    const QImage *Pixels = nullptr;
-    QPoint Corner;
-};
-void ForgetArt();
-// At the present scale, with its corner at pixel (x, y), which may lie between pixels.
-ArtPixels Art(int image, double x, double y);
-// Stretched so that a part of it fills a box of pixels.
-ArtPixels StretchedArt(int image, const Rect &part, const QRect &box);

@@ -1,4 +1,5 @@
 #include "hosts/qt/drop_list.h"
+#include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
 #include "platform/shell.h"
 #include <QAbstractItemView>

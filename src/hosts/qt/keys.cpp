@@ -1,6 +1,8 @@
 // The key table: what each key of a keyboard is to the program. While a form is open, keys belong to the control that
 // has the focus, but for the rows that say otherwise.
 #include "hosts/qt/keys.h"
+#include "hosts/qt/controls.h"
+#include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
 #include "platform/controls.h"
 #include "platform/shell.h"

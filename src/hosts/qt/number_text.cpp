@@ -1,4 +1,5 @@
 #include "hosts/qt/number_text.h"
+#include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/typed.h"
 #include <QComboBox>

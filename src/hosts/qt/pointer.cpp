@@ -1,4 +1,7 @@
 // Mouse, touch and pen: each is the stylus, told to the program window that lies under it.
+#include "hosts/qt/pointer.h"
+#include "hosts/qt/controls.h"
+#include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/keys.h"
 #include "program/door.h"

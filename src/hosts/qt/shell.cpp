@@ -1,6 +1,7 @@
 // shell.h but for the command bar and the lock: the program's windows, the list's scroll bar, panel, sound, pauses,
 // chance.
 #include "platform/shell.h"
+#include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/style.h"
 #include <QApplication>
@@ -14,24 +15,16 @@
 
 namespace {
 
-constexpr int ListTop = 36; // of ListWindow in TopWindow
-
-struct WindowPlace {
+struct WindowRow {
     Window Which;
-    Rect Box; // from the corner of TopWindow
     bool Shown;
     const char *Name; // for a screen reader
 };
 // From the back to the front.
-// clang-format off
-constexpr WindowPlace Places[] = {
-    {TopWindow,    {0,       0, 240, 294},           true,  "Header"},
-    {ListWindow,   {0, ListTop, 240, ListTop + 262}, true,  "List"},
-    {HostWindow,   {0,       0, 240, 394},           false, "Page"},
-    {DialogWindow, {0,       0, 240, 268},           false, "Form"},
-    {HubWindow,    {0,       0, 240, 82},            false, "Data hub"},
+constexpr WindowRow Windows[] = {
+    {TopWindow, true, "Header"},   {ListWindow, true, "List"},     {HostWindow, false, "Page"},
+    {DialogWindow, false, "Form"}, {HubWindow, false, "Data hub"},
 };
-// clang-format on
 
 // The list's scroll bar: tells the program what the owner does, and stands where the program puts its thumb.
 class ListScrollBar : public QScrollBar {
@@ -71,11 +64,11 @@ int CreateWindows() {
     if (!qApp || host.Frame)
         return 0;
     host.Frame = new Device;
-    for (const WindowPlace &place : Places) {
-        ProgramWindow *const window = new ProgramWindow(host.Frame->Stage, place.Which, place.Box);
-        window->setAccessibleName(QLatin1String(place.Name));
-        host.Windows[place.Which] = window;
-        window->setVisible(place.Shown);
+    for (const WindowRow &row : Windows) {
+        ProgramWindow *const window = new ProgramWindow(host.Frame->Stage, row.Which, WindowBoxes[row.Which]);
+        window->setAccessibleName(QLatin1String(row.Name));
+        host.Windows[row.Which] = window;
+        window->setVisible(row.Shown);
     }
     host.ListBar = new ListScrollBar(host.Windows[ListWindow]);
     host.ListBar->hide();

@@ -1,7 +1,11 @@
 #include "hosts/qt/start.h"
+#include "hosts/qt/art.h"
+#include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/keys.h"
+#include "hosts/qt/pointer.h"
 #include "hosts/qt/style.h"
+#include "hosts/qt/surface.h"
 #include "platform/shell.h"
 #include "resources/art.h"
 #include <QApplication>
@@ -18,7 +22,7 @@ static void LoadResources() {
 
 // The scale that the owner wants, or the largest there is room for.
 static double ScaleThatFits(double wanted, const QSize &screen) {
-    if (wanted * DeviceWidth <= screen.width() && wanted * DeviceHeight <= screen.height())
+    if (wanted * ScreenWidth <= screen.width() && wanted * ScreenHeight <= screen.height())
         return wanted;
     const double largest = LargestScale(screen);
     if (wanted <= largest)

@@ -12,7 +12,7 @@
 namespace {
 
 // Sizes in device pixels.
-constexpr int FrameWidth = 1, DropWidth = 15, ScrollWidth = 14, CheckSize = 14, RowHeight = 17, IconSize = 10,
+constexpr int FrameWidth = 1, DropWidth = 15, ScrollWidth = 14, CheckSize = 14, ListItemHeight = 17, IconSize = 10,
               MenuMargin = 2, LeastThumb = 12, MenuTextLeft = 7, MenuTextRight = 16;
 
 int Px(double devicePixels) {
@@ -237,12 +237,12 @@ public:
     QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
                            const QWidget *widget) const override {
         if (type == CT_ItemViewItem)
-            return {QProxyStyle::sizeFromContents(type, option, size, widget).width(), Px(RowHeight)};
+            return {QProxyStyle::sizeFromContents(type, option, size, widget).width(), Px(ListItemHeight)};
         const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
         if (type != CT_MenuItem || !item)
             return QProxyStyle::sizeFromContents(type, option, size, widget);
         return {Px(MenuTextLeft) + size.width() + Px(MenuTextRight),
-                item->menuItemType == QStyleOptionMenuItem::Separator ? Px(3 * FrameWidth) : Px(RowHeight)};
+                item->menuItemType == QStyleOptionMenuItem::Separator ? Px(3 * FrameWidth) : Px(ListItemHeight)};
     }
 
     // The calendar's arrows, which would otherwise be small pictures.

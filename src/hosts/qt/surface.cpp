@@ -1,7 +1,9 @@
 // surface.h on the persistent images of the program's windows. Boxes and axis-parallel lines are written straight into
 // the image, whole pixels of one colour; everything else is painted antialiased.
 #include "platform/surface.h"
+#include "hosts/qt/art.h"
 #include "hosts/qt/device.h"
+#include "hosts/qt/surface.h"
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontMetricsF>

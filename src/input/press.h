@@ -1,19 +1,11 @@
-// Stylus, keys and commands.
+// What a press of the stylus means: the header, the titles, the rows, the tabs.
 #pragma once
 
 #include "platform/event.h"
 
-// Routes every event by ActiveDialog and CurrentScreen.
-void WndProc(const Event &event);
-
 void DoButtonDown(Window window, int x, int y);
-void DoMouseMove(Window window, int x, int y);
-void DoButtonUp(Window window, int x, int y);
 // The host's double tap: a row opens, anything else takes it as a press.
 void DoDoubleTap(Window window, int x, int y);
-void DoKeyDown(Key key);
-void DoCommand(int command);
-void DoScroll(ScrollCode code, int position);
 
 // 1 when the command, which can't be taken back, came a second time; else the owner has been asked.
 int Confirmed(int command);

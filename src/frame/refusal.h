@@ -1,0 +1,15 @@
+// What is shown after an action that was refused: everything as it was before the action, and the reason.
+#pragma once
+
+// Notes where the owner is: screen, account and positions. At the begin of each action that an owner's event
+// starts.
+void NoteShown();
+
+// Ends the action that runs, for a form that has done its work: 1 when it is durable; the next action then runs. 0 when
+// it was refused: the rows stand as before, the owner has been told, and the next action runs.
+[[nodiscard]] int FinishAction();
+// Nothing of the action stays, whether it was refused or is to be given up: the accounts, the account that was current,
+// found by its ID, and the rows of the screen are read anew, positions held inside the lists, the reconcile
+// search and a range half chosen forgotten, and the owner is told why. An open form stays as it is. The next action
+// then runs.
+void GiveActionUp();

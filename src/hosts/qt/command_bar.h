@@ -1,0 +1,4 @@
+// The command bar's widgets.
+#pragma once
+
+void RescaleBar();

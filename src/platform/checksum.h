@@ -1,0 +1,7 @@
+// CRC-32C, by which the journal tells a whole record from a torn one.
+#pragma once
+
+#include <cstdint>
+
+// Of `bytes` more bytes behind those that `before` is the checksum of; 0 for none.
+uint32_t Checksum(uint32_t before, const void *data, int64_t bytes);
