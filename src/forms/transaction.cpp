@@ -11,6 +11,7 @@
 #include "ledger/reconcile.h"
 #include "ledger/shares.h"
 #include "platform/text.h"
+#include "resources/deeds.h"
 #include "state/messages.h"
 #include "store/windows.h"
 
@@ -282,6 +283,7 @@ int SaveEntry() {
     const bool isNew = WillBeNew();
     if (state.FilterView)
         ClearFilters();
+    NameDeed(isNew ? Deed::Added : Deed::Changed);
     if (WriteEntry(isNew))
         return FinishAction();
     TellUnwritten();

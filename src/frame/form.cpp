@@ -9,6 +9,7 @@
 #include "frame/scroll.h"
 #include "frame/shown.h"
 #include "platform/shell.h"
+#include "resources/deeds.h"
 #include "state/error_log.h"
 #include "state/greys.h"
 #include "state/messages.h"
@@ -77,10 +78,29 @@ int RefuseDate() {
     return 1;
 }
 
+// What the tick of the open form will have done.
+Deed DeedOfTick() {
+    switch (state.ActiveDialog) {
+    case ConfigurationDialog:
+        return Deed::Configured;
+    case NotepadDialog:
+        return Deed::Noted;
+    case NewAccountDialog:
+        return Deed::Added;
+    default:
+        break;
+    }
+    const int screen = state.CurrentScreen;
+    const bool isNew = state.DuplicateOn || state.SelectedPos[screen] > state.EntryCount[screen];
+    return isNew ? Deed::Added : Deed::Changed;
+}
+
 void TickForm() {
     if (!state.OpenedForm->Tick || RefuseDate())
         return;
+    const Deed deed = DeedOfTick();
     const int result = state.OpenedForm->Tick();
+    NameDeed(deed);
     if (result == TickUnwritten)
         GiveActionUp();
     else if (result == TickDone && FinishAction())

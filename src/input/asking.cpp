@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr int OnlyTold = -1; // in place of a command: something was said, and nothing is asked
+
 struct Question {
     int Command;
     Help Lines;
@@ -51,6 +53,16 @@ int Confirmed(int command) {
     return 0;
 }
 
+void Tell(Help help, AddedLine added) {
+    ForgetQuestion();
+    const bool opens = !state.HelpMode;
+    if (opens)
+        ToggleEyes();
+    state.AskedCommand = OnlyTold;
+    state.AskOpenedHelp = opens;
+    ShowHelp(help, added);
+}
+
 void ForgetQuestion() {
     if (!state.AskedCommand)
         return;
@@ -69,7 +81,7 @@ void HearAnswer(const Event &event) {
         ForgetQuestion();
         return;
     case EventKind::Key: // the same key again comes as the same command
-        if (key != Key::Delete && key != Key::Drop6 && key != Key::Help)
+        if (key != Key::Help && (state.AskedCommand == OnlyTold || (key != Key::Delete && key != Key::Drop6)))
             ForgetQuestion();
         else if (key == Key::Help)
             state.AskedCommand = 0; // the owner closes the help himself

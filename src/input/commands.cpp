@@ -4,6 +4,7 @@
 #include "frame/changes.h"
 #include "frame/header.h"
 #include "frame/message_window.h"
+#include "frame/refusal.h"
 #include "frame/shown.h"
 #include "input/press.h"
 #include "input/ranges.h"
@@ -13,6 +14,7 @@
 #include "ledger/filter.h"
 #include "ledger/jeopardy.h"
 #include "platform/shell.h"
+#include "resources/deeds.h"
 #include "resources/menus.h"
 #include "screens/inserting.h"
 #include "screens/list_screen.h"
@@ -334,52 +336,53 @@ struct CommandRow {
     int Screens; // bit n: acts on screen n
     InForm Form;
     void (*Do)(int id);
+    Deed Named = Deed::Unnamed; // what it writes; a form that it opens names its own
 };
 // clang-format off
 constexpr CommandRow Commands[] = {
     {CommandNew,             NotBin,         InForm::Nothing,  NewEntry},
     {CommandNotepad,         Everywhere,     InForm::Nothing,  OpenNotepad},
     {CommandGeneral,         Everywhere,     InForm::Nothing,  OpenConfiguration},
-    {CommandAlign,           Entries,        InForm::Nothing,  AlignColumns},
+    {CommandAlign,           Entries,        InForm::Nothing,  AlignColumns, Deed::Aligned},
     {CommandPasswordOn,      Everywhere,     InForm::Nothing,  Refuse},
     {CommandPasswordOff,     Everywhere,     InForm::Nothing,  Refuse},
-    {CommandJeopardyOn,      AccountViews,   InForm::Explains, Jeopardy},
-    {CommandJeopardyOff,     AccountViews,   InForm::Nothing,  Jeopardy},
-    {ShowName,               EntriesOrGraph, InForm::Nothing,  Filter},
-    {ShowCategory,           EntriesOrGraph, InForm::Nothing,  Filter},
-    {ShowFlag,               EntriesOrGraph, InForm::Nothing,  Filter},
-    {ShowRef,                EntriesOrGraph, InForm::Nothing,  Filter},
-    {ShowDate,               EntriesOrGraph, InForm::Nothing,  Filter},
-    {ShowMonth,              EntriesOrGraph, InForm::Nothing,  Filter},
-    {ShowYear,               EntriesOrGraph, InForm::Nothing,  Filter},
-    {ShowEntry,              EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludeName,            EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludeCategory,        EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludeFlag,            EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludeRef,             EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludeDate,            EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludeMonth,           EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludeYear,            EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludeEntry,           EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludePreceding,       EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludeFollowing,       EntriesOrGraph, InForm::Nothing,  Filter},
-    {CommandFilterOff,       Everywhere,     InForm::Nothing,  FilterOff},
-    {CommandInsertDay,       Entries,        InForm::Nothing,  InsertDay},
+    {CommandJeopardyOn,      AccountViews,   InForm::Explains, Jeopardy, Deed::Watched},
+    {CommandJeopardyOff,     AccountViews,   InForm::Nothing,  Jeopardy, Deed::Watched},
+    {ShowName,               EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ShowCategory,           EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ShowFlag,               EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ShowRef,                EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ShowDate,               EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ShowMonth,              EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ShowYear,               EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ShowEntry,              EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludeName,            EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludeCategory,        EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludeFlag,            EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludeRef,             EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludeDate,            EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludeMonth,           EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludeYear,            EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludeEntry,           EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludePreceding,       EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludeFollowing,       EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {CommandFilterOff,       Everywhere,     InForm::Nothing,  FilterOff, Deed::Unfiltered},
+    {CommandInsertDay,       Entries,        InForm::Nothing,  InsertDay, Deed::Marked},
     {CommandInsertReconcile, Entries,        InForm::Nothing,  InsertReconcile},
-    {CommandInsertTotal,     Accounts,       InForm::Nothing,  InsertTotal},
+    {CommandInsertTotal,     Accounts,       InForm::Nothing,  InsertTotal, Deed::Marked},
     {CommandModify,          Modifiable,     InForm::Explains, ModifyEntry},
-    {CommandDeleteOne,       Deletable,      InForm::Nothing,  DeleteOne},
-    {CommandDeleteStart,     Deletable,      InForm::Nothing,  DeleteRange},
-    {CommandDeleteFinish,    Deletable,      InForm::Nothing,  DeleteRange},
-    {CommandDeletePreceding, Deletable,      InForm::Nothing,  DeletePreceding},
-    {CommandEmptyBin,        Everywhere,     InForm::Nothing,  EmptyTheBin},
+    {CommandDeleteOne,       Deletable,      InForm::Nothing,  DeleteOne, Deed::Deleted},
+    {CommandDeleteStart,     Deletable,      InForm::Nothing,  DeleteRange, Deed::Deleted},
+    {CommandDeleteFinish,    Deletable,      InForm::Nothing,  DeleteRange, Deed::Deleted},
+    {CommandDeletePreceding, Deletable,      InForm::Nothing,  DeletePreceding, Deed::Deleted},
+    {CommandEmptyBin,        Everywhere,     InForm::Nothing,  EmptyTheBin, Deed::BinEmptied},
     {CommandAbout,           Everywhere,     InForm::Nothing,  Refuse},
     {CommandExport,          Entries,        InForm::Beeps,    Refuse},
     {CommandImport,          Entries,        InForm::Beeps,    Refuse},
     {CommandBackup,          Everywhere,     InForm::Nothing,  Refuse},
     {CommandRestore,         Everywhere,     InForm::Nothing,  Refuse},
-    {CommandArchive,         Entries,        InForm::Beeps,    ArchivePreceding},
-    {CommandUnarchive,       Entries,        InForm::Beeps,    UnarchiveFollowing},
+    {CommandArchive,         Entries,        InForm::Beeps,    ArchivePreceding, Deed::Archived},
+    {CommandUnarchive,       Entries,        InForm::Beeps,    UnarchiveFollowing, Deed::Unarchived},
     {CommandExit,            Everywhere,     InForm::Nothing,  Quit},
     {CommandCross,           Everywhere,     InForm::Nothing,  Cross},
     {CommandLeftEye,         Everywhere,     InForm::Works,    Eyes},
@@ -404,6 +407,8 @@ void DoCommand(int command) {
                 Beep();
         } else if (row.Screens >> state.CurrentScreen & 1) {
             row.Do(command);
+            if (row.Named != Deed::Unnamed)
+                NameDeed(row.Named);
         } else {
             Beep();
         }

@@ -3,6 +3,7 @@
 #include "frame/header.h"
 #include "frame/shown.h"
 #include "input/press.h"
+#include "input/undo.h"
 #include "input/wndproc.h"
 #include "platform/shell.h"
 #include "resources/menus.h"
@@ -168,6 +169,10 @@ void LeaveByKey(Key) {
         WndProc({.Kind = EventKind::Command, .Code = CommandCross});
 }
 
+void TakeBack(Key key) {
+    TakeActionBack(key == Key::Redo);
+}
+
 struct KeyAction {
     Key First, Last;
     void (*Do)(Key key);
@@ -191,6 +196,7 @@ constexpr KeyAction KeyActions[] = {
     {Key::New,    Key::New,     nullptr,        CommandNew},
     {Key::Modify, Key::Modify,  nullptr,        CommandModify},
     {Key::Tick,   Key::Tick,    nullptr,        CommandTick},
+    {Key::Undo,   Key::Redo,    TakeBack,       0},
     {Key::TickAndNext, Key::TickAndNext, nullptr, CommandTick},
 };
 // clang-format on

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/event.h"
+#include "resources/help_lines.h"
 
 void DoButtonDown(Window window, int x, int y);
 // The host's double tap: a row opens, anything else takes it as a press.
@@ -9,7 +10,9 @@ void DoDoubleTap(Window window, int x, int y);
 
 // 1 when the command, which can't be taken back, came a second time; else the owner has been asked.
 int Confirmed(int command);
-// The question is off the screen.
+// Says something that the owner must see: the message window is open until he does the next thing.
+void Tell(Help help, AddedLine added);
+// The question, or what was told, is off the screen.
 void ForgetQuestion();
 // Before any other handling: whatever does not answer yes takes the question back.
 void HearAnswer(const Event &event);

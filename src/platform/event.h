@@ -49,6 +49,7 @@ enum class Key : uint8_t {
     OtherSidePart, // the other block of a recurring item, the other direction of a conversion
     TickAndNext,   // the tick, then a new form of the same kind
     Find,          // begins a search by what is typed
+    Undo, Redo,    // takes the last change back, does it again
 };
 
 enum class ScrollCode : uint8_t { LineUp, LineDown, PageUp, PageDown, ThumbTrack, Top, Bottom };

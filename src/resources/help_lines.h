@@ -146,6 +146,10 @@ enum class AddedLine : int16_t {
     SET(AskDeleteOne,                 0,       500,       502,         0,       503,       504)  \
     SET(AskDeleteSeveral,             0,       501,       502,         0,       503,       504)  \
     SET(AskEmptyBin,                  0,       505,       502,         0,       503,       504)  \
+    SET(TakenBack,                    0,       509, AddedHere,         0,         0,         0)  \
+    SET(DoneAgain,                    0,       510, AddedHere,         0,         0,         0)  \
+    SET(NothingToTakeBack,            0,       511,         0,         0,         0,         0)  \
+    SET(NothingToDoAgain,             0,       512,         0,         0,         0,         0)  \
     SET(SelectStart,                  0,       229,         0,       231,         0, AddedHere)  \
     SET(SelectFinish,                 0,       230,         0,       231,         0, AddedHere)  \
     SET(SelectAgain,                  0,       231,         0,       232,         0,         0)  \

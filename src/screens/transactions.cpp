@@ -3,6 +3,7 @@
 #include "drawing/palette.h"
 #include "frame/changes.h"
 #include "frame/header.h"
+#include "frame/refusal.h"
 #include "frame/shown.h"
 #include "ledger/balance.h"
 #include "ledger/jeopardy.h"
@@ -10,6 +11,7 @@
 #include "platform/shell.h"
 #include "platform/text.h"
 #include "records/entry_values.h"
+#include "resources/deeds.h"
 #include "resources/geometry.h"
 #include "screens/list_screen.h"
 #include "screens/measure.h"
@@ -217,6 +219,7 @@ void StrokeSolved(int position) {
     }
     if (!ApplyReconcile(EntriesShown()) || !DeleteRecFile(state.CurAccount.ID, position))
         return;
+    NameDeed(Deed::Reconciled);
     RepairTop(TransactionList);
     RecomputeBalances();
     ReloadAndPaint(PaintCounts | PaintRows);
@@ -240,6 +243,7 @@ void StrokeEntry(int position, TRec *row) {
     row->Cleared = row->Cleared == 1 ? 0 : 1;
     if (!ModRecFile(state.CurAccount.ID, position, row))
         return;
+    NameDeed(Deed::Stroked);
     ShowHelp(row->Cleared ? Help::MarkedReconciled : Help::MarkedUnreconciled);
     state.SelectedPos[TransactionList] = position;
     RecomputeBalances();

@@ -287,6 +287,8 @@ static constexpr struct {
     {Key::ViewPart, "View"},
     {Key::OtherSidePart, "OtherSide"},
     {Key::TickAndNext, "TickAndNext"},
+    {Key::Undo, "Undo"},
+    {Key::Redo, "Redo"},
     {Key::Find, "Find"},
 };
 

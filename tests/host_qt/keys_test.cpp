@@ -65,6 +65,8 @@ TEST(Keys, EveryKeyOfTheTableIsSentAndNoOther) {
         {Qt::Key_Up, Qt::ShiftModifier, "", ""},
         {Qt::Key_Q, {}, "character q", "control 1002 Text"},
         {Qt::Key_F, Qt::ControlModifier, "key Find", ""},
+        {Qt::Key_Z, Qt::ControlModifier, "key Undo", ""},
+        {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, "key Redo", ""},
         {Qt::Key_Return, Qt::ShiftModifier, "", "key TickAndNext"},
     };
     for (const auto &row : Keys) {

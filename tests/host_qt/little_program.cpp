@@ -22,7 +22,7 @@ static std::string KeyWord(Key key) {
     } Runs[] = {{Key::None, "None Up Down Left Right Enter Backspace Clear Digit0 Digit1 Digit2 Digit3 Digit4 Digit5 "
                             "Digit6 Digit7 Digit8 Digit9 Tab1 Tab2 Tab3 Tab4 Tab5 Tab6 Tab7 Tab8 Stroke Escape Help "
                             "Delete New Modify Tick"},
-                {Key::TickAndNext, "TickAndNext Find"}};
+                {Key::TickAndNext, "TickAndNext Find Undo Redo"}};
     for (const auto &run : Runs) {
         std::istringstream words(run.Words);
         std::string word;

@@ -1,5 +1,6 @@
 // What a POSIX machine gives: one running copy a root, files, the clock.
 #include "host_qt/little_program.h"
+#include "hosts/qt/signals.h"
 #include "platform/cause.h"
 #include "platform/clock.h"
 #include "platform/disk.h"
@@ -52,6 +53,18 @@ TEST(Instance, ASecondCopyWakesTheFirstAndTheLockDiesWithItsProcess) {
     EXPECT_EQ(LockFromAnotherProcess(false, &child), 1); // another root is another device
     SetDeviceRoot("/no such directory");
     EXPECT_EQ(TakeInstanceLock(), 1);
+}
+
+TEST(Signals, AreTheCloseButton) {
+    Begin();
+    WatchSignals();
+    for (const int number : {SIGTERM, SIGHUP, SIGINT}) {
+        Told();
+        ASSERT_EQ(raise(number), 0);
+        EXPECT_EQ(Told(), "") << "nothing is done inside the handler";
+        Settle();
+        EXPECT_EQ(Told(), "close") << number;
+    }
 }
 
 TEST(Disk, ReadsAndWritesWhatItIsToldAndRefusesTheRest) {

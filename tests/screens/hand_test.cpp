@@ -1,9 +1,9 @@
 // What makes the program easy in the hand: search by typing, questions before what can't be taken back, rows that come
 // into view before anything happens to them, columns that stay as they were drawn, the next entry of a pile.
+#include "frame/changes.h"
+#include "frame/shown.h"
 #include "host/device.h"
 #include "program/door.h"
-#include "store/operations.h"
-#include "store/windows.h"
 
 using namespace testhost;
 
