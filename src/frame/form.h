@@ -102,6 +102,3 @@ void RefuseTick(Help help);
 // Gives up what the action did and says that the data can't be written (frame/refusal.h); what was entered stays in the
 // form.
 void TellUnwritten();
-
-// What the marks of the open form are, at a point of DialogWindow.
-Hint HintOfForm(int x, int y);

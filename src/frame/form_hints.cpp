@@ -1,4 +1,4 @@
-// What the marks of a form are, in words.
+#include "frame/form_hints.h"
 #include "drawing/geometry.h"
 #include "frame/form.h"
 #include "frame/form_parts.h"

@@ -1,7 +1,7 @@
 // A question before what can't be taken back: the command is told in the message window, and done when it comes again.
 // Anything else that the owner does meanwhile is a no.
+#include "input/asking.h"
 #include "frame/message_window.h"
-#include "input/press.h"
 #include "platform/shell.h"
 #include "resources/menus.h"
 #include "state/messages.h"

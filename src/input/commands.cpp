@@ -6,7 +6,7 @@
 #include "frame/message_window.h"
 #include "frame/refusal.h"
 #include "frame/shown.h"
-#include "input/press.h"
+#include "input/asking.h"
 #include "input/ranges.h"
 #include "ledger/archive.h"
 #include "ledger/balance.h"

@@ -3,6 +3,7 @@
 #include "frame/header.h"
 #include "frame/shown.h"
 #include "input/press.h"
+#include "input/search.h"
 #include "input/undo.h"
 #include "input/wndproc.h"
 #include "platform/shell.h"

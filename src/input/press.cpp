@@ -1,7 +1,7 @@
 #include "input/press.h"
 #include "drawing/geometry.h"
 #include "frame/command_bar.h"
-#include "frame/form.h"
+#include "frame/form_hints.h"
 #include "frame/header.h"
 #include "frame/shown.h"
 #include "frame/tabs.h"

@@ -2,25 +2,10 @@
 #pragma once
 
 #include "platform/event.h"
-#include "resources/help_lines.h"
 
 void DoButtonDown(Window window, int x, int y);
 // The host's double tap: a row opens, anything else takes it as a press.
 void DoDoubleTap(Window window, int x, int y);
-
-// 1 when the command, which can't be taken back, came a second time; else the owner has been asked.
-int Confirmed(int command);
-// Says something that the owner must see: the message window is open until he does the next thing.
-void Tell(Help help, AddedLine added);
-// The question, or what was told, is off the screen.
-void ForgetQuestion();
-// Before any other handling: whatever does not answer yes takes the question back.
-void HearAnswer(const Event &event);
-
-// The search by what is typed, on the screens with rows.
-void BeginSearch();
-// 1 when the event belonged to the search.
-int HearSearch(const Event &event);
 
 // What stands at a point of a window.
 Hint HintOf(Window where, int x, int y);

@@ -1,9 +1,9 @@
 // The search by what is typed: each letter narrows the selection to the next row that holds all the words. It reads the
 // list as it is shown, and writes nothing.
+#include "input/search.h"
 #include "drawing/geometry.h"
 #include "frame/header.h"
 #include "frame/shown.h"
-#include "input/press.h"
 #include "platform/files.h"
 #include "platform/shell.h"
 #include "platform/text.h"

@@ -1,7 +1,7 @@
 #include "input/undo.h"
 #include "frame/refusal.h"
 #include "frame/shown.h"
-#include "input/press.h"
+#include "input/asking.h"
 #include "platform/action.h"
 #include "platform/history.h"
 #include "platform/shell.h"
