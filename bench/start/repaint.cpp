@@ -22,6 +22,7 @@ int main(int count, char **words) {
     PrepareHost(1);
     if (WinMain() != 1)
         return 1;
+    HandleEvent({.Kind = EventKind::Key, .Code = static_cast<int>(Key::Escape)}); // the front page
     ShowDevice();
     Deliver({.Kind = EventKind::Key, .Code = static_cast<int>(Key::Enter)}); // opens the first account
     if (state.CurrentScreen != TransactionList)

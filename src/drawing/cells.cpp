@@ -1,5 +1,6 @@
 #include "drawing/cells.h"
 #include "drawing/geometry.h"
+#include "drawing/saying.h"
 #include "platform/text.h"
 #include "state/state.h"
 #include "values/amounts.h"
@@ -96,6 +97,7 @@ void DrawSeparators(Window window, const int *edges, int count, int list) {
 
 void PaintAmountIn(Window window, FixedAmount value, const Rect &box, int decimals, Align align, Colour ink) {
     char16_t text[AmountRoom];
+    SayAmount(value, decimals, ink == AlertRed);
     WriteAmount(text, AmountRoom, value, decimals);
     PaintText(window, text, box, align, Font::Normal, InkOn(FillOfRow((box.Left + box.Right) / 2), ink), 1);
 }
@@ -112,16 +114,20 @@ void PaintDate(Window window, const RecDate &date, int top, int right, Colour in
     AppendAscii(text, DateRoom, " ");
     AppendText(text, DateRoom, state.MonthNames[month]);
     PaintText(window, text, RowTextBox(top, DateLeft, std::min(right, state.YearColumn)), Align::Left, font, ink, 1);
+    char16_t year[8] = u"";
+    AppendNumber(year, 8, date.Year % 100, 2);
+    AppendAscii(text, DateRoom, " ");
+    AppendText(text, DateRoom, year);
+    Say(text);
     if (state.YearColumn >= right)
         return;
-    text[0] = 0;
-    AppendNumber(text, DateRoom, date.Year % 100, 2);
-    PaintText(window, text, RowTextBox(top, state.YearColumn, right), Align::Left, font, ink);
+    PaintText(window, year, RowTextBox(top, state.YearColumn, right), Align::Left, font, ink);
 }
 
 void PaintFlag(Window window, int64_t flag, int edge, int top) {
     if (flag < 1 || flag > 3)
         return;
+    SayFlag(flag);
     FillRect(window, {edge - 2, top + 2, edge, top + RowHeight}, FlagColour(flag));
 }
 

@@ -18,3 +18,6 @@ int OpenConversionForm();
 int OpenCategoryForm();
 int OpenNotepadForm();
 int OpenConfigurationForm();
+// For the current account, from the transactions or the graph. Not of an account that is filtered: only an export is.
+int OpenImportForm();
+int OpenExportForm();

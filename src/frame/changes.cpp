@@ -13,6 +13,8 @@
 namespace {
 
 void Recount(const Place &place) {
+    if (!FactsOfList(place.List))
+        return;
     state.EntryCount[place.List] = CountOf(place);
     if (place.List != BinList)
         state.EntryCount[BinList] = CountOf(Place{BinList});

@@ -87,6 +87,8 @@ Deed DeedOfTick() {
         return Deed::Noted;
     case NewAccountDialog:
         return Deed::Added;
+    case ImportDialog:
+        return Deed::Imported;
     default:
         break;
     }
@@ -142,9 +144,9 @@ struct PartKey {
 constexpr PartKey PartKeys[] = {
     {Key::RowUp,          {UpItem,         NoItem}},
     {Key::RowDown,        {DownItem,       NoItem}},
-    {Key::FlagPart,       {FlagItem,       NoItem}},
-    {Key::FirstSignPart,  {FirstSignItem,  NoItem}},
-    {Key::SecondSignPart, {SecondSignItem, NoItem}},
+    {Key::FlagPart,       {FlagItem,       FirstChoiceItem}},
+    {Key::FirstSignPart,  {FirstSignItem,  SecondChoiceItem}},
+    {Key::SecondSignPart, {SecondSignItem, ThirdChoiceItem}},
     {Key::ClearedPart,    {ClearedItem,    NoItem}},
     {Key::FreePart,       {FreeItem,       NoItem}},
     {Key::DuplicatePart,  {DuplicateItem,  NoItem}},

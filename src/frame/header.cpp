@@ -1,6 +1,7 @@
 #include "frame/header.h"
 #include "drawing/cells.h"
 #include "drawing/geometry.h"
+#include "drawing/saying.h"
 #include "platform/text.h"
 #include "resources/art.h"
 #include "state/error_log.h"
@@ -68,6 +69,7 @@ void UpdateCounts() {
 }
 
 void DrawHeaderTitle(const char16_t *title) {
+    NoteHeader(title ? title : u"");
     FillRect(TopWindow, TitleBox, BrushColour(HeaderBrush));
     if (title)
         PaintText(TopWindow, title, TitleBox, Align::Centre, Font::Bold, HeaderInk(), 1);
@@ -81,6 +83,7 @@ void DrawHeaderArrows() {
 void DrawColumnTitle(int left, int right, const char16_t *text, int brush) {
     constexpr Bevel TitleBevel = {White, DarkGold};
     const int frame = state.DrawDepth == 3 ? 0 : 1;
+    NoteTitle(left, right, text);
     FillRect(TopWindow, {left, HeaderBottom, right, TitlesBottom}, White);
     FillRect(TopWindow, {left + frame, HeaderBottom + frame, right - frame, TitlesBottom - frame},
              BrushColour(TitleBrush));

@@ -188,3 +188,27 @@ void ToggleEyes() {
         state.MessageWindowOn = 0; // open already, for a report: it opens anew with help mode's own lines
     ToggleHelpMode(1, 0);
 }
+
+int ListMessages(Spot *to, int room) {
+    if (state.HubState != 0 || !state.MessageWindowOn)
+        return 0;
+    const Window window = MessageTarget();
+    const int first = window == ListWindow ? MessageTop + ListLead : MessageTopInForm;
+    int count = 0;
+    for (int i = 0; i < MessageLines && count < room; ++i) {
+        const int id = state.MessageLine[i], top = first + i * MessageLineHeight;
+        Spot spot = {.Kind = SpotKind::Message, .Where = window, .Box = {0, top, ScreenWidth, top + MessageLineHeight}};
+        if (id < 0 && id >= -MessageLines) {
+            const int row = -id - 1;
+            const int64_t imported = int64_t{state.ImportCount[WellFormed]} + state.ImportCount[BadlyFormed];
+            AppendNumber(spot.Name, SpotNameRoom, row == Summary ? imported : state.ImportCount[row]);
+            AppendAscii(spot.Name, SpotNameRoom, " ");
+            AppendText(spot.Name, SpotNameRoom, row == Summary ? u"entries imported in all" : Report[row].Text);
+        } else {
+            AppendText(spot.Name, SpotNameRoom, MessageText(id));
+        }
+        if (spot.Name[0])
+            to[count++] = spot;
+    }
+    return count;
+}

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/event.h"
+#include "platform/spoken.h"
 
 // Paints the current message into the window that shows it now: the list's, the host window for the palette and the
 // pass-code screen, the form's for any other form. Nothing while the hub or no message window is open. The paint
@@ -15,3 +16,6 @@ void ToggleHelpMode(int reload, int keepDialog);
 void LeaveHelpOrHub(int button);
 // The eyes command.
 void ToggleEyes();
+
+// The lines that show, for speech. Returns how many, at most `room`.
+int ListMessages(Spot *to, int room);

@@ -95,8 +95,11 @@ int FinishAction() {
 }
 
 void GiveActionUp() {
+    GiveActionUp(ActionRefused() == ReadRefused ? Help::NotRead : Help::NotWritten);
+}
+
+void GiveActionUp(Help help) {
     AbortAction();
-    const bool reading = ActionRefused() == ReadRefused;
     BeginAction();
     named = false;
     ReloadShown();
@@ -104,5 +107,5 @@ void GiveActionUp() {
         SetGreys(state.CurrentScreen);
         RepaintScreen();
     }
-    RefuseTick(reading ? Help::NotRead : Help::NotWritten);
+    RefuseTick(help);
 }

@@ -1,6 +1,7 @@
 // What is shown after an action that was refused: everything as it was before the action, and the reason.
 #pragma once
 
+#include "resources/help_lines.h"
 #include <cstdint>
 
 enum class Deed : uint8_t; // resources/deeds.h
@@ -25,3 +26,5 @@ void ReloadShown();
 // Nothing of the action stays, whether it was refused or is to be given up: what is shown is read anew, and the owner
 // is told why. An open form stays as it is. The next action then runs.
 void GiveActionUp();
+// The same, told by lines of the caller's own: the trouble was with a file of the owner's, not with the records.
+void GiveActionUp(Help help);

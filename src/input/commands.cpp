@@ -16,6 +16,7 @@
 #include "platform/shell.h"
 #include "resources/deeds.h"
 #include "resources/menus.h"
+#include "screens/front_page.h"
 #include "screens/inserting.h"
 #include "screens/list_screen.h"
 #include "screens/moving.h"
@@ -63,6 +64,16 @@ void OpenNotepad(int) {
 
 void OpenConfiguration(int) {
     OpenConfigurationForm();
+}
+
+void ImportEntries(int) {
+    if (!OpenImportForm())
+        Beep();
+}
+
+void ExportEntries(int) {
+    if (!OpenExportForm())
+        Beep();
 }
 
 // --- The account
@@ -319,6 +330,10 @@ void Eyes(int) {
     ToggleEyes();
 }
 
+void About(int) {
+    OpenAbout();
+}
+
 void Refuse(int) {
     Beep();
 }
@@ -376,9 +391,9 @@ constexpr CommandRow Commands[] = {
     {CommandDeleteFinish,    Deletable,      InForm::Nothing,  DeleteRange, Deed::Deleted},
     {CommandDeletePreceding, Deletable,      InForm::Nothing,  DeletePreceding, Deed::Deleted},
     {CommandEmptyBin,        Everywhere,     InForm::Nothing,  EmptyTheBin, Deed::BinEmptied},
-    {CommandAbout,           Everywhere,     InForm::Nothing,  Refuse},
-    {CommandExport,          Entries,        InForm::Beeps,    Refuse},
-    {CommandImport,          Entries,        InForm::Beeps,    Refuse},
+    {CommandAbout,           Everywhere,     InForm::Nothing,  About},
+    {CommandExport,          EntriesOrGraph, InForm::Beeps,    ExportEntries},
+    {CommandImport,          EntriesOrGraph, InForm::Beeps,    ImportEntries},
     {CommandBackup,          Everywhere,     InForm::Nothing,  Refuse},
     {CommandRestore,         Everywhere,     InForm::Nothing,  Refuse},
     {CommandArchive,         Entries,        InForm::Beeps,    ArchivePreceding, Deed::Archived},

@@ -10,6 +10,7 @@
 #include "input/search.h"
 #include "platform/surface.h"
 #include "resources/menus.h"
+#include "screens/front_page.h"
 #include "screens/list_screen.h"
 #include "state/messages.h"
 
@@ -33,6 +34,8 @@ void DoPaint() {
 } // namespace
 
 void WndProc(const Event &event) {
+    if (HandlePageEvent(event))
+        return;
     HearAnswer(event);
     if (state.OpenedForm ? HandleFormEvent(event) : HearSearch(event))
         return;

@@ -3,7 +3,6 @@
 #include "ledger/bin_record.h"
 #include "ledger/markers.h"
 #include "ledger/order.h"
-#include "platform/action.h"
 #include "state/error_log.h"
 #include "state/state.h"
 #include "store/catalogue.h"
@@ -16,9 +15,11 @@ namespace {
 constexpr TransactionFile AccountFiles[] = {TransactionFile::Live, TransactionFile::LiveFilter,
                                             TransactionFile::Archive, TransactionFile::ArchiveFilter};
 
-void EraseFile(const char *path) {
-    if (FileThere(path) != 0 && !DeleteFileAt(path))
-        ReportError(In::WndProc, Trouble::FileDelete);
+int EraseFile(const char *path) {
+    if (FileThere(path) == 0 || DeleteFileAt(path))
+        return 1;
+    ReportError(In::WndProc, Trouble::FileDelete);
+    return 0;
 }
 
 int64_t TypeOfOwner(const Place &place) {
@@ -37,18 +38,18 @@ bool IsHeading(const Place &place, const RecordBuffer &record) {
     return account.RowKind == HeadingRow;
 }
 
-// The files of the accounts whose rows stand between two positions of the bin. A row that can't be read refuses the
-// action, and with it every file that was erased.
-void EraseFilesOfRows(int32_t first, int32_t last) {
+// The files of the accounts whose rows stand between two positions of the bin. 0 when a row can't be read or a file
+// can't be erased: the action is refused then, and every file stays.
+int EraseFilesOfRows(int32_t first, int32_t last) {
     const int handle = OpenDataFile(FileKind::Bin, OpenExisting);
-    for (int32_t position = first; position <= last; ++position) {
+    int erased = 1;
+    for (int32_t position = first; erased && position <= last; ++position) {
         BinRecFile row;
-        if (!ReadRecord(handle, FileKind::Bin, position, &row))
-            break;
-        if (row.Rec.SourceList == AccountList)
-            EraseAccountFiles(row.Rec.OwnerID);
+        erased = ReadRecord(handle, FileKind::Bin, position, &row) &&
+                 (row.Rec.SourceList != AccountList || EraseAccountFiles(row.Rec.OwnerID));
     }
     CloseFile(handle);
+    return erased;
 }
 
 // Appends the range to the bin. 0 when the bin can't take it.
@@ -78,7 +79,8 @@ int DeleteToBin(const Place &place, int32_t position) {
     if (!FetchBytes(place, position, &record))
         return 0;
     if (place.List == BinList) {
-        EraseFilesOfRows(position, position);
+        if (!EraseFilesOfRows(position, position))
+            return 0;
     } else if (!IsHeading(place, record)) {
         BinRec row;
         if (!RecordToBin(place, TypeOfOwner(place), record, &row) || !AddRecord(Place{BinList}, 1, row))
@@ -92,9 +94,7 @@ int DeleteRangeToBin(const Place &place, int32_t first, int32_t last) {
     if (first > last || first < 1 || first > count)
         return -1;
     last = std::min(last, count);
-    if (place.List == BinList)
-        EraseFilesOfRows(first, last);
-    else if (!CopyRangeToBin(place, first, last))
+    if (!(place.List == BinList ? EraseFilesOfRows(first, last) : CopyRangeToBin(place, first, last)))
         return 0;
     return place.List == TransactionList && first == 1 ? DeleteN(place, last) : RemoveRecords(place, first, last);
 }
@@ -158,22 +158,22 @@ bool AccountInBin(uint32_t accountID) {
     return found;
 }
 
-void EraseAccountFiles(uint32_t accountID) {
-    if (!state.DataUsable || IDtoRec(accountID))
-        return;
+int EraseAccountFiles(uint32_t accountID) {
+    if (!state.DataUsable)
+        return 0;
+    if (IDtoRec(accountID))
+        return 1;
+    int erased = 1;
     for (const TransactionFile file : AccountFiles) {
         char path[PathRoom];
         TransactionPath(path, file, accountID);
-        EraseFile(path);
+        erased &= EraseFile(path);
     }
+    return erased;
 }
 
 int EmptyBin() {
-    if (!state.DataUsable)
-        return 0;
-    EraseFilesOfRows(1, CountOf(Place{BinList}));
     char path[PathRoom];
     DataPath(path, FileKind::Bin);
-    EraseFile(path);
-    return !ActionRefused();
+    return state.DataUsable && EraseFilesOfRows(1, CountOf(Place{BinList})) && EraseFile(path);
 }

@@ -23,7 +23,7 @@
 
 // True when an account with this ID stands in the bin.
 bool AccountInBin(uint32_t accountID);
-// Erases all transaction files of an account, unless an account of the list still has that ID.
-void EraseAccountFiles(uint32_t accountID);
+// Erases all transaction files of an account, unless an account of the list still has that ID. 0 when refused.
+[[nodiscard]] int EraseAccountFiles(uint32_t accountID);
 // Removes the bin file, and the files of the accounts that stood in it. 0 when refused.
 [[nodiscard]] int EmptyBin();

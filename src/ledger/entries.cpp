@@ -28,9 +28,13 @@ bool Follows(const TRec &row, const TRec &other) { // or stands level with it
            (row.Date.DayNumber == other.Date.DayNumber && row.Rank >= other.Rank);
 }
 
+bool SameFile(const WaitingEntry &a, const WaitingEntry &b) {
+    return a.Account == b.Account && a.Of == b.Of;
+}
+
 bool ComesFirst(const WaitingEntry &a, const WaitingEntry &b) {
-    if (a.Account != b.Account)
-        return a.Account < b.Account;
+    if (!SameFile(a, b))
+        return a.Account != b.Account ? a.Account < b.Account : a.Of < b.Of;
     if (a.Row.Date.DayNumber != b.Row.Date.DayNumber)
         return a.Row.Date.DayNumber < b.Row.Date.DayNumber;
     return a.Row.Rank != b.Row.Rank ? a.Row.Rank < b.Row.Rank : a.Order < b.Order;
@@ -155,11 +159,11 @@ int AddFirstRows(uint32_t accountID, uint32_t accountType) {
     return 1;
 }
 
-int QueueEntry(uint32_t accountID, const TRec &row) {
+int QueueEntry(const Place &place, const TRec &row) {
     if (state.WaitingCount == MostWaitingEntries && !PlaceQueuedEntries())
         return 0;
     WaitingEntry &entry = state.WaitingEntries[state.WaitingCount];
-    entry = {accountID, static_cast<uint32_t>(state.WaitingCount), row};
+    entry = {place.Account, static_cast<uint32_t>(state.WaitingCount), place.Of, row};
     ++state.WaitingCount;
     return 1;
 }
@@ -170,8 +174,8 @@ int PlaceQueuedEntries() {
     state.WaitingCount = 0;
     while (next < end) {
         WaitingEntry *behind =
-            std::find_if(next, end, [=](const WaitingEntry &entry) { return entry.Account != next->Account; });
-        const Place place = LiveRows(next->Account, Rows::All);
+            std::find_if(next, end, [=](const WaitingEntry &entry) { return !SameFile(entry, *next); });
+        const Place place = RowsOf(next->Account, next->Of, Rows::All);
         ForgetFindings(place);
         const int handle = OpenPlace(place, OpenOrCreate);
         const int placed = handle >= 0 && MergeEntries(handle, next, static_cast<int32_t>(behind - next));

@@ -18,9 +18,9 @@
 // refused.
 [[nodiscard]] int AddFirstRows(uint32_t accountID, uint32_t accountType);
 
-// An entry that will be placed by its date in an account's live file. What waits is placed when there is room for no
-// more. 0 when refused.
-[[nodiscard]] int QueueEntry(uint32_t accountID, const TRec &row);
+// An entry that will be placed by its date in the real file of a place, whatever filter is shown there. What waits is
+// placed when there is room for no more. 0 when refused.
+[[nodiscard]] int QueueEntry(const Place &place, const TRec &row);
 // Places what waits: each account's file is gone through once, from the end to the earliest new entry, which lands
 // where PositionByDate would have put it in its turn. Balances are right afterwards. 0 when refused.
 [[nodiscard]] int PlaceQueuedEntries();

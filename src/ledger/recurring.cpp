@@ -198,12 +198,12 @@ int AddDDEntry(const DDRec &item) {
     if (partner) {
         BuildEntry(item, account->AccType, &row);
         MakeCounterEntry(&row, account->AccType, partner->AccType);
-        if (!QueueEntry(partner->ID, row))
+        if (!QueueEntry(LiveRows(partner->ID), row))
             return 0;
     }
     BuildEntry(item, account->AccType, &row);
     row.TransferID = partner ? partner->ID : 0;
-    return QueueEntry(account->ID, row);
+    return QueueEntry(LiveRows(account->ID), row);
 }
 
 bool AnItemIsDue() {

@@ -5,6 +5,7 @@
 #include "platform/action.h"
 #include "platform/files.h"
 #include "program/start_up.h"
+#include "screens/movie.h"
 #include "state/state.h"
 
 namespace {
@@ -34,6 +35,8 @@ void HandleEvent(const Event &event) {
         GiveActionUp();
         AbortAction(); // what the reading anew would set right waits for a machine that takes it
     }
+    if (state.Next == NextStep::LeaveFrontPage)
+        GoOnFromPage();
     if (state.Next == NextStep::Leave || state.Next == NextStep::LeaveFiltered) {
         ShutDown(state.Next == NextStep::LeaveFiltered);
         state.Next = NextStep::Left;
@@ -42,7 +45,7 @@ void HandleEvent(const Event &event) {
 }
 
 int IdleStep() {
-    return 0;
+    return DrawAbout();
 }
 
 Hint HintAt(Window where, int x, int y) {

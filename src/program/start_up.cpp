@@ -16,6 +16,7 @@
 #include "platform/files.h"
 #include "platform/shell.h"
 #include "program/sample_data.h"
+#include "screens/front_page.h"
 #include "screens/list_screen.h"
 #include "screens/screens.h"
 #include "state/greys.h"
@@ -244,12 +245,25 @@ int StartUp() {
     }
     if (state.PasswordOn == 1)
         RefuseData(DataRefusal::WrongVersion); // until a pass code is asked for
+    static_cast<void>(NextAction());
+    if (state.ShowFrontPage == 1 && state.DataUsable) {
+        AbortAction(); // nothing was done since
+        OpenFrontPage();
+    } else {
+        GoOnFromPage();
+    }
+    return 1;
+}
+
+void GoOnFromPage() {
+    state.Next = NextStep::None;
+    if (!ActionRuns())
+        BeginStep();
     const int loaded = FirstLoad();
     ShowFirstAccount();
     ShowFirstScreen(loaded);
     static_cast<void>(CommitAction()); // what showing wrote is written again when it is needed
     static_cast<void>(LockFiles());    // with the data directory, which may be this start's
-    return 1;
 }
 
 void ShutDown(int keepFilters) {

@@ -27,6 +27,10 @@ enum ImageId : int {
     EntryUp = 341,         // arrows of a form's top line, 20 x 18
     EntryDown = 342,
     ProgramIcon = 300,
+    FrontGround = 290,     // background of the front page and About
+    FrontBanner = 291,     // the name below it; the command bar covers its last 32 rows
+    MoviePicture = 292,    // what the movie's tiles show
+    TrackerKnob = 293,     // of the movie's speed tracker
 };
 // clang-format on
 
@@ -41,6 +45,7 @@ inline constexpr Image Images[] = {
     {TimesSign, 12, 12}, {FlagNone, 20, 26}, {FlagRed, 20, 26}, {FlagBlue, 20, 26}, {FlagYellow, 20, 26},
     {TwoPages, 19, 20}, {OnePage, 19, 20}, {ViewPictures, 40, 20}, {FormGround, 240, 268}, {BarSheet, 208, 16},
     {ToolsImage, 16, 16}, {CrossImage, 16, 16}, {TickImage, 16, 16}, {DirectionArrows, 64, 38}, {EntryUp, 20, 18},
-    {EntryDown, 20, 18}, {ProgramIcon, 64, 64},
+    {EntryDown, 20, 18}, {ProgramIcon, 64, 64}, {FrontGround, 241, 300}, {FrontBanner, 212, 78}, {MoviePicture, 200, 124},
+    {TrackerKnob, 16, 7},
 };
 // clang-format on

@@ -31,13 +31,16 @@ enum FormField : int16_t {
     FromField = 1005,
     ToField = 1006,
     DescriptionField = 1003,
+    FileField = 1006,
+    FormatField = 1007,
+    SecurityField = 1008,
     ProgressField = 1032,
 };
 inline constexpr int FirstField = TextField, LastField = ProgressField;
 
 // Most units of text.
 inline constexpr int16_t TitleLimit = 24, MemoLimit = 31, AccountNameLimit = 23, NumberLimit = 8, FractionLimit = 3,
-                         CountLimit = 15, LookAheadLimit = 2, NoteLimit = 999, TextLimit = 31;
+                         CountLimit = 15, LookAheadLimit = 2, NoteLimit = 999, TextLimit = 31, FileNameLimit = 31;
 
 // clang-format off
 inline constexpr FormControl AccountControls[] = {
@@ -129,6 +132,21 @@ inline constexpr FormControl ConfigurationControls[] = {
     {AdvancedCheck,    ControlKind::Check,     180, 109,  18,  18, 0,                 u"I'm an advanced user"},
 };
 
+inline constexpr FormControl ImportControls[] = {
+    {FileField,        ControlKind::List,       75,   3, 161,  20, 0,                 u"File name"},
+    {FormatField,      ControlKind::List,       75,  25,  75,  20, 0,                 u"Format"},
+    {SecurityField,    ControlKind::List,       75,  47, 161,  20, 0,                 u"Security"},
+    {ProgressField,    ControlKind::Progress,  140,  70,  96,  18, 0,                 u"Progress"},
+    {DateField,        ControlKind::Date,       40, 161, 175,  20, 0,                 u"Date"},
+};
+
+inline constexpr FormControl ExportControls[] = {
+    {TextField,        ControlKind::Edit,       75,   8, 161,  20, FileNameLimit,     u"File name"},
+    {FormatField,      ControlKind::List,       75,  34,  75,  20, 0,                 u"Format"},
+    {ProgressField,    ControlKind::Progress,  140,  66,  96,  18, 0,                 u"Progress"},
+    {DateField,        ControlKind::Date,       40, 138, 175,  20, 0,                 u"Date"},
+};
+
 inline constexpr FormControl ProgressControls[] = {
     {ProgressField,    ControlKind::Progress,   20,  70, 200,  20, 0,                 u"Progress"},
 };
@@ -148,4 +166,6 @@ inline constexpr FormTemplate AccountTemplate = TemplateOf(106, AccountControls)
                               CategoryTemplate = TemplateOf(151, CategoryControls),
                               NotepadTemplate = TemplateOf(134, NotepadControls),
                               ConfigurationTemplate = TemplateOf(135, ConfigurationControls),
+                              ImportTemplate = TemplateOf(136, ImportControls),
+                              ExportTemplate = TemplateOf(137, ExportControls),
                               ProgressTemplate = TemplateOf(141, ProgressControls);

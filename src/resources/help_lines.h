@@ -39,7 +39,6 @@ enum class AddedLine : int16_t {
     SET(WrongVersion,               128,         0,       129,       133,         0,         4)  \
     SET(Enciphered,                 128,         0,       486,       487,       488,         0)  \
     SET(DataInUse,                    128,         0,       490,       491,         0,         0)  \
-    SET(DataUnreachable,                0,       128,         0,       133,         0,         0)  \
     SET(DataUnrecovered,              128,         0,       492,       493,       494,         0)  \
     SET(DataUnreadable,               128,         0,       489,         0,         0,         0)  \
     SET(AccountsLost,                 128,         0,       544,       545,       133,         0)  \
@@ -161,6 +160,13 @@ enum class AddedLine : int16_t {
     SET(MinWatched,                 293,        10,         0,       295,       296,        10)  \
     SET(AllWatched,                   0,       294,        10,         0,       297,       298)  \
     SET(NoneWatched,                  0,       292,        10,         0,         0,         0)  \
+    SET(NoFilesFound,                 0,       316,         0,         0,         0,         0)  \
+    SET(ImportUnreadable,             0,        88,         0,         0,         0,         0)  \
+    SET(ExportUnwritten,              0,       546,         0,         0,         0,         0)  \
+    SET(SharesIntoMoney,            214,       215,       218,       216,       217,       307)  \
+    SET(MoneyIntoShares,            214,       215,       217,       216,       218,       307)  \
+    SET(UnsupportedIntoMoney,       214,       215,       218,       216,       219,       307)  \
+    SET(UnsupportedIntoShares,      214,       215,       217,       216,       219,       307)  \
     /* Forms as they open */                                                                     \
     SET(NewAccount,                   0,       115,         0,       117,         0,         0)  \
     SET(ChangeAccount,                0,         2,         3,         0,       117,         0)  \
@@ -173,6 +179,8 @@ enum class AddedLine : int16_t {
     SET(CategoryOrConversion,       122,        41,         0,         2,         3,         0)  \
     SET(Configuration,                0,       122,       167,         0,         2,         3)  \
     SET(Notepad,                      0,       160,       161,         0,       162,         0)  \
+    SET(Import,                       0,       193,       194,       195,         0,         0)  \
+    SET(Export,                       0,       197,       198,         0,         0,         0)  \
     /* Fields and parts of forms */                                                              \
     SET(DateField,                    0,       137,       138,         0,         0,         0)  \
     SET(NoDate,                       0,       506,         0,       507,       508,         0)  \
@@ -211,6 +219,16 @@ enum class AddedLine : int16_t {
     SET(FromField,                    0,       348,       144,         0,         0,         0)  \
     SET(ToField,                      0,       349,       144,         0,         0,         0)  \
     SET(Direction,                    0,       350,       342,         0,         0,         0)  \
+    SET(ImportFile,                   0,       144,       186,         0,       191,       192)  \
+    SET(ImportFormat,                 0,       172,       449,       173,       174,         0)  \
+    SET(ExportFormat,                 0,       172,       173,       199,       174,         0)  \
+    SET(SecurityField,                0,       313,         0,       314,       315,         0)  \
+    SET(ImportAll,                    0,       187,         0,         0,         0,         0)  \
+    SET(ImportNewer,                  0,       188,       189,         0,         0,         0)  \
+    SET(ImportFrom,                   0,       188,       190,         0,         0,         0)  \
+    SET(ExportAll,                    0,       200,         0,         0,         0,         0)  \
+    SET(ExportFrom,                   0,       201,       190,         0,         0,         0)  \
+    SET(ExportUpTo,                   0,       201,       202,         0,         0,         0)  \
     SET(CategoryArrow,                0,        71,        72,       359,         0,         0)  \
     SET(CategoryBeside,               0,       360,       361,         0,         0,         0)  \
     SET(CentralCategory,              0,       356,         0,       357,         0,         0)  \

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 inline constexpr int MessageLines = 6; // of the message window
-inline constexpr int MessageRoom = 40, LastMessage = 545;
+inline constexpr int MessageRoom = 40, LastMessage = 546;
 
 struct Message {
     int16_t Id;
@@ -533,5 +533,6 @@ inline constexpr Message Messages[] = {
     {543, u"up to today, so nothing is archived"},
     {544, u"There are entries of accounts,"},
     {545, u"but the list of the accounts is empty"},
+    {546, u"The file can't be written!"},
 };
 // clang-format on

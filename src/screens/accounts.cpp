@@ -1,4 +1,5 @@
 // Screen 1: the accounts, or their archives.
+#include "drawing/saying.h"
 #include "frame/changes.h"
 #include "frame/header.h"
 #include "frame/refusal.h"
@@ -58,6 +59,7 @@ void Explain(int position) {
 
 void DrawTitle() {
     DrawHeaderTitle(nullptr);
+    NoteHeader(state.ArchiveView ? u"Archives" : u"Accounts");
     CopyImage(TopWindow, {85, 0}, state.ArchiveView ? ArchivesLogo : AccountsLogo, {0, 0, 69, 13});
 }
 

@@ -1,4 +1,5 @@
 // Screen 3: the frame of the graph: header, the row of mode icons, the two titles that choose what is plotted.
+#include "drawing/saying.h"
 #include "frame/header.h"
 #include "frame/scroll.h"
 #include "frame/shown.h"
@@ -91,9 +92,11 @@ void DrawIcons() {
 
 void DrawColumns() {
     DrawIcons();
+    NoteTitle(0, ValueLeft, u""); // the icons have no words
     DrawColumnTitle(ValueLeft, BalanceLeft, u"", TitleBrush);
     DrawMeasureTitle(ValueLeft, BalanceLeft, state.BalanceView ? MutedGrey : Black);
     DrawColumnTitle(BalanceLeft, ScreenWidth, u"", state.ReconciledView ? ReconciledBrush : TitleBrush);
+    NoteMoreOfTitle(BalanceLeft, u"Balance");
     PaintText(TopWindow, u"Balance", {BalanceLeft + 2, HeaderBottom + 1, ScreenWidth - 2, TitlesBottom - 1},
               Align::Centre, Font::Bold, state.BalanceView ? Black : MutedGrey);
 }

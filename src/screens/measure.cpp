@@ -1,4 +1,5 @@
 #include "screens/measure.h"
+#include "drawing/saying.h"
 #include "frame/header.h"
 #include "frame/shown.h"
 #include "ledger/shares.h"
@@ -127,10 +128,13 @@ void DrawMeasureTitle(int left, int right, Colour ink) {
     constexpr int Middle = HeaderBottom + 1, Lower = 8;
     const auto &words = MeasureTitle[KnownKind()];
     const Rect box = {left + 2, Middle, right - 2, TitlesBottom - 1};
+    NoteMoreOfTitle(left, words[0]);
     if (!words[1]) {
+
         PaintText(TopWindow, words[0], box, Align::Centre, Font::Bold, ink, 1);
         return;
     }
+    NoteMoreOfTitle(left, words[1]);
     PaintText(TopWindow, words[0], {box.Left, Middle, box.Right, box.Bottom - Lower}, Align::Centre, Font::SmallBold,
               ink, 1);
     PaintText(TopWindow, words[1], {box.Left, Middle + Lower, box.Right, box.Bottom}, Align::Centre, Font::SmallBold,

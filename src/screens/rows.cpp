@@ -1,4 +1,5 @@
 #include "screens/rows.h"
+#include "drawing/saying.h"
 #include "platform/text.h"
 
 int BeginRow(RowStrip *row, Window window, int position, int mode, int ground) {
@@ -20,9 +21,11 @@ void TurningCell(const RowStrip &row, int left, int right, int brush, int presse
 }
 
 void RowText(const RowStrip &row, int left, int right, const char16_t *text, Align align, Font font, Colour ink) {
-    if (right > left && *text)
-        PaintText(row.Where, text, RowTextBox(row.Place.Top, left, right), align, font,
-                  InkOn(FillOfRow((left + right) / 2), ink));
+    if (right <= left || !*text)
+        return;
+    Say(text);
+    PaintText(row.Where, text, RowTextBox(row.Place.Top, left, right), align, font,
+              InkOn(FillOfRow((left + right) / 2), ink));
 }
 
 void RowAmount(const RowStrip &row, int left, int right, FixedAmount value, int decimals, Align align) {
@@ -38,9 +41,11 @@ void RowAmountIn(const RowStrip &row, int left, int right, FixedAmount value, in
 void RowNumber(const RowStrip &row, int left, int right, int64_t value, Align align, Colour ink) {
     char16_t text[24] = {};
     AppendNumber(text, 24, value < 0 ? -value : value);
-    if (right > left)
-        PaintText(row.Where, text, RowTextBox(row.Place.Top, left, right), align, Font::Normal,
-                  InkOn(FillOfRow((left + right) / 2), ink), 1);
+    if (right <= left)
+        return;
+    SayNumber(value, ink == AlertRed);
+    PaintText(row.Where, text, RowTextBox(row.Place.Top, left, right), align, Font::Normal,
+              InkOn(FillOfRow((left + right) / 2), ink), 1);
 }
 
 const char16_t *AccountTypeName(uint32_t accountType) {

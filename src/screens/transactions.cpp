@@ -1,6 +1,7 @@
 // Screen 2: the transactions of the current account, live or archived.
 #include "screens/transactions.h"
 #include "drawing/palette.h"
+#include "drawing/saying.h"
 #include "frame/changes.h"
 #include "frame/header.h"
 #include "frame/refusal.h"
@@ -174,6 +175,7 @@ void DrawColumns() {
     PaintTitles(Titles, 4, state.FilterShown ? RedBrush : TitleBrush,
                 state.ReconciledView ? ReconciledBrush : TitleBrush);
     const int32_t *e = Dividers();
+    NoteMoreOfTitle(e[1], NameTitle());
     PaintText(TopWindow, NameTitle(), {e[1] + 2, HeaderBottom + 1, e[2] - 2, TitlesBottom - 1}, Align::Centre,
               Font::Bold, Black);
     DrawMeasureTitle(e[2], e[3], Black);

@@ -16,7 +16,7 @@ static_assert(InOrder());
 // What is said in place of everything else while the data can't be used.
 constexpr Help Refusals[] = {
     // ORDER DATAREFUSAL
-    Help::WrongVersion,    Help::DataInUse,      Help::DataUnreachable,
+    Help::WrongVersion,    Help::DataInUse,      Help::NotWritable,
     Help::DataUnrecovered, Help::DataUnreadable, Help::AccountsLost,
 };
 

@@ -7,7 +7,7 @@ State state;
 
 void ResetState() {
     static_assert(std::is_trivially_copyable_v<State>);
-    std::memset(static_cast<void *>(&state), 0, sizeof state);
+    std::memset(reinterpret_cast<uint8_t *>(&state), 0, sizeof state);
     state.CurrentScreen = AccountList;
     state.DataUsable = 1;
     state.RowCount = MostRows;

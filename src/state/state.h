@@ -47,10 +47,27 @@ enum Dialog : int {
 enum class NextStep : uint8_t {
     None,
     LoadData,
+    LeaveFrontPage, // the start goes on behind it
     Leave,
     LeaveFiltered, // the filters stay
     Left,          // nothing is heard any more
 };
+
+enum class Page : uint8_t { None, Front, About }; // what covers the whole screen
+enum class MovieStep : uint8_t { NotBegun, Runs, Rests };
+
+struct MovieItem { // a letter in motion
+    int32_t Letter;
+    int32_t X, Y;  // corner of its cell in HostWindow
+    int32_t Shown; // 1 while it stands on the screen
+};
+inline constexpr int MostMovieItems = 24, MovieScenes = 9;
+
+struct TitleWords { // a column's title as it was painted; none when Left is Right
+    int32_t Left, Right;
+    char16_t Text[24];
+};
+inline constexpr int MostTitles = 6;
 
 enum class ReconcileStep : int32_t { Idle, Impossible, Solved, Computing };
 
@@ -74,9 +91,10 @@ struct Candidate {    // of the reconcile search
 struct WaitingEntry { // that waits to be placed by its date
     uint32_t Account;
     uint32_t Order; // in which it came
+    View Of;
     TRec Row;
 };
-inline constexpr int MostWaitingEntries = 5000; // the most that an import takes
+inline constexpr int MostWaitingEntries = 5001; // the most that an import takes, and a balance brought forward
 
 struct KnownAccount {
     uint32_t ID, AccType;
@@ -188,6 +206,23 @@ struct State {
     int16_t MessageAlign;              // 1 centred, 0 left
     uint8_t ItemEnabled[MenuRows];     // by row of the menu table
 
+    // Speech: where what is painted is written in words, null while nobody listens
+    char16_t *Heard;
+    int32_t HeardRoom;
+    char16_t HeaderShown[40]; // the title in the header, as painted last
+    TitleWords TitlesShown[MostTitles];
+
+    // Front page and About
+    Page PageShown;
+    uint32_t MovieRunning;
+    MovieStep MovieStage;
+    int32_t MovieScene;              // of SceneOrder, from 0; -1 the opening
+    int32_t MovieFrame;              // of the scene, from 0
+    int32_t SceneOrder[MovieScenes]; // rows of the scenes' table, shuffled
+    MovieItem MovieItems[MostMovieItems];
+    int32_t MovieItemCount;
+    uint32_t TrackerHeld; // the stylus went down on the tracker
+
     // Gestures
     int32_t PressX, PressY; // last press, in the window that got it
     int32_t DragSource;     // position held, 0 none
@@ -240,6 +275,8 @@ struct State {
     WorkingRow FormRow;       // the working copy of the row that the form is for
     RecDate DuplicateDate;    // to return to when the duplicate is dropped
     uint32_t FormTransfer;    // ID of the partner account picked for a new entry; every filling of the form clears it
+    int32_t DateOption;       // of import and export: 1 all entries, 2 and 3 as the form's buttons say
+    int32_t ExchangeKind;     // of import and export: kind of file, in the order of the form's list
     int32_t BlockIndex;       // of a recurring item: 0 first, 1 subsequent
     uint32_t BlockFollows;    // 1: the second block is still what the first one is
     int32_t ListedCategories; // rows of the category list that stand for their positions

@@ -185,6 +185,8 @@ void UpdateBmap() {
 }
 
 int StampLastChecked() {
+    if (!state.DataUsable)
+        return 0;
     ConfRec record;
     const ConfRead read = ReadConfRec(&record, In::CheckT1totals);
     RecDate today;

@@ -112,13 +112,15 @@ int LoadBinFile(int32_t top) {
         static_cast<void>(TrimBin(file, count)); // an untrimmed bin is a bin all the same
     CloseFile(file);
     const int loaded = LoadListWindow(BinList, top);
-    NameBinOwners();
+    if (state.EntryCount[BinList] > 0)
+        NameBinOwners();
     return loaded;
 }
 
 int LoadDDFile(int32_t top) {
     const int loaded = LoadListWindow(RecurringList, top);
-    NameItemAccounts();
+    if (state.EntryCount[RecurringList] > 0)
+        NameItemAccounts();
     return loaded;
 }
 

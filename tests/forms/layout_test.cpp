@@ -29,6 +29,10 @@ protected:
                        {150, ConversionList}, {111, TransactionList}, {144, TransactionList}};
         if (resource == 133)
             Modify(TransactionList, 1);
+        if (resource == 136)
+            SendCommand(CommandImport);
+        if (resource == 137)
+            SendCommand(CommandExport);
         for (const auto &row : screens)
             if (row.Resource == resource)
                 New(row.Screen);
@@ -103,7 +107,11 @@ TEST_F(Layout, NothingOverlapsAndNoTextIsCutOnAnyForm) {
     MakeAccount("Purse", BankRow);
     constexpr struct {
         int Command, Resource;
-    } commands[] = {{CommandInsertReconcile, 149}, {CommandNotepad, 134}, {CommandGeneral, 135}};
+    } commands[] = {{CommandInsertReconcile, 149},
+                    {CommandNotepad, 134},
+                    {CommandGeneral, 135},
+                    {CommandImport, 136},
+                    {CommandExport, 137}};
     for (const auto &row : commands) {
         ASSERT_TRUE(SendCommand(row.Command));
         Examine(row.Resource);
@@ -117,19 +125,21 @@ TEST_F(Layout, AnItemIsHitExactlyWhereItStands) {
     constexpr struct {
         int Resource, X, Y, Item;
     } cases[] = {
-        {111, 19, 25, FlagItem},        {111, 20, 25, NoItem},           {111, 20, 17, SelectedCountItem},
-        {111, 20, 18, NoItem},          {111, 100, 5, NoItem},           {111, 34, 43, TitleItem},
-        {111, 35, 43, NoItem},          {111, 24, 69, FirstSignItem},    {111, 23, 69, NoItem},
-        {111, 210, 67, ClearedItem},    {111, 209, 67, NoItem},          {111, 205, 163, ViewItem},
-        {111, 24, 120, NoItem},         {144, 24, 120, SecondSignItem},  {144, 23, 120, TimesItem},
-        {144, 35, 131, SecondSignItem}, {144, 35, 132, NoItem},          {144, 34, 113, RefItem},
-        {144, 190, 118, FreeItem},      {144, 189, 118, NoItem},         {133, 91, 19, UpItem},
-        {133, 150, 19, DownItem},       {133, 151, 17, TotalItem},       {133, 220, 25, DuplicateItem},
-        {106, 126, 83, FirstSignItem},  {106, 141, 120, SecondSignItem}, {106, 54, 108, TypeItem},
-        {112, 84, 117, DefaultItem},    {112, 98, 130, NextItem},        {112, 217, 9, ClearedItem},
-        {112, 198, 68, FreeItem},       {116, 23, 127, SecondSignItem},  {116, 10, 141, CategoryItem},
-        {116, 224, 127, FreeItem},      {150, 34, 89, FirstSignItem},    {150, 228, 113, DirectionItem},
-        {151, 140, 17, UpItem},         {151, 165, 17, DownItem},        {151, 186, 17, TotalItem},
+        {136, 17, 91, FirstChoiceItem},  {136, 16, 91, NoItem},           {136, 167, 131, SecondChoiceItem},
+        {136, 40, 141, ThirdChoiceItem}, {136, 40, 157, NoItem},          {137, 40, 181, ThirdChoiceItem},
+        {111, 19, 25, FlagItem},         {111, 20, 25, NoItem},           {111, 20, 17, SelectedCountItem},
+        {111, 20, 18, NoItem},           {111, 100, 5, NoItem},           {111, 34, 43, TitleItem},
+        {111, 35, 43, NoItem},           {111, 24, 69, FirstSignItem},    {111, 23, 69, NoItem},
+        {111, 210, 67, ClearedItem},     {111, 209, 67, NoItem},          {111, 205, 163, ViewItem},
+        {111, 24, 120, NoItem},          {144, 24, 120, SecondSignItem},  {144, 23, 120, TimesItem},
+        {144, 35, 131, SecondSignItem},  {144, 35, 132, NoItem},          {144, 34, 113, RefItem},
+        {144, 190, 118, FreeItem},       {144, 189, 118, NoItem},         {133, 91, 19, UpItem},
+        {133, 150, 19, DownItem},        {133, 151, 17, TotalItem},       {133, 220, 25, DuplicateItem},
+        {106, 126, 83, FirstSignItem},   {106, 141, 120, SecondSignItem}, {106, 54, 108, TypeItem},
+        {112, 84, 117, DefaultItem},     {112, 98, 130, NextItem},        {112, 217, 9, ClearedItem},
+        {112, 198, 68, FreeItem},        {116, 23, 127, SecondSignItem},  {116, 10, 141, CategoryItem},
+        {116, 224, 127, FreeItem},       {150, 34, 89, FirstSignItem},    {150, 228, 113, DirectionItem},
+        {151, 140, 17, UpItem},          {151, 165, 17, DownItem},        {151, 186, 17, TotalItem},
     };
     MakeAccount("Shares", ShareRow);
     int opened = 0;
@@ -208,7 +218,7 @@ TEST_F(Layout, EveryFormFieldAndPartExplainsItself) {
         {150, Opening,         "122,41,0,2,3,0"},        {150, FromField,        "0,348,144,0,0,0"},
         {150, ToField,         "0,349,144,0,0,0"},       {150, LabelItem,        "0,345,346,347,0,0"},
         {150, DirectionItem,   "0,350,342,0,0,0"},
-        {151, Opening,         "132,358,2,3,117,0"},     {151, TextField,        "0,139,0,162,0,0"},
+        {151, Opening,         "122,41,0,2,3,0"},        {151, TextField,        "0,139,0,162,0,0"},
         {151, DescriptionField,"0,147,0,162,0,0"},       {151, DownItem,         "0,71,72,359,0,0"},
         {151, 100,             "0,360,361,0,0,0"},       {151, 101,              "0,356,0,357,0,0"},
         // clang-format on

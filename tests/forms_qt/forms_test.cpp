@@ -41,6 +41,7 @@ int Sit(double scale, const std::function<void()> &story) {
     ShowDevice();
     host.Frame->activateWindow();
     Settle();
+    PressKey(Qt::Key_Escape); // the front page
     if (state.HelpMode)
         PressKey(Qt::Key_F1);
     story();
@@ -507,6 +508,41 @@ TEST_P(Forms, TabGoesDownAFormAndBack) {
         PressKey(Qt::Key_Backtab, Qt::ShiftModifier);
         EXPECT_EQ(focused(), "For");
         Cross();
+    });
+}
+
+// --- The exchange
+
+TEST_P(Forms, AnAccountGoesOutAndComesInAgain) {
+    Sitting([] {
+        ShowScreen(TransactionList);
+        const int before = state.EntryCount[TransactionList];
+        HandleEvent({.Kind = EventKind::Command, .Code = CommandExport});
+        Settle();
+        EXPECT_EQ(Shown("File name"), "Acc_Current_account");
+        EXPECT_EQ(Shown("Format"), " csv");
+        Enter({"File name", By::Typing, "mine"});
+        Tick();
+        HandleEvent({.Kind = EventKind::Command, .Code = CommandImport});
+        Settle();
+        EXPECT_EQ(Shown("File name"), "<no files>");
+        EXPECT_EQ(Shown("Security"), "<not applicable>");
+        Enter({"Format", By::Choice, " csv"});
+        EXPECT_EQ(Shown("File name"), "mine");
+        TapItemOf(FirstChoiceItem);
+        Tick();
+        EXPECT_EQ(state.EntryCount[TransactionList], 2 * before);
+        EXPECT_EQ(state.ImportCount[0], before);
+    });
+    Sitting([] {
+        ShowScreen(TransactionList);
+        EXPECT_EQ(state.EntryCount[TransactionList], 10);
+        HandleEvent({.Kind = EventKind::Command, .Code = CommandImport});
+        Settle();
+        PressKey(Qt::Key_F2);
+        EXPECT_EQ(state.DateOption, 1);
+        Cross();
+        EXPECT_EQ(state.EntryCount[TransactionList], 10);
     });
 }
 

@@ -10,6 +10,14 @@ static Point pressedAt;    // of the last press, in device coordinates
 static bool pressedOnHost; // the last press went to something of the host's own: bar, scroll bar, control
 
 bool StartProgram() {
+    if (!StartWithPage())
+        return false;
+    if (machine.Shown[HostWindow] && machine.Bar.empty())
+        Tap(120, 120);
+    return ProgramRuns();
+}
+
+bool StartWithPage() {
     const DiskSwitches switches = disk.Switches;
     const bool another = machine.AnotherRuns, refuses = machine.RefusesWindows, panel = machine.HasPanel;
     ResetHost();

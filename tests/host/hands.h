@@ -7,8 +7,10 @@
 
 namespace testhost {
 
-// Power-on and WinMain. True when the program runs. Also a restart: what ran before is gone without a word.
+// Power-on and WinMain. True when the program runs. Also a restart: what ran before is gone without a word. A front
+// page is tapped away; StartWithPage leaves it.
 bool StartProgram();
+bool StartWithPage();
 // The window's close button, when the program still runs.
 void QuitProgram();
 bool ProgramRuns();

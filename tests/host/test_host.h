@@ -66,6 +66,17 @@ template <typename Work> int AsAction(const Work &work) {
     return CommitAction();
 }
 
+// The same on a disk with switches set: as the door does it, what was refused leaves nothing. `done` is what the work
+// answered, 0 when the commit refused. True when a switch was met.
+template <typename Work> bool WithFailingAction(const DiskSwitches &switches, int *done, const Work &work) {
+    return WithFailingDisk(switches, [&] {
+        BeginAction();
+        *done = work();
+        if (!CommitAction())
+            *done = 0;
+    });
+}
+
 // --- The clock. It does not run by itself, but ClockTicks gives one tick more at each call.
 struct TestClock {
     int Year = 2026, Month = 3, Day = 2, Hour = 9, Minute = 30, Second = 0;

@@ -48,7 +48,8 @@ void Type(const char *text) {
 
 QWidget *Control(const char *name) {
     for (QWidget *one : host.Windows[DialogWindow]->findChildren<QWidget *>())
-        if (one->accessibleName() == QLatin1String(name) && !one->isHidden())
+        if (one->parentWidget() == host.Windows[DialogWindow] && one->accessibleName() == QLatin1String(name) &&
+            !one->isHidden())
             return one;
     return nullptr;
 }

@@ -73,8 +73,7 @@ TEST_F(Ledger, ShareRowsKeepSharesPriceAndCash) {
     EXPECT_EQ(Balances(shares), "1188500, 1000000"); // 60 * 4 + 948.5 and 100 * 2.5 + 750
     EXPECT_EQ(RowBalance(rows[5], ShareValue, 0), 1188500);
 
-    EXPECT_EQ(UpdateShareMode(IDtoRec(shares), ShareCash), 1);
-    EXPECT_EQ(state.AccountKind, static_cast<int>(ShareCash));
+    EXPECT_EQ(UpdateShareMode(shares, ShareCash), 1);
     EXPECT_EQ(Account(shares).AccType, +ShareCash);
     std::string order = "2";
     for (uint32_t mode = NextShareMode(2); mode != 2; mode = NextShareMode(mode))
@@ -128,7 +127,7 @@ TEST_F(Ledger, AMovedEntryStandsOnceAndIsSelected) {
             Fill(bank, {{0, "a", 1000}, {0, "b", 2000}, {0, "c", 3000}, {0, "d", 4000}});
             const TRec moved = RowOf({0, "X", 100000});
             int done = 0;
-            WithFailingDisk({.FailAt = failAt}, [&] { done = MoveRecFile(bank, test.From, test.To, &moved); });
+            WithFailingAction({.FailAt = failAt}, &done, [&] { return MoveRecFile(bank, test.From, test.To, &moved); });
             EXPECT_TRUE(failAt > 0 || (done && state.SelectedPos[TransactionList] == test.Selected));
             CalcBalance(bank);
             EXPECT_EQ(Names(bank), done ? test.Names : "a 1, b 3, c 6, d 10");

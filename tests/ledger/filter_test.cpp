@@ -95,8 +95,8 @@ TEST_F(Filtered, FiltersStackAndShowTheirOwnTotals) {
     const std::vector<TRec> rows = Read<TRec>("E1_02AF1");
     EXPECT_EQ(rows[0].Value, 9); // the marker follows the archive as it is shown
     EXPECT_EQ(rows[2].RunTotal, 2009);
-    EXPECT_EQ(Account(Bank).Balance, 2009);
-    EXPECT_EQ(Account(Bank).ArcBalance, 9);
+    EXPECT_EQ(Account(Bank).Balance, 929); // the account's totals are never those of a filter
+    EXPECT_EQ(Account(Bank).ArcBalance, -371);
 
     // Rows of a filtered view can't go.
     state.CurrentScreen = TransactionList;
@@ -118,9 +118,11 @@ TEST_F(Filtered, FiltersStackAndShowTheirOwnTotals) {
 TEST_F(Filtered, AFilterThatCannotBeWrittenLeavesTheView) {
     ASSERT_EQ(Apply(0, FilterBy::Name, 2), 1);
     GoTo(Bank);
-    const auto before = Snapshot(Root.Path());
-    WithFailingDisk({.Full = true}, [this] { EXPECT_EQ(Apply(0, FilterBy::Name, 2), 0); });
-    EXPECT_TRUE(Snapshot(Root.Path()) == before);
+    const std::string before = Shown(false) + "/" + Shown(true);
+    for (int n = 1, done = 0; !done; ++n) {
+        WithFailingAction({.FailAt = n}, &done, [this] { return Apply(0, FilterBy::Name, 2); });
+        EXPECT_EQ(Shown(false) + "/" + Shown(true) == before, !done) << n;
+    }
 }
 
 TEST_F(Ledger, ACategoryOfASmallNumberIsNone) {

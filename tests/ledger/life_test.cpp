@@ -16,14 +16,14 @@ void AddRow(const TRec &row, bool share, Sums *sums) {
     if (row.RowKind == DayMarker)
         return;
     int64_t total = row.Value * (deleted || row.Cash || marker ? 1 : row.Units);
-    int64_t cleared = marker ? row.ClearedValue : total;
+    int64_t cleared = marker || deleted ? row.ClearedValue : total;
     if (share) {
         const bool cash = row.Cash || deleted || marker;
         total = cash ? row.CashAmount : row.NoCash ? 0 : -row.Units * row.Value;
-        cleared = marker ? row.ClearedCashAmount : total;
+        cleared = marker || deleted ? row.ClearedCashAmount : total;
         if (!row.Cash) {
             sums->Shares += row.Units;
-            sums->ClearedShares += marker ? row.ClearedUnits : row.Cleared ? row.Units : 0;
+            sums->ClearedShares += marker || deleted ? row.ClearedUnits : row.Cleared ? row.Units : 0;
         }
     }
     sums->Total += total;

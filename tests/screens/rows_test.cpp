@@ -3,6 +3,7 @@
 #include "drawing/colours.h"
 #include "platform/text.h"
 #include "screens/screens.h"
+#include "store/index.h"
 #include "store/windows.h"
 
 namespace {
@@ -193,6 +194,7 @@ TEST_F(Device, TroubleWithRecurringItemsIsRed) {
     DDRec &row = state.DDRows[1];
     row.ItemStatus = 3;
     row.Block[0].Account = 99;
+    NameItemAccounts();
     UpdateDDRec(ListWindow, 1, 0);
     for (const StandingText &text : TextsIn(ListWindow, Row(1, 0, 38)))
         EXPECT_TRUE(IsRed(text.InkColour));

@@ -109,7 +109,8 @@ TEST_F(Store, EveryFieldLiesAtItsPlaceInTheFile) {
     b.Account2 = 22, b.Transfer2 = 23, b.CatID2 = 24, b.OwnerID = 25, b.OwnerType = 26, b.WasArchive = 27,
     b.SourceList = 28, b.RunUnits = 29, b.RunClearedUnits = 30, b.CashAmountLow = 31, b.ClearedCashAmountLow = 32,
     b.ClearedUnits = 33, b.ClearedValue = 34, b.RunTotal = 35, b.RunCleared = 36, b.ItemStatus = 37, b.DayWanted = 38,
-    b.PeriodCount = 39, b.TotalCount = 40, b.Remaining = 41;
+    b.PeriodCount = 39, b.TotalCount = 40, b.Remaining = 41, b.Carries = 1, b.CashAmount = 0x4243,
+    b.ClearedCashAmount = -2;
     for (int i = 0; i < 4; ++i)
         b.Totals[i] = 0x50 + i;
     for (uint8_t i = 0; i < 44; ++i)
@@ -120,6 +121,7 @@ TEST_F(Store, EveryFieldLiesAtItsPlaceInTheFile) {
     Put(b.PeriodUnit, u"Day(s)");
     Put(b.FromName, u"F");
     Put(b.ToName, u"T");
+    Put(b.FITID, u"I");
     ExpectStored(
         Root, "E1_06BIN", b, 1064,
         "0:01 1:02 2:03 4:EA07000005020000 12:04 16:05 20:4E 84:06 88:07 92:08 96:09 100:0A 104:0B 112:0C 120:0D "
@@ -127,7 +129,8 @@ TEST_F(Store, EveryFieldLiesAtItsPlaceInTheFile) {
         "128:6D 200:0F 280:10 284:11 288:12 292:13 296:14 304:15 312:16 316:17 320:6E 392:18 472:19 476:1A 480:1B "
         "488:50 496:51 504:52 512:53 520:1C 524:1D 528:1E 532:1F 536:20 540:21 544:22 552:23 560:24 568:25 572:26 "
         "574:440061007900280073002900 596:27 600:28 604:29 608:46 672:54 "
-        "736:000102030405060708090A0B0C0D0E0F101112131415161718191A1B1C1D1E1F202122232425262728292A2B");
+        "736:000102030405060708090A0B0C0D0E0F101112131415161718191A1B1C1D1E1F202122232425262728292A2B "
+        "780:01 784:4342 792:FEFFFFFFFFFFFFFF 800:49");
 
     auto c = Soiled<CatRec>();
     c.Version = 1, c.Red = 200, c.Green = 100, c.Blue = 255, c.CatID = 0x0A0B0C0D0E0F;

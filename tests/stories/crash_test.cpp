@@ -339,6 +339,7 @@ TEST_F(Fault, AnUnwritableDirectoryIsShownAndLeftAlone) {
         if (!fresh) {
             Prepare(0);
             QuitProgram();
+            SetClock(2030, 1, 2); // a day on which there is something to write at the start
         }
         const auto files = Snapshot(root.Path());
         disk.Switches.Unwritable = true;

@@ -259,7 +259,7 @@ TEST(Structure, WordsStayOnTheirFloors) {
 TEST(Structure, NoRecordLosesItsType) {
     static const std::set<std::string> tables = {"records/fields.h", "records/fields.cpp", "store/lists.h",
                                                  "store/lists.cpp",  "store/catalogue.h",  "store/catalogue.cpp",
-                                                 "cipher/hooks.h",   "cipher/hooks.cpp"};
+                                                 "cipher/hooks.h",   "cipher/hooks.cpp", "state/state.cpp"};
     for (const fs::path &file : SourceFiles()) {
         const std::string top = file.begin()->string();
         if (FloorOf(file)->Level == Hosts || top == "platform" || tables.count(file.generic_string()))

@@ -309,6 +309,8 @@ void OpenForm(const FormTemplate *form) {
         const Rect box = {control.X, control.Y, control.X + control.Width, control.Y + control.Height};
         widgets.append({control.Id, control.Kind, box, real});
         real->setAccessibleName(QString::fromUtf16(control.Name));
+        for (QLineEdit *line : real->findChildren<QLineEdit *>()) // within a box that has more to it
+            line->setAccessibleName(real->accessibleName());
         SetControlLimit(control.Id, control.Limit);
         if (control.What == Holds::Whole)
             whole = NumberOf(real);

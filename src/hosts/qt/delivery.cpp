@@ -1,5 +1,6 @@
 // The way of an event to the program: at once, after a control's own work, or when no input waits.
 #include "hosts/qt/delivery.h"
+#include "hosts/qt/accessible.h"
 #include "hosts/qt/controls.h"
 #include "hosts/qt/device.h"
 #include "program/door.h"
@@ -72,6 +73,7 @@ void Give(const Event &event) {
     HandleEvent(event);
     giving = false;
     ShowAllPainted();
+    TellChanges();
     if (host.Leaving)
         QCoreApplication::exit(0);
     ThePump()->WakeWhenIdle();

@@ -14,12 +14,30 @@
 namespace {
 
 constexpr char LockName[] = ".zentrik-lock";
+// What a desktop gives a start so that its window may come to the front. A second start leaves it in the lock file for
+// the first.
+constexpr char TokenVariable[] = "XDG_ACTIVATION_TOKEN";
+constexpr int TokenRoom = 256;
+int lockFile = -1; // stays open: closing it would drop the lock
 int wakePipe[2] = {-1, -1};
 
 void HandleWakeSignal(int) {
     const int kept = errno;
     [[maybe_unused]] const ssize_t written = write(wakePipe[1], "", 1);
     errno = kept;
+}
+
+void LeaveToken(int file) {
+    const QByteArray token = qgetenv(TokenVariable);
+    if (!token.isEmpty() && token.size() < TokenRoom && ftruncate(file, 0) == 0) [[maybe_unused]]
+        const ssize_t written = pwrite(file, token.constData(), static_cast<size_t>(token.size()), 0);
+}
+
+void TakeToken() {
+    char token[TokenRoom] = {};
+    if (lockFile < 0 || pread(lockFile, token, TokenRoom - 1, 0) <= 0 || ftruncate(lockFile, 0) != 0)
+        return;
+    qputenv(TokenVariable, token);
 }
 
 // From here on a wake signal brings the window to the front, also one that comes before there is a window.
@@ -39,6 +57,7 @@ void ListenForWake() {
         char drained[16];
         while (read(wakePipe[0], drained, sizeof drained) > 0) {
         }
+        TakeToken();
         if (!host.Frame)
             return;
         if (host.Frame->isMinimized())
@@ -63,11 +82,14 @@ int TakeInstanceLock() {
     do {
         lock.l_type = F_WRLCK;
         lock.l_whence = SEEK_SET;
-        if (fcntl(file, F_SETLK, &lock) == 0)
-            return 1; // the file stays open: closing it would drop the lock
+        if (fcntl(file, F_SETLK, &lock) == 0) {
+            lockFile = file;
+            return 1;
+        }
         if ((errno != EACCES && errno != EAGAIN) || fcntl(file, F_GETLK, &lock) != 0)
             return 1;                 // a file system without locks
     } while (lock.l_type == F_UNLCK); // the holder has just ended
+    LeaveToken(file);
     if (lock.l_pid > 0)
         kill(lock.l_pid, SIGUSR1);
     close(file);

@@ -5,6 +5,8 @@
 #include "hosts/qt/tour.h"
 #include "platform/files.h"
 #include "program/door.h"
+#include "resources/key_guide.h"
+#include "resources/version.h"
 #include <QApplication>
 #include <QDir>
 #include <cstdio>
@@ -64,6 +66,13 @@ int ReadArguments(int count, char **words, Arguments *to) {
     return 1;
 }
 
+void ShowUsage() {
+    fputs(Usage, stdout);
+    fputs("\nKeys\n", stdout);
+    for (const KeyWords &row : KeyGuide)
+        printf("  %-20s %s\n", row.Keys, row.Does);
+}
+
 int DisplayNamed() {
     for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
         if (const char *value = getenv(variable); value && value[0])
@@ -104,7 +113,10 @@ int main(int count, char **words) {
     if (!ReadArguments(count, words, &arguments))
         return 2;
     if (arguments.Help || arguments.Version) {
-        fputs(arguments.Help ? Usage : "zentrik " ZENTRIK_VERSION "\n", stdout);
+        if (arguments.Help)
+            ShowUsage();
+        else
+            printf("zentrik %s\n", ProgramVersion);
         return 0;
     }
     qInstallMessageHandler(TellToolkitTrouble);

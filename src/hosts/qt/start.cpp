@@ -1,4 +1,5 @@
 #include "hosts/qt/start.h"
+#include "hosts/qt/accessible.h"
 #include "hosts/qt/art.h"
 #include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
@@ -56,6 +57,7 @@ void PrepareHost(double scale) {
     QApplication::setFont(DeviceFont(Font::Normal, host.Scale));
     WatchKeys();
     WatchPointer();
+    OfferSpeech();
 }
 
 static void ShowIcon() {

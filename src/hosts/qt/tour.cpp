@@ -22,11 +22,11 @@
 
 namespace {
 
-enum class Act : uint8_t { Tap, DoubleTap, Drag, Type, Key, Picture, Restart };
+enum class Act : uint8_t { Tap, DoubleTap, Drag, Type, Key, Wait, Picture, Restart };
 
 struct Step {
     Act What;
-    int X, Y, ToX, ToY; // of the device; for a key X is the Qt key and Y its modifiers
+    int X, Y, ToX, ToY; // of the device; for a key X is the Qt key and Y its modifiers; to wait X milliseconds
     const char *Text;   // to type; the name of a picture
 };
 
@@ -52,6 +52,9 @@ constexpr Step Show(int screen) {
 constexpr Step Picture(const char *name) {
     return {Act::Picture, 0, 0, 0, 0, name};
 }
+constexpr Step Wait(int milliseconds) {
+    return {Act::Wait, milliseconds, 0, 0, 0, nullptr};
+}
 constexpr Step Restart() {
     return {Act::Restart, 0, 0, 0, 0, nullptr};
 }
@@ -67,6 +70,7 @@ constexpr int LowTabY = 280, BarY = 307;
 
 // clang-format off
 constexpr Step Steps[] = {
+    Wait(4000), Picture("front-page"), Tap(120, 120),
     Picture("first-screen"),
     Tap(50, RowY(1)), Picture("help"),
     DoubleTap(50, RowY(1)), Picture("transactions"),
@@ -100,6 +104,11 @@ constexpr Step Steps[] = {
     Show(GraphList), Picture("graph"),
     Show(TransactionList), DoubleTap(60, RowY(9)), Tap(215, 198), Picture("new-entry-advanced"), Press(Qt::Key_Escape),
     Drag(60, RowY(9), 130, RowY(9)), Picture("new-reconcile"), Press(Qt::Key_Escape),
+    Press(Qt::Key_F10), Press(Qt::Key_Right), Press(Qt::Key_Down), Press(Qt::Key_Return), Picture("export"),
+    Press(Qt::Key_Return, Qt::ControlModifier), Press(Qt::Key_F1),
+    Press(Qt::Key_F10), Press(Qt::Key_Right), Press(Qt::Key_Down), Press(Qt::Key_Down), Press(Qt::Key_Return),
+    Picture("import"), Tap(110, 61), Press(Qt::Key_Down), Press(Qt::Key_Down), Press(Qt::Key_Return),
+    Picture("import-of-the-export"), Press(Qt::Key_Return, Qt::ControlModifier), Picture("imported"), Press(Qt::Key_F1),
     Tap(60, RowY(2)), Press(Qt::Key_F10), Press(Qt::Key_Right), Press(Qt::Key_Down), Press(Qt::Key_Down),
     Press(Qt::Key_Down), Press(Qt::Key_Down), Press(Qt::Key_Down), Press(Qt::Key_Right), Picture("archive-menu"),
     Press(Qt::Key_Return), Picture("archived"),
@@ -116,8 +125,9 @@ constexpr Step Steps[] = {
     Show(BinList), Picture("bin-with-help"),
     Show(CategoryList), Picture("categories-with-help"),
     Show(ConversionList), Picture("conversions-with-help"),
+    Press(Qt::Key_F10), Press(Qt::Key_Right), Press(Qt::Key_Return), Wait(1500), Picture("about"), Press(Qt::Key_Escape),
     Restart(),
-    Picture("accounts-after-restart"),
+    Press(Qt::Key_Escape), Picture("accounts-after-restart"),
     DoubleTap(50, RowY(1)), Picture("transactions-after-restart"),
 };
 // clang-format on
@@ -229,6 +239,9 @@ int PlaySitting(int count, char **words, const Play &play, const Step *first, co
             break;
         case Act::Key:
             Stroke(step->X, static_cast<Qt::KeyboardModifiers>(step->Y), QString());
+            break;
+        case Act::Wait:
+            Settle(step->X);
             break;
         case Act::Picture:
             Settle();
