@@ -8,6 +8,7 @@
 #include "frame/shown.h"
 #include "platform/action.h"
 #include "platform/text.h"
+#include "resources/deeds.h"
 #include "state/messages.h"
 #include <iterator>
 

@@ -29,6 +29,8 @@ void MakeDue() {
     SendCommand(CommandTick);
     ShowScreen(AccountList);
     SetClock(2026, 4, 2);
+    ShowScreen(TransactionList); // the marker of today follows
+    ShowScreen(AccountList);
 }
 
 struct Step {
