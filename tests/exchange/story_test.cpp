@@ -2,6 +2,7 @@
 #include "exchange_test.h"
 #include "forms/forms.h"
 #include "platform/history.h"
+#include "resources/deeds.h"
 #include <filesystem>
 #include <set>
 
