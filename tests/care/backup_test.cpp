@@ -149,7 +149,7 @@ TEST_F(Backup, AnInterruptedCopyIsToldAndAnInterruptedExchangeFound) {
     fs::create_directories(Card + "/Zentk$B$zpy");
     Walk(CommandBackup);
     SendCommand(CommandTick);
-    EXPECT_EQ(Lines(), "/An interrupted copy is in the way!/Remove Zentk$B$zpy or Zentk$D$ypz first///");
+    EXPECT_EQ(Lines(), "/An interrupted copy is in the way!/Remove Zentk$B$zpy/Zentk$D$ypz first///");
     EXPECT_TRUE(Snapshot(Copy) == good);
     SendCommand(CommandCross);
     fs::remove(Card + "/Zentk$B$zpy");
@@ -157,7 +157,7 @@ TEST_F(Backup, AnInterruptedCopyIsToldAndAnInterruptedExchangeFound) {
     fs::create_directories(root.HostPath("\\Program Files\\Zentrik\\Zentk$D$ypz"));
     Walk(CommandRestore);
     SendCommand(CommandTick);
-    EXPECT_EQ(Lines(), "/An interrupted copy is in the way!/Remove Zentk$B$zpy or Zentk$D$ypz first///");
+    EXPECT_EQ(Lines(), "/An interrupted copy is in the way!/Remove Zentk$B$zpy/Zentk$D$ypz first///");
     SendCommand(CommandCross);
 
     fs::rename(Copy, Card + "/Zentk$O$zpy"); // killed between the two renames
