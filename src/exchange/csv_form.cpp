@@ -108,7 +108,7 @@ bool IsFormed(const char *line, char separator) {
     return separator == ',' && !std::strchr(line, '"');
 }
 
-// The first column; 0 when the date is to be passed over for now.
+// The first column; 0 when its date has an order that is not known yet: the line is passed over.
 int FormFirstColumn(DateOrder order, char *line) {
     char date[FieldRoom], rest[CsvLineRoom];
     const size_t bytes = std::strcspn(line, ",");

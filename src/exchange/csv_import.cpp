@@ -10,7 +10,7 @@
 namespace {
 
 constexpr int LinesOfDatePass = 1000;
-constexpr int LastMonth = 12, LastYearOfOldCentury = 70; // 71 to 99 are of the last century
+constexpr int LastYearOfOldCentury = 70; // 71 to 99 are of the last century
 constexpr int NameUnits = 24, MemoUnits = 30;
 constexpr int WholeLine = 13, ShortestLine = 10;
 
@@ -29,13 +29,8 @@ DateOrder FindOrder(TextFile *text, int dayFirst) {
         if (!line)
             break;
         Scan scan = {line};
-        ScannedDate date;
-        if (ScanDate(&scan, &date) < 3)
-            continue;
-        if (date.First > LastMonth)
-            return DateOrder::DayFirst;
-        if (date.Second > LastMonth)
-            return DateOrder::MonthFirst;
+        if (const DateOrder told = OrderToldBy(&scan); told != DateOrder::Unknown)
+            return told;
     }
     return dayFirst ? DateOrder::DayFirst : DateOrder::MonthFirst;
 }

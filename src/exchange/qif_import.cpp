@@ -8,7 +8,6 @@
 namespace {
 
 constexpr int LinesOfDatePass = 1000;
-constexpr int LastMonth = 12;
 constexpr int NameUnits = 24, MemoUnits = 30;
 constexpr int ComparedUnits = 4; // of a security's name
 
@@ -93,13 +92,8 @@ DateOrder FindOrder(TextFile *text, int dayFirst) {
         if (QifLetter(line) != 'D')
             continue;
         Scan scan = {line + 1};
-        ScannedDate date;
-        if (ScanDate(&scan, &date) < 3)
-            continue;
-        if (date.First > LastMonth)
-            return DateOrder::DayFirst;
-        if (date.Second > LastMonth)
-            return DateOrder::MonthFirst;
+        if (const DateOrder told = OrderToldBy(&scan); told != DateOrder::Unknown)
+            return told;
     }
     return dayFirst ? DateOrder::DayFirst : DateOrder::MonthFirst;
 }

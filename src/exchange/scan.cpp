@@ -55,3 +55,13 @@ int ScanDate(Scan *scan, ScannedDate *date) {
         return 3;
     return ScanNumber(scan, &date->Third) ? 5 : 4;
 }
+
+DateOrder OrderToldBy(Scan *scan) {
+    constexpr int LastMonth = 12;
+    ScannedDate date;
+    if (ScanDate(scan, &date) < 3)
+        return DateOrder::Unknown;
+    return date.First > LastMonth    ? DateOrder::DayFirst
+           : date.Second > LastMonth ? DateOrder::MonthFirst
+                                     : DateOrder::Unknown;
+}

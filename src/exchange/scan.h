@@ -2,6 +2,7 @@
 // and the same ones.
 #pragma once
 
+#include "exchange/date_form.h"
 #include <cstdint>
 
 struct Scan {
@@ -24,3 +25,5 @@ struct ScannedDate {
 };
 // "%d%c%d%c%d": the number of fields, 0 to 5.
 int ScanDate(Scan *scan, ScannedDate *date);
+// The order of day and month that the date at a scan can only have; Unknown when it has both, or is none.
+DateOrder OrderToldBy(Scan *scan);

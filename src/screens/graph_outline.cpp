@@ -67,10 +67,10 @@ void DrawAxisRibbons(FixedAmount min) {
     const int zero = PlotRow(Zero()), foot = Bottom() + (min < 0 ? 0 : 4);
     const Point upright[] = {{PlotLeft, PlotRow(Top())}, {PlotLeft, PlotRow(foot)}};
     const Point level[] = {{PlotLeft - 4, zero}, {PlotRight, zero}};
-    const Point stub[] = {{PlotLeft, zero - state.DrawDepth}, {PlotLeft, zero}};
+    const Point joint[] = {{PlotLeft, zero - state.DrawDepth}, {PlotLeft, zero}};
     DrawRibbon(upright, 2, AxisRibbon);
     DrawRibbon(level, 2, AxisRibbon);
-    DrawRibbon(stub, 2, AxisRibbon);
+    DrawRibbon(joint, 2, AxisRibbon);
 }
 
 // --- The axes
