@@ -24,7 +24,19 @@ void DrawFrame(Window window, const Rect &box, Colour pen, int width) {
     DrawPolyline(window, corners, 5, pen, width);
 }
 
+void NoteFill(int left, int right, Colour fill) {
+    if (state.RowFills < MostFills)
+        state.RowFill[state.RowFills++] = {left, right, fill};
+}
+
 } // namespace
+
+Colour FillOfRow(int x) {
+    for (int i = state.RowFills - 1; i >= 0; --i)
+        if (x >= state.RowFill[i].Left && x < state.RowFill[i].Right)
+            return state.RowFill[i].Fill;
+    return White;
+}
 
 void DrawCell(Window window, int top, int bottom, int left, int right, const Bevel &bevel, int brush, int style) {
     const int lastX = right - 1, innerX = left + 1, below = bottom + 1;
@@ -47,6 +59,8 @@ RowPlace StartRow(Window window, int row, int mode, int brush, int list) {
     const int top = RowTop(row);
     const Rect box = {0, row == 1 ? 0 : top + 1, RightEdge, top + RowHeight + 1};
     FillRect(window, box, BrushColour(brush));
+    state.RowFills = 0;
+    NoteFill(box.Left, box.Right, BrushColour(brush));
     if (!Raised3D()) {
         if (mode == ErasedRow)
             DrawFrame(window, {box.Left, box.Top, ErasedRight, box.Bottom}, White, 2);
@@ -61,12 +75,14 @@ RowPlace StartRow(Window window, int row, int mode, int brush, int list) {
 void RowCell(Window window, const RowPlace &place, int left, int right, const Bevel &bevel, int brush,
              int pressedBrush) {
     const int bottom = place.Top + RowHeight;
+    const int shown = place.Pressed && pressedBrush != NoFill && Raised3D() ? pressedBrush : brush;
+    if (shown != NoFill)
+        NoteFill(left, right, BrushColour(shown));
     if (!place.Pressed) {
         DrawCell(window, place.Top, bottom, left, right, bevel, brush, RaisedCell);
         return;
     }
-    const int fill = pressedBrush != NoFill && Raised3D() ? pressedBrush : brush;
-    DrawCell(window, place.Top + 1, bottom - 1, left + 1, right, bevel, fill, PressedCell);
+    DrawCell(window, place.Top + 1, bottom - 1, left + 1, right, bevel, shown, PressedCell);
 }
 
 void DrawSeparators(Window window, const int *edges, int count, int list) {
@@ -83,7 +99,7 @@ void PaintAmountIn(Window window, FixedAmount value, const Rect &box, int decima
     char16_t text[AmountRoom];
     SayAmount(value, decimals, ink == AlertRed);
     WriteAmount(text, AmountRoom, value, decimals);
-    PaintText(window, text, box, align, Font::Normal, ink, 1);
+    PaintText(window, text, box, align, Font::Normal, InkOn(FillOfRow((box.Left + box.Right) / 2), ink), 1);
 }
 
 void PaintAmount(Window window, FixedAmount value, const Rect &box, int decimals, Align align) {
@@ -91,6 +107,7 @@ void PaintAmount(Window window, FixedAmount value, const Rect &box, int decimals
 }
 
 void PaintDate(Window window, const RecDate &date, int top, int right, Colour ink, Font font) {
+    ink = InkOn(FillOfRow(DateLeft), ink);
     const int month = std::clamp<int>(date.Month, 1, 12); // a damaged record may hold anything
     char16_t text[DateRoom] = u"";
     AppendNumber(text, DateRoom, date.Day, 2);

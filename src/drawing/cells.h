@@ -34,9 +34,12 @@ void RowCell(Window window, const RowPlace &place, int left, int right, const Be
 // Flat mode alone: lines between the columns of all rows, at `count` edges.
 void DrawSeparators(Window window, const int *edges, int count, int list);
 
+// What fills the row painted last at an x of ListWindow.
+Colour FillOfRow(int x);
+
 // An amount right-aligned: its magnitude, red when negative, stars above the limit. Never cut: drawn narrower instead.
 void PaintAmount(Window window, FixedAmount value, const Rect &box, int decimals = 2, Align align = Align::Right);
-// The same with the ink chosen by the caller.
+// The same with the ink chosen by the caller. Both inks are made readable on what fills the row there.
 void PaintAmountIn(Window window, FixedAmount value, const Rect &box, int decimals, Align align, Colour ink);
 // Day and month from x 2, the year from state.YearColumn, up to `right`.
 void PaintDate(Window window, const RecDate &date, int top, int right, Colour ink, Font font);

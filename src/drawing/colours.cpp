@@ -1,9 +1,13 @@
 #include "drawing/colours.h"
 #include "drawing/colour_model.h"
 #include "state/state.h"
+#include <algorithm>
+#include <cmath>
 #include <iterator>
 
 namespace {
+
+constexpr int InkSteps = 32;
 
 struct BrushRow {
     int Id;
@@ -53,6 +57,30 @@ constexpr Bevel Bevels[ListCount] = {
 constexpr Colour Flags[] = {Black, Rgb(255, 0, 0), Rgb(0, 39, 159), Rgb(255, 255, 0)};
 // clang-format on
 
+// The light that a colour gives, 0 to 1, as eyes weigh its parts.
+double LightOf(Colour colour) {
+    const auto part = [colour](int shift) {
+        const double level = (colour >> shift & 0xFF) / 255.0;
+        return level <= 0.04045 ? level / 12.92 : std::pow((level + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(16) + 0.7152 * part(8) + 0.0722 * part(0);
+}
+
+bool Readable(double fillLight, Colour ink) {
+    constexpr double Least = 4.5, Glare = 0.05;
+    const double inkLight = LightOf(ink);
+    return (std::max(fillLight, inkLight) + Glare) / (std::min(fillLight, inkLight) + Glare) >= Least;
+}
+
+// A part of a colour the way to black or to white, of InkSteps.
+Colour Toward(Colour ink, int end, int step) {
+    const auto part = [=](int shift) {
+        const int level = static_cast<int>(ink >> shift & 0xFF);
+        return level + (end - level) * step / InkSteps;
+    };
+    return Rgb(part(16), part(8), part(0));
+}
+
 constexpr Colour Magenta = Rgb(255, 0, 255);
 constexpr int ConversionLighter = 66, ConversionDarker = 44; // in luminosity
 
@@ -83,6 +111,16 @@ Bevel BevelOfList(int list) {
 Colour SeparatorColour(int list) {
     const bool archives = state.ArchiveView && (list == AccountList || list == TransactionList);
     return archives ? AlertRed : SeparatorGrey;
+}
+
+Colour InkOn(Colour fill, Colour ink) {
+    constexpr double HalfLight = 0.18; // on darker fills white is read better than black
+    const double light = LightOf(fill);
+    const int end = light < HalfLight ? 255 : 0;
+    int step = 0;
+    while (step < InkSteps && !Readable(light, Toward(ink, end, step)))
+        ++step;
+    return Toward(ink, end, step);
 }
 
 Colour FlagColour(int64_t flag) {

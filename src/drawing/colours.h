@@ -52,5 +52,9 @@ Bevel BevelOfList(int list);
 // The pen between the columns of a list: red on accounts and transactions in the archive view.
 Colour SeparatorColour(int list);
 
+// An ink that is read on a fill, with at least 4.5 to 1 of light between them: the ink itself, or as little darker or
+// lighter as the fill asks.
+Colour InkOn(Colour fill, Colour ink);
+
 // Ink of a row's flag stripe, for flags 1 to 3; black for others.
 Colour FlagColour(int64_t flag);

@@ -74,6 +74,10 @@ void ListTypes(int field) {
 }
 constexpr FieldList Lists[] = {{TypeField, ListTypes}};
 
+const char16_t *Title() {
+    return IsHeading() ? u"Total" : state.ActiveDialog == NewAccountDialog ? u"New account" : u"Account";
+}
+
 constexpr Form FormOf(int dialog, std::span<const FieldHelp> helps) {
     return {.Dialog = dialog,
             .WithPanel = 1,
@@ -86,7 +90,8 @@ constexpr Form FormOf(int dialog, std::span<const FieldHelp> helps) {
             .Cross = nullptr,
             .Changed = TellCheck,
             .Tapped = nullptr,
-            .Decor = PaintID};
+            .Decor = PaintID,
+            .Title = Title};
 }
 constexpr Form NewForm = FormOf(NewAccountDialog, FieldHelps), ChangeForm = FormOf(AccountDialog, FieldHelps),
                HeadingForm = FormOf(AccountDialog, HeadingHelps);

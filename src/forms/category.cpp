@@ -62,7 +62,8 @@ constexpr Form CategoryForm = {.Dialog = CategoryDialog,
                                .Changed = nullptr,
                                .Tapped = Tapped,
                                .Decor = Decor,
-                               .KeysStep = 1};
+                               .KeysStep = 1,
+                               .Title = [] { return u"Category"; }};
 
 // The position so many places on, wrapping at the ends.
 int32_t Neighbour(int step) {

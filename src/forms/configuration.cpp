@@ -78,7 +78,8 @@ constexpr Form ConfigurationForm = {.Dialog = ConfigurationDialog,
                                     .Cross = nullptr,
                                     .Changed = nullptr,
                                     .Tapped = nullptr,
-                                    .Decor = nullptr};
+                                    .Decor = nullptr,
+                                    .Title = [] { return u"Settings"; }};
 
 } // namespace
 

@@ -66,7 +66,8 @@ constexpr Form ConversionForm = {.Dialog = ConversionDialog,
                                  .Cross = nullptr,
                                  .Changed = nullptr,
                                  .Tapped = Tapped,
-                                 .Decor = Decor};
+                                 .Decor = Decor,
+                                 .Title = [] { return IsNew() ? u"New conversion" : u"Conversion"; }};
 
 void Decor(int mask) {
     if (mask & DecorEquals) {

@@ -8,6 +8,7 @@
 #include "frame/shown.h"
 #include "platform/action.h"
 #include "platform/text.h"
+#include "resources/deeds.h"
 #include "state/messages.h"
 #include <iterator>
 
@@ -212,7 +213,7 @@ int DiaImport() {
         return TickUnwritten;
     if (result == ImportFailed)
         return RefuseFile();
-    NameAction(CommandImport);
+    NameDeed(Deed::Imported);
     RefreshAccounts();
     if (result == ImportDone)
         state.SelectedPos[TransactionList] = state.EntryCount[TransactionList];

@@ -35,7 +35,8 @@ constexpr Form NotepadForm = {.Dialog = NotepadDialog,
                               .Cross = nullptr,
                               .Changed = nullptr,
                               .Tapped = nullptr,
-                              .Decor = nullptr};
+                              .Decor = nullptr,
+                              .Title = [] { return u"Notepad"; }};
 
 } // namespace
 

@@ -44,6 +44,8 @@ constexpr FormPart Parts[] = {
     {SecondSignItem,     {23, 98, 35, 110},      {24, 99, 36, 111},      nullptr},
     {DefaultItem,        {83, 119, 97, 127},     {84, 117, 98, 131},     nullptr},
     {NextItem,           {97, 119, 139, 127},    {98, 117, 141, 131},    nullptr},
+    {DefaultItem,        {36, 116, 80, 131},     {40, 117, 84, 131},     nullptr},
+    {NextItem,           {142, 116, 190, 131},   {141, 117, 190, 131},   nullptr},
     {LabelItem,          {1, 131, 15, 150},      {0, 131, 15, 150},      u"→",     Align::Centre, AccountField},
     {LabelItem,          {119, 131, 134, 150},   {119, 131, 134, 150},   u"⇄",     Align::Centre, TransferField},
     {LabelItem,          {0, 150, 35, 169},      {0, 150, 36, 169},      u"Cat",   Align::Right, CategoryField},
@@ -87,9 +89,10 @@ constexpr Form RecurringForm = {.Dialog = RecurringDialog,
                                 .Cross = nullptr,
                                 .Changed = TellChange,
                                 .Tapped = Tapped,
-                                .Decor = Decor};
+                                .Decor = Decor,
+                                .Title = [] { return IsNew() ? u"New recurring item" : u"Recurring item"; }};
 
-// One bar for what is used next, three for what is used thereafter; the block in view is dark.
+// One bar for what is used next, three for what is used thereafter; the block in view is dark and its name bold.
 void Decor(int mask) {
     PaintPoint<51>(mask);
     if (!(mask & DecorSelector))
@@ -102,6 +105,9 @@ void Decor(int mask) {
         FillRect(DialogWindow, {left + 1, BarTop + 1, left + BarPitch - 2, BarBottom - 1},
                  inView ? BrushColour(HeaderBrush) : White);
     }
+    const bool first = state.BlockIndex == 0;
+    PaintText(DialogWindow, u"First", {36, 116, 80, 131}, Align::Right, first ? Font::Bold : Font::Normal, Black);
+    PaintText(DialogWindow, u"Then", {142, 116, 190, 131}, Align::Left, first ? Font::Normal : Font::Bold, Black);
 }
 
 void FillNumber(int field, int32_t number) {

@@ -42,6 +42,11 @@ void Fill(int initialise);
 int DiaProcFav();
 void TellChange(const Event &event);
 
+const char16_t *Title() {
+    const bool isNew = state.SelectedPos[TemplateList] > state.EntryCount[TemplateList];
+    return isNew ? u"New template" : u"Template";
+}
+
 constexpr Form TemplateForm = {.Dialog = TemplateDialog,
                                .WithPanel = 1,
                                .Controls = &TemplateTemplate,
@@ -53,7 +58,8 @@ constexpr Form TemplateForm = {.Dialog = TemplateDialog,
                                .Cross = nullptr,
                                .Changed = TellChange,
                                .Tapped = nullptr,
-                               .Decor = PaintPoint<51>};
+                               .Decor = PaintPoint<51>,
+                               .Title = Title};
 
 DDBlock BlockOf(const FRec &row) {
     DDBlock block = {};

@@ -11,6 +11,7 @@
 #include "ledger/reconcile.h"
 #include "ledger/shares.h"
 #include "platform/text.h"
+#include "resources/deeds.h"
 #include "state/messages.h"
 #include "store/windows.h"
 
@@ -72,6 +73,9 @@ void TranDialogFill(int initialise);
 int TranDialogSave();
 void DiaProcTran(const Event &event);
 void TapTran(int item);
+void Decor(int mask);
+const char16_t *Title();
+void EnterNext();
 
 // ORDER LAYOUT
 enum Layout : int { Basic, AdvancedNew, AdvancedExisting, Reconcile };
@@ -88,7 +92,9 @@ constexpr Form FormOf(const FormTemplate *controls, std::span<const FormPart> pa
             .Cross = ForgetPartner,
             .Changed = DiaProcTran,
             .Tapped = TapTran,
-            .Decor = PaintPoint<65>};
+            .Decor = Decor,
+            .Title = Title,
+            .Again = EnterNext};
 }
 constexpr Form Forms[] = {
     // ORDER LAYOUT
@@ -104,6 +110,19 @@ const Form *CurrentLayout() {
     if (!state.ViewIsAdvanced)
         return &Forms[Basic];
     return &Forms[IsNew() ? AdvancedNew : AdvancedExisting];
+}
+
+const char16_t *Title() {
+    if (Working().RowKind == ReconcileEntry)
+        return u"Reconcile";
+    return IsNew() ? u"New transaction" : u"Transaction";
+}
+
+// The amount of a Reconcile entry is what the bank says.
+void Decor(int mask) {
+    PaintPoint<65>(mask);
+    if (mask & DecorLabels && Working().RowKind == ReconcileEntry)
+        PaintText(DialogWindow, u"Statement balance", {40, 87, 194, 103}, Align::Left, Font::Bold, Black);
 }
 
 // An entry's fields as a block, and back, with the partner that the form has picked.
@@ -264,6 +283,7 @@ int SaveEntry() {
     const bool isNew = WillBeNew();
     if (state.FilterView)
         ClearFilters();
+    NameDeed(isNew ? Deed::Added : Deed::Changed);
     if (WriteEntry(isNew))
         return FinishAction();
     TellUnwritten();
@@ -346,6 +366,18 @@ void TapTran(int item) {
     default:
         break;
     }
+}
+
+// The next entry of a pile: a new one of the same day.
+void EnterNext() {
+    const RecDate date = Working().Date;
+    if (state.CurrentScreen != TransactionList || Working().RowKind != EntryRow)
+        return;
+    state.SelectedPos[TransactionList] = state.EntryCount[TransactionList] + 1;
+    if (!OpenTransactionForm(EntryRow))
+        return;
+    Working().Date = date;
+    SetFieldDate(DateField, date);
 }
 
 } // namespace

@@ -1,10 +1,12 @@
 #include "frame/changes.h"
+#include "frame/refusal.h"
 #include "ledger/balance.h"
 #include "ledger/bin.h"
 #include "ledger/filter.h"
 #include "ledger/order.h"
 #include "ledger/recurring.h"
 #include "platform/shell.h"
+#include "resources/deeds.h"
 #include "state/greys.h"
 #include <algorithm>
 
@@ -131,6 +133,7 @@ void CheckDDs() {
     const int32_t selection = state.SelectedPos[TransactionList];
     if (PostDueItems() == 0)
         return;
+    NameDeed(Deed::Posted);
     CheckT1totals();
     RefreshAccounts();
     LoadCurrentAccount();

@@ -9,6 +9,7 @@
 #include "frame/scroll.h"
 #include "frame/shown.h"
 #include "platform/shell.h"
+#include "resources/deeds.h"
 #include "state/error_log.h"
 #include "state/greys.h"
 #include "state/messages.h"
@@ -64,10 +65,44 @@ void FillLists() {
     }
 }
 
+void ShowTitle() {
+    TitleDevice(state.OpenedForm && state.OpenedForm->Title ? state.OpenedForm->Title() : nullptr);
+}
+
+// A date that can't be read is told and stays to be put right.
+int RefuseDate() {
+    if (!FieldPresent(DateField) || ControlDateReads(DateField))
+        return 0;
+    FocusControl(DateField);
+    RefuseTick(Help::NoDate);
+    return 1;
+}
+
+// What the tick of the open form will have done.
+Deed DeedOfTick() {
+    switch (state.ActiveDialog) {
+    case ConfigurationDialog:
+        return Deed::Configured;
+    case NotepadDialog:
+        return Deed::Noted;
+    case NewAccountDialog:
+        return Deed::Added;
+    case ImportDialog:
+        return Deed::Imported;
+    default:
+        break;
+    }
+    const int screen = state.CurrentScreen;
+    const bool isNew = state.DuplicateOn || state.SelectedPos[screen] > state.EntryCount[screen];
+    return isNew ? Deed::Added : Deed::Changed;
+}
+
 void TickForm() {
-    if (!state.OpenedForm->Tick)
+    if (!state.OpenedForm->Tick || RefuseDate())
         return;
+    const Deed deed = DeedOfTick();
     const int result = state.OpenedForm->Tick();
+    NameDeed(deed);
     if (result == TickUnwritten)
         GiveActionUp();
     else if (result == TickDone && FinishAction())
@@ -80,6 +115,14 @@ void CrossForm() {
     if (state.OpenedForm->Cross)
         state.OpenedForm->Cross();
     Dialog_End();
+}
+
+// The tick, and a new form of the kind once the work is done.
+void TickAndGoOn() {
+    void (*const again)() = state.OpenedForm->Again;
+    TickForm();
+    if (again && !state.OpenedForm)
+        again();
 }
 
 int HandleCommand(int command) {
@@ -126,6 +169,8 @@ int HandleKey(Key key) {
         return 0;
     if (key == Key::Tick || key == Key::Enter)
         TickForm();
+    else if (key == Key::TickAndNext)
+        TickAndGoOn();
     else if (key == Key::Escape)
         CrossForm();
     else if (state.OpenedForm->KeysStep && (key == Key::Up || key == Key::Down))
@@ -135,7 +180,38 @@ int HandleKey(Key key) {
     return 1;
 }
 
+// The sign that stands before a number.
+struct FieldSign {
+    int16_t Field;
+    int Item; // FormItem
+    uint32_t State::*Word;
+    int Decor;
+};
+// clang-format off
+constexpr FieldSign Signs[] = {
+    {WholeField,      FirstSignItem,  &State::FirstSign,  DecorFirstSign},
+    {FractionField,   FirstSignItem,  &State::FirstSign,  DecorFirstSign},
+    {MultiplierField, SecondSignItem, &State::SecondSign, DecorSecondSign},
+    {MaxField,        FirstSignItem,  &State::FirstSign,  DecorFirstSign},
+    {MinField,        SecondSignItem, &State::SecondSign, DecorSecondSign},
+};
+// clang-format on
+
+void SetSign(int field, int plus) {
+    for (const FieldSign &sign : Signs)
+        if (sign.Field == field && ShowsItem(sign.Item)) {
+            state.*(sign.Word) = static_cast<uint32_t>(plus);
+            DrawDialogDecor(sign.Decor);
+            return;
+        }
+    Beep(); // a number that has none
+}
+
 void HandleControl(const Event &event) {
+    if (event.Change == ControlChange::Minus || event.Change == ControlChange::Plus) {
+        SetSign(event.Control, event.Change == ControlChange::Plus);
+        return;
+    }
     const bool told = event.Change == ControlChange::Focus || event.Change == ControlChange::Dropped ||
                       event.Change == ControlChange::Pressed || event.Change == ControlChange::Calendar;
     if (event.Change == ControlChange::Text || event.Change == ControlChange::Choice)
@@ -175,6 +251,7 @@ int Dialog_Init(const Form *form) {
     if (form->Fill)
         form->Fill(1);
     DrawDialogDecor(DecorAll);
+    ShowTitle();
     return 1;
 }
 
@@ -188,6 +265,7 @@ void RebuildForm(const Form *form, int initialise) {
     if (FieldPresent(focused))
         FocusControl(focused);
     DrawDialogDecor(DecorAll);
+    ShowTitle();
 }
 
 void Dialog_End() {
@@ -196,6 +274,7 @@ void Dialog_End() {
     SipControl(LowerMode);
     CloseForm();
     state.OpenedForm = nullptr;
+    ShowTitle();
     state.ActiveDialog = NoDialog;
     state.RowCount = state.MessageWindowOn ? RowsAboveMessages : MostRows;
     if (state.CurrentScreen != GraphList) {

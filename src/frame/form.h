@@ -70,13 +70,15 @@ struct Form {
     std::span<const FormPart> Parts;
     std::span<const FieldHelp> FieldHelps;
     std::span<const FieldList> Lists;
-    void (*Fill)(int initialise);        // 1: loads the working copy first; 0: shows it as it is
-    int (*Tick)();                       // a TickResult; null: the form ends by itself
-    void (*Cross)();                     // null: nothing to undo
-    void (*Changed)(const Event &event); // control events beyond help; null: none
-    void (*Tapped)(int item);            // what a tap on a part does beyond what it does on all forms; null: nothing
-    void (*Decor)(int mask);             // painting beyond the parts; null: none
-    int KeysStep = 0;                    // 1: the keys Up and Down are taps on the arrows
+    void (*Fill)(int initialise);         // 1: loads the working copy first; 0: shows it as it is
+    int (*Tick)();                        // a TickResult; null: the form ends by itself
+    void (*Cross)();                      // null: nothing to undo
+    void (*Changed)(const Event &event);  // control events beyond help; null: none
+    void (*Tapped)(int item);             // what a tap on a part does beyond what it does on all forms; null: nothing
+    void (*Decor)(int mask);              // painting beyond the parts; null: none
+    int KeysStep = 0;                     // 1: the keys Up and Down are taps on the arrows
+    const char16_t *(*Title)() = nullptr; // what the device's title bar calls it
+    void (*Again)() = nullptr;            // after a tick that is to be followed by a new form; null: nothing follows
 };
 
 // Opens a form: ActiveDialog, controls and their lists, Fill(1), background and parts, room for the message window,

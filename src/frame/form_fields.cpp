@@ -38,6 +38,11 @@ uint32_t WithinValid(uint32_t dayNumber) {
 
 } // namespace
 
+const char16_t *FieldName(int field) {
+    const FormControl *control = ControlOf(field);
+    return control ? control->Name : nullptr;
+}
+
 bool FieldPresent(int field) {
     return ControlOf(field) != nullptr;
 }

@@ -5,6 +5,8 @@
 
 inline constexpr int NumberRoom = 24; // units of a number as text
 
+// The name that stands beside a field, null when the open form does not have it.
+const char16_t *FieldName(int field);
 // True when the open form has the control.
 bool FieldPresent(int field);
 // Sets a field's text, and remembers what the field then holds. A text longer than the field's limit is cut there.

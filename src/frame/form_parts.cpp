@@ -129,15 +129,6 @@ bool PartPresent(const FormPart &part) {
     return !part.Present || part.Present();
 }
 
-const FormPart *PartAt(int x, int y) {
-    if (!state.OpenedForm)
-        return nullptr;
-    for (const FormPart &part : state.OpenedForm->Parts)
-        if (Inside(part.Hit, x, y) && PartPresent(part))
-            return &part;
-    return nullptr;
-}
-
 const FieldHelp *HelpOf(int id) {
     for (const FieldHelp &row : state.OpenedForm->FieldHelps)
         if (row.Id == id)
@@ -172,6 +163,22 @@ void Tap(const FormPart &part) {
 }
 
 } // namespace
+
+const FormPart *PartAt(int x, int y) {
+    if (!state.OpenedForm)
+        return nullptr;
+    for (const FormPart &part : state.OpenedForm->Parts)
+        if (Inside(part.Hit, x, y) && PartPresent(part))
+            return &part;
+    return nullptr;
+}
+
+bool ShowsItem(int item) {
+    for (const FormPart &part : state.OpenedForm->Parts)
+        if (part.Item == item && PartPresent(part))
+            return true;
+    return false;
+}
 
 int TapPart(int x, int y) {
     const FormPart *part = PartAt(x, y);

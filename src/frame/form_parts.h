@@ -1,6 +1,8 @@
 // The parts of the open form that are painted by hand: painting them, and taps on them.
 #pragma once
 
+struct FormPart;
+
 // Bits of the mask of DrawDialogDecor.
 enum DecorMask : int {
     DecorGround = 1,
@@ -25,6 +27,11 @@ enum DecorMask : int {
 void DrawDialogDecor(int mask);
 // The FormItem under a point of DialogWindow, NoItem for none.
 int DialogItemAtPos(int x, int y);
+
+// The part under a point of DialogWindow, null for none.
+const FormPart *PartAt(int x, int y);
+// True when the open form shows a part for the item.
+bool ShowsItem(int item);
 
 // Taps, heard by the frame alone.
 // Acts on the part under a point of DialogWindow: what its item does on all forms, then what it does on this one, its

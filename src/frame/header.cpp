@@ -11,7 +11,7 @@
 namespace {
 
 constexpr int CellBottom = TitlesBottom - 2;
-constexpr int GripTop = 19, GripWidth = 2, GripHeight = 13, GripStep = 4, MostGripRoom = 20;
+constexpr int GripWidth = 2, GripStep = 4, MostGripRoom = 20, FirstGrip = 5;
 constexpr int TitleTextRoom = 30; // grips leave at least this much to the title
 constexpr Rect TimesBox = {0, 0, 12, 12};
 constexpr int TimesTop = 20, TimesBack = 8; // the cross stands this much left of the column's third
@@ -31,22 +31,31 @@ void DrawTitleText(int left, int right, const char16_t *text) {
     PaintText(TopWindow, text, {left, HeaderBottom + 1, right, CellBottom + 1}, Align::Centre, Font::Bold, Black, 1);
 }
 
-void DrawGrips(int left, int right) {
+// Grips at each end of a column's title.
+int GripCount(int left, int right) {
     const int room = std::min((right - left - TitleTextRoom) / 2, MostGripRoom);
-    if (room < GripStep)
-        return;
-    for (int i = 0; i <= (room - GripStep) / GripStep; ++i) {
+    return state.CurrentScreen == AccountList && room >= GripStep ? room / GripStep : 0;
+}
+
+void DrawGrips(int left, int right) {
+    for (int i = 0; i < GripCount(left, right); ++i) {
         const Rect whole = {0, 0, GripWidth, GripHeight};
-        CopyImage(TopWindow, {left + 5 + i * GripStep, GripTop}, GripBar, whole);
-        CopyImage(TopWindow, {right - 7 - i * GripStep, GripTop}, GripBar, whole);
+        const int from = FirstGrip + i * GripStep;
+        CopyImage(TopWindow, {left + from, GripTop}, GripBar, whole);
+        CopyImage(TopWindow, {right - from - GripWidth, GripTop}, GripBar, whole);
     }
 }
 
 } // namespace
 
+int GripReach(int left, int right) {
+    const int count = GripCount(left, right);
+    return count > 0 ? FirstGrip + (count - 1) * GripStep + GripWidth : 0;
+}
+
 Colour HeaderInk() {
     const bool archives = state.ArchiveView && state.CurrentScreen >= AccountList && state.CurrentScreen <= GraphList;
-    return archives ? AlertRed : White;
+    return archives ? InkOn(BrushColour(HeaderBrush), AlertRed) : White;
 }
 
 void UpdateCounts() {
@@ -93,6 +102,5 @@ void DrawColumnTitle(int left, int right, const char16_t *text, int brush) {
     } else {
         DrawTitleText(textLeft, textRight, text);
     }
-    if (state.CurrentScreen == AccountList)
-        DrawGrips(left, right);
+    DrawGrips(left, right);
 }

@@ -24,5 +24,9 @@ void DrawHeaderTitle(const char16_t *title);
 void DrawHeaderArrows();
 // One column title cell. The texts "X B" and "A =" are the conversions' and get their signs.
 void DrawColumnTitle(int left, int right, const char16_t *text, int brush);
+// Where the grips of a column's edges stand in the titles, and how far from its edge the outermost of a column reaches;
+// 0 when it has none.
+inline constexpr int GripTop = 19, GripHeight = 13;
+int GripReach(int left, int right);
 // Ink of header title and counts: red on screens 1 to 3 in the archive view.
 Colour HeaderInk();

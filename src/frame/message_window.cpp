@@ -70,9 +70,10 @@ void PaintReportLine(Window window, int row, int top) {
         return;
     }
     const bool any = row == WellFormed ? state.ImportSucceeded != 0 : count[row] != 0;
-    const Colour ink = any ? line.WhenAny : line.WhenNone;
+    const Colour wanted = any ? line.WhenAny : line.WhenNone;
     char16_t number[16] = u"";
     AppendNumber(number, 16, count[row]);
+    const Colour ink = wanted == AlertRed ? InkOn(White, wanted) : wanted;
     PaintText(window, number, {TextLeft, top, CountRight, textBox.Bottom}, Align::Right, Font::Bold, ink, 1);
     PaintText(window, line.Text, textBox, Align::Left, Font::Bold, ink, 1);
 }
@@ -86,7 +87,8 @@ void PaintLine(Window window, int id, int top) {
     if (!*text)
         return;
     PaintText(window, text, {TextLeft, top, ScreenWidth, top + MessageLineHeight},
-              state.MessageAlign ? Align::Centre : Align::Left, Font::Bold, HasExclamation(text) ? AlertRed : Black, 1);
+              state.MessageAlign ? Align::Centre : Align::Left, Font::Bold,
+              HasExclamation(text) ? InkOn(White, AlertRed) : Black, 1);
 }
 
 void PaintCurrentScreen(int mask) {

@@ -2,6 +2,7 @@
 #include "frame/form.h"
 #include "frame/shown.h"
 #include "platform/action.h"
+#include "resources/deeds.h"
 #include "state/greys.h"
 #include "state/messages.h"
 #include "state/state.h"
@@ -17,6 +18,7 @@ struct Shown {
     int32_t TopPos[ScreenCount + 1], SelectedPos[ScreenCount + 1];
 };
 Shown noted;
+bool named; // the action that runs
 
 void FindAccountAgain() {
     const int32_t position = IDtoRec(noted.AccountID);
@@ -34,7 +36,27 @@ void HoldInside(int list) {
         ReloadList(list, SetRecPosition(state.SelectedPos[list], count));
 }
 
-void ReloadNoted() {
+} // namespace
+
+void NameDeed(Deed deed) {
+    named = true;
+    NameAction(static_cast<int>(deed));
+}
+
+void KeepNamedDeed() {
+    if (!named)
+        ActionLeavesNoHistory();
+}
+
+void NoteShown() {
+    named = false;
+    noted.CurrentScreen = state.CurrentScreen;
+    noted.AccountID = state.CurAccount.ID;
+    std::copy(std::begin(state.TopPos), std::end(state.TopPos), noted.TopPos);
+    std::copy(std::begin(state.SelectedPos), std::end(state.SelectedPos), noted.SelectedPos);
+}
+
+void ReloadShown() {
     state.ReconcileState = ReconcileStep::Idle;
     state.RangeStart = state.RangeFinish = 0;
     state.RangeStartPlace = state.RangeFinishPlace = {};
@@ -61,16 +83,8 @@ void ReloadNoted() {
     state.CurrentScreen = screen;
 }
 
-} // namespace
-
-void NoteShown() {
-    noted.CurrentScreen = state.CurrentScreen;
-    noted.AccountID = state.CurAccount.ID;
-    std::copy(std::begin(state.TopPos), std::end(state.TopPos), noted.TopPos);
-    std::copy(std::begin(state.SelectedPos), std::end(state.SelectedPos), noted.SelectedPos);
-}
-
 int FinishAction() {
+    KeepNamedDeed();
     if (!CommitAction()) {
         GiveActionUp();
         return 0;
@@ -87,7 +101,8 @@ void GiveActionUp() {
 void GiveActionUp(Help help) {
     AbortAction();
     BeginAction();
-    ReloadNoted();
+    named = false;
+    ReloadShown();
     if (state.ActiveDialog == NoDialog && state.FileAccessReady) {
         SetGreys(state.CurrentScreen);
         RepaintScreen();

@@ -2,6 +2,15 @@
 #pragma once
 
 #include "resources/help_lines.h"
+#include <cstdint>
+
+enum class Deed : uint8_t; // resources/deeds.h
+
+// Says what the action that runs is, for whoever takes it back. The last word holds. What nobody names has only looked
+// (a file that came to be, the marker of today, totals of a new day): nobody expects an undo to take that back.
+void NameDeed(Deed deed);
+// Before the action is committed: keeps it for the undo when it has a name.
+void KeepNamedDeed();
 
 // Notes where the owner is: screen, account and positions. At the begin of each action that an owner's event
 // starts.
@@ -10,10 +19,12 @@ void NoteShown();
 // Ends the action that runs, for a form that has done its work: 1 when it is durable; the next action then runs. 0 when
 // it was refused: the rows stand as before, the owner has been told, and the next action runs.
 [[nodiscard]] int FinishAction();
-// Nothing of the action stays, whether it was refused or is to be given up: the accounts, the account that was current,
-// found by its ID, and the rows of the screen are read anew, positions held inside the lists, the reconcile
-// search and a range half chosen forgotten, and the owner is told why. An open form stays as it is. The next action
-// then runs.
+// What is shown is read anew from the files: the accounts, the account that was current at the begin of the action,
+// found by its ID, and the rows of the screen, positions held inside the lists; the reconcile search and a range half
+// chosen are forgotten.
+void ReloadShown();
+// Nothing of the action stays, whether it was refused or is to be given up: what is shown is read anew, and the owner
+// is told why. An open form stays as it is. The next action then runs.
 void GiveActionUp();
 // The same, told by lines of the caller's own: the trouble was with a file of the owner's, not with the records.
 void GiveActionUp(Help help);

@@ -7,7 +7,9 @@
 #include "frame/changes.h"
 #include "frame/header.h"
 #include "frame/message_window.h"
+#include "frame/refusal.h"
 #include "frame/shown.h"
+#include "input/asking.h"
 #include "input/ranges.h"
 #include "ledger/archive.h"
 #include "ledger/balance.h"
@@ -15,6 +17,7 @@
 #include "ledger/filter.h"
 #include "ledger/jeopardy.h"
 #include "platform/shell.h"
+#include "resources/deeds.h"
 #include "resources/menus.h"
 #include "screens/front_page.h"
 #include "screens/graph_gestures.h"
@@ -263,16 +266,28 @@ void DeleteOne(int) {
         Beep();
         return;
     }
-    BinRow(state.SelectedPos[state.CurrentScreen]);
+    if (state.CurrentScreen != BinList || Confirmed(CommandDeleteOne))
+        BinRow(state.SelectedPos[state.CurrentScreen]);
+}
+
+// In the bin the second of the two commands that name a range deletes for good.
+int MayDeleteRange(int id) {
+    const bool ends = id == CommandDeleteStart ? state.RangeFinish > 0 : state.RangeStart > 0;
+    return state.CurrentScreen != BinList || !ends || Confirmed(id);
 }
 
 void DeleteRange(int id) {
+    if (!MayDeleteRange(id))
+        return;
     if (id == CommandDeleteStart ? SelectRangeStart() : SelectRangeFinish())
         ShowRemaining();
 }
 
-void DeletePreceding(int) {
-    if (DeleteRecRange(1, state.SelectedPos[state.CurrentScreen]) != 1) {
+void DeletePreceding(int id) {
+    const int screen = state.CurrentScreen;
+    if (screen == BinList && InList(state.SelectedPos[screen]) && !Confirmed(id))
+        return;
+    if (DeleteRecRange(1, state.SelectedPos[screen]) != 1) {
         Beep();
         return;
     }
@@ -281,7 +296,9 @@ void DeletePreceding(int) {
     ShowRemaining();
 }
 
-void EmptyTheBin(int) {
+void EmptyTheBin(int id) {
+    if (!Confirmed(id))
+        return;
     ClearFilters();
     if (!EmptyBin())
         return;
@@ -390,52 +407,53 @@ struct CommandRow {
     int Screens; // bit n: acts on screen n
     InForm Form;
     void (*Do)(int id);
+    Deed Named = Deed::Unnamed; // what it writes; a form that it opens names its own
 };
 // clang-format off
 constexpr CommandRow Commands[] = {
     {CommandNew,             NotBin,         InForm::Nothing,  NewEntry},
     {CommandNotepad,         Everywhere,     InForm::Nothing,  OpenNotepad},
     {CommandGeneral,         Everywhere,     InForm::Nothing,  OpenConfiguration},
-    {CommandAlign,           Entries,        InForm::Nothing,  AlignColumns},
+    {CommandAlign,           Entries,        InForm::Nothing,  AlignColumns, Deed::Aligned},
     {CommandPasswordOn,      Everywhere,     InForm::Nothing,  PassCodeOn},
     {CommandPasswordOff,     Everywhere,     InForm::Nothing,  PassCodeOff},
-    {CommandJeopardyOn,      AccountViews,   InForm::Explains, Jeopardy},
-    {CommandJeopardyOff,     AccountViews,   InForm::Nothing,  Jeopardy},
-    {ShowName,               EntriesOrGraph, InForm::Nothing,  Filter},
-    {ShowCategory,           EntriesOrGraph, InForm::Nothing,  Filter},
-    {ShowFlag,               EntriesOrGraph, InForm::Nothing,  Filter},
-    {ShowRef,                EntriesOrGraph, InForm::Nothing,  Filter},
-    {ShowDate,               EntriesOrGraph, InForm::Nothing,  Filter},
-    {ShowMonth,              EntriesOrGraph, InForm::Nothing,  Filter},
-    {ShowYear,               EntriesOrGraph, InForm::Nothing,  Filter},
-    {ShowEntry,              EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludeName,            EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludeCategory,        EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludeFlag,            EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludeRef,             EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludeDate,            EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludeMonth,           EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludeYear,            EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludeEntry,           EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludePreceding,       EntriesOrGraph, InForm::Nothing,  Filter},
-    {ExcludeFollowing,       EntriesOrGraph, InForm::Nothing,  Filter},
-    {CommandFilterOff,       Everywhere,     InForm::Nothing,  FilterOff},
-    {CommandInsertDay,       Entries,        InForm::Nothing,  InsertDay},
+    {CommandJeopardyOn,      AccountViews,   InForm::Explains, Jeopardy, Deed::Watched},
+    {CommandJeopardyOff,     AccountViews,   InForm::Nothing,  Jeopardy, Deed::Watched},
+    {ShowName,               EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ShowCategory,           EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ShowFlag,               EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ShowRef,                EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ShowDate,               EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ShowMonth,              EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ShowYear,               EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ShowEntry,              EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludeName,            EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludeCategory,        EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludeFlag,            EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludeRef,             EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludeDate,            EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludeMonth,           EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludeYear,            EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludeEntry,           EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludePreceding,       EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {ExcludeFollowing,       EntriesOrGraph, InForm::Nothing,  Filter, Deed::Filtered},
+    {CommandFilterOff,       Everywhere,     InForm::Nothing,  FilterOff, Deed::Unfiltered},
+    {CommandInsertDay,       Entries,        InForm::Nothing,  InsertDay, Deed::Marked},
     {CommandInsertReconcile, Entries,        InForm::Nothing,  InsertReconcile},
-    {CommandInsertTotal,     Accounts,       InForm::Nothing,  InsertTotal},
+    {CommandInsertTotal,     Accounts,       InForm::Nothing,  InsertTotal, Deed::Marked},
     {CommandModify,          NotBin,         InForm::Explains, ModifyEntry},
-    {CommandDeleteOne,       Everywhere,     InForm::Nothing,  DeleteOne},
-    {CommandDeleteStart,     Everywhere,     InForm::Nothing,  DeleteRange},
-    {CommandDeleteFinish,    Everywhere,     InForm::Nothing,  DeleteRange},
-    {CommandDeletePreceding, Everywhere,     InForm::Nothing,  DeletePreceding},
-    {CommandEmptyBin,        Everywhere,     InForm::Nothing,  EmptyTheBin},
+    {CommandDeleteOne,       Everywhere,     InForm::Nothing,  DeleteOne, Deed::Deleted},
+    {CommandDeleteStart,     Everywhere,     InForm::Nothing,  DeleteRange, Deed::Deleted},
+    {CommandDeleteFinish,    Everywhere,     InForm::Nothing,  DeleteRange, Deed::Deleted},
+    {CommandDeletePreceding, Everywhere,     InForm::Nothing,  DeletePreceding, Deed::Deleted},
+    {CommandEmptyBin,        Everywhere,     InForm::Nothing,  EmptyTheBin, Deed::BinEmptied},
     {CommandAbout,           Everywhere,     InForm::Nothing,  About},
     {CommandExport,          EntriesOrGraph, InForm::Beeps,    ExportEntries},
     {CommandImport,          EntriesOrGraph, InForm::Beeps,    ImportEntries},
     {CommandBackup,          Everywhere,     InForm::Nothing,  OpenBackup},
     {CommandRestore,         Everywhere,     InForm::Nothing,  OpenRestore},
-    {CommandArchive,         EntriesOrGraph, InForm::Beeps,    ArchivePreceding},
-    {CommandUnarchive,       Entries,        InForm::Beeps,    UnarchiveFollowing},
+    {CommandArchive,         EntriesOrGraph, InForm::Beeps,    ArchivePreceding, Deed::Archived},
+    {CommandUnarchive,       Entries,        InForm::Beeps,    UnarchiveFollowing, Deed::Unarchived},
     {CommandExit,            Everywhere,     InForm::Nothing,  Quit},
     {CommandCross,           Everywhere,     InForm::Nothing,  Cross},
     {CommandLeftEye,         Everywhere,     InForm::Works,    Eyes},
@@ -495,6 +513,8 @@ void DoCommand(int command) {
             row.Form == InForm::Explains ? ExplainModify() : Beep();
         } else if (row.Screens >> state.CurrentScreen & 1) {
             row.Do(command);
+            if (row.Named != Deed::Unnamed)
+                NameDeed(row.Named);
         } else {
             Beep();
         }

@@ -5,6 +5,7 @@
 #include "frame/shown.h"
 #include "frame/tabs.h"
 #include "input/press.h"
+#include "platform/action.h"
 #include "platform/shell.h"
 #include "screens/list_screen.h"
 #include "screens/moving.h"
@@ -54,8 +55,11 @@ void ReleaseEdge() {
     state.ColumnDragScreen = 0;
     state.ColumnGrab = 0;
     state.ColumnRepaintGate = 1;
+    ActionLeavesNoHistory(); // it only concerns how things look
     if (screen == TransactionList && state.CurrentScreen == TransactionList)
         KeepAccountEdges();
+    else if (screen == state.CurrentScreen)
+        StoreConfFile(); // at once: nobody knows how the program will end
     ScreenOf(state.CurrentScreen)->Paint(ListWindow, PaintColumns | PaintRows | PaintTabs);
 }
 

@@ -3,6 +3,8 @@
 #include "frame/header.h"
 #include "frame/shown.h"
 #include "input/press.h"
+#include "input/search.h"
+#include "input/undo.h"
 #include "input/wndproc.h"
 #include "platform/shell.h"
 #include "resources/menus.h"
@@ -119,14 +121,31 @@ void StrokeSelected(Key) {
     const int32_t selected = state.SelectedPos[state.CurrentScreen];
     if (!screen || !screen->Stroke || selected < 1)
         return;
-    if (!SelectionShows())
+    if (!SelectionShows()) // nobody acts on what he does not see: it comes into view, and the next press acts
         CentreOnSelection();
-    screen->Stroke(selected);
+    else
+        screen->Stroke(selected);
+}
+
+void FindByTyping(Key) {
+    BeginSearch();
+}
+
+void DeleteSelected(Key) {
+    const int screen = state.CurrentScreen;
+    if (screen != GraphList && InList(state.SelectedPos[screen]) && !SelectionShows())
+        CentreOnSelection();
+    else
+        WndProc({.Kind = EventKind::Command, .Code = CommandDeleteOne});
 }
 
 // As if the stylus dragged the selected row to a tab, or over the row before or behind it.
 void DropSelected(Key key) {
-    DropRow(static_cast<int>(key) - static_cast<int>(Key::Drop1) + 1, state.SelectedPos[state.CurrentScreen]);
+    const int tab = static_cast<int>(key) - static_cast<int>(Key::Drop1) + 1;
+    if (tab == BinList && state.CurrentScreen == BinList)
+        DeleteSelected(key); // for good
+    else
+        DropRow(tab, state.SelectedPos[state.CurrentScreen]);
 }
 
 void MoveSelected(Key key) {
@@ -155,6 +174,10 @@ void LeaveByKey(Key) {
         WndProc({.Kind = EventKind::Command, .Code = CommandCross});
 }
 
+void TakeBack(Key key) {
+    TakeActionBack(key == Key::Redo);
+}
+
 struct KeyAction {
     Key First, Last;
     void (*Do)(Key key);
@@ -173,11 +196,14 @@ constexpr KeyAction KeyActions[] = {
     {Key::Header, Key::Header,  TapHeaderByKey, 0},
     {Key::Escape, Key::Escape,  LeaveByKey,     0},
     {Key::Help,   Key::Help,    nullptr,        CommandLeftEye},
-    {Key::Delete, Key::Delete,  nullptr,        CommandDeleteOne},
+    {Key::Delete, Key::Delete,  DeleteSelected, 0},
+    {Key::Find,   Key::Find,    FindByTyping,   0},
     {Key::New,    Key::New,     nullptr,        CommandNew},
     {Key::Modify, Key::Modify,  nullptr,        CommandModify},
     {Key::Tick,   Key::Tick,    nullptr,        CommandTick},
     {Key::HubButton, Key::HubButton, nullptr,   CommandHub},
+    {Key::Undo,   Key::Redo,    TakeBack,       0},
+    {Key::TickAndNext, Key::TickAndNext, nullptr, CommandTick},
 };
 // clang-format on
 

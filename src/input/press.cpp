@@ -1,6 +1,7 @@
 #include "input/press.h"
 #include "drawing/geometry.h"
 #include "frame/command_bar.h"
+#include "frame/form_hints.h"
 #include "frame/header.h"
 #include "frame/shown.h"
 #include "frame/tabs.h"
@@ -76,14 +77,15 @@ struct HeaderSpot {
     int Left, Right; // x, both included
     bool EveryList;  // also on the screens that belong to no account
     void (*Tap)();
+    Hint Says;
 };
 // clang-format off
 constexpr HeaderSpot HeaderSpots[] = {
-    {  0,  29, true,  ExplainSelectedNumber},
-    { 30,  59, false, StepBack},
-    { 60, 178, false, SwitchArchiveView},
-    {179, 210, false, StepForward},
-    {211, 239, true,  ExplainEntryCount},
+    {  0,  29, true,  ExplainSelectedNumber, {u"The selected row", Key::None}},
+    { 30,  59, false, StepBack,              {u"The account before", Key::Left}},
+    { 60, 178, false, SwitchArchiveView,     {u"Account view or archive view", Key::Header}},
+    {179, 210, false, StepForward,           {u"The account after", Key::Right}},
+    {211, 239, true,  ExplainEntryCount,     {u"The number of rows", Key::None}},
 };
 // clang-format on
 
@@ -91,13 +93,16 @@ bool ScreenBelongsToAccount(int screen) {
     return screen >= AccountList && screen <= GraphList;
 }
 
+const HeaderSpot *HeaderSpotAt(int x) {
+    for (const HeaderSpot &spot : HeaderSpots)
+        if (x >= spot.Left && x <= spot.Right && (spot.EveryList || ScreenBelongsToAccount(state.CurrentScreen)))
+            return &spot;
+    return nullptr;
+}
+
 void TapHeader(int x) {
-    for (const HeaderSpot &spot : HeaderSpots) {
-        if (x < spot.Left || x > spot.Right || !(spot.EveryList || ScreenBelongsToAccount(state.CurrentScreen)))
-            continue;
-        spot.Tap();
-        return;
-    }
+    if (const HeaderSpot *spot = HeaderSpotAt(x))
+        spot->Tap();
 }
 
 // --- The column titles
@@ -114,6 +119,34 @@ int EdgeAt(const ListScreen &screen, int x) {
     return 0;
 }
 
+// The edge whose grips are painted at a point, 0 for none.
+int GripAt(const ListScreen &screen, int x, int y) {
+    const int32_t *edge = state.ColumnEdge[screen.List];
+    for (int i = 1; i <= screen.Grabs && y >= GripTop && y < GripTop + GripHeight; ++i) {
+        const int next = i == screen.Grabs ? ScreenWidth : edge[i + 1];
+        if (x >= edge[i] - GripReach(edge[i - 1], edge[i]) && x < edge[i] + GripReach(edge[i], next))
+            return i;
+    }
+    return 0;
+}
+
+const TitleSpot *TitleSpotAt(const ListScreen &screen, int x, int y) {
+    const int32_t *edge = state.ColumnEdge[screen.List];
+    for (int i = 0; i < screen.SpotCount; ++i) {
+        const TitleSpot &spot = screen.Spots[i];
+        if (x >= edge[spot.FromEdge] + spot.From && x <= edge[spot.ToEdge] + spot.To && y >= spot.Top)
+            return &spot;
+    }
+    return nullptr;
+}
+
+// What a press on the titles grabs: grips go before what stands under them.
+int EdgeToGrab(const ListScreen &screen, int x, int y) {
+    if (const int grip = GripAt(screen, x, y))
+        return grip;
+    return TitleSpotAt(screen, x, y) ? 0 : EdgeAt(screen, x);
+}
+
 void GrabEdge(int screen, int edge) {
     state.ColumnGrab = edge;
     state.ColumnDragScreen = screen;
@@ -122,16 +155,10 @@ void GrabEdge(int screen, int edge) {
 }
 
 void TapTitles(const ListScreen &screen, int x, int y) {
-    const int32_t *edge = state.ColumnEdge[screen.List];
-    for (int i = 0; i < screen.SpotCount; ++i) {
-        const TitleSpot &spot = screen.Spots[i];
-        if (x >= edge[spot.FromEdge] + spot.From && x <= edge[spot.ToEdge] + spot.To && y >= spot.Top) {
-            spot.Tap(x);
-            return;
-        }
-    }
-    if (const int grabbed = EdgeAt(screen, x))
+    if (const int grabbed = EdgeToGrab(screen, x, y))
         GrabEdge(screen.List, grabbed);
+    else if (const TitleSpot *spot = TitleSpotAt(screen, x, y))
+        spot->Tap(x);
     else if (screen.ColumnsExplained)
         ShowHelp(Help::Columns);
 }
@@ -165,6 +192,34 @@ void TurnEyes(Window window, int x, int y) {
 }
 
 } // namespace
+
+int EdgeUnder(Window where, int x, int y) {
+    const ListScreen *screen = ScreenOf(state.CurrentScreen);
+    const bool titles = where == TopWindow && y > HeaderBottom && y < TitlesBottom;
+    return titles && screen && state.FrontPageDone && state.ActiveDialog == NoDialog ? EdgeToGrab(*screen, x, y) : 0;
+}
+
+Hint HintOf(Window where, int x, int y) {
+    // clang-format off
+    static constexpr Hint Tabs[] = { // ORDER LIST
+        {}, {u"Accounts", Key::Tab1}, {u"Transactions", Key::Tab2}, {u"Graphs", Key::Tab3},
+        {u"Recurring items", Key::Tab4}, {u"Templates", Key::Tab5}, {u"Bin", Key::Tab6}, {u"Categories", Key::Tab7},
+        {u"Conversions", Key::Tab8},
+    };
+    // clang-format on
+    if (where == DialogWindow)
+        return HintOfForm(x, y);
+    if (state.ActiveDialog != NoDialog || !state.FrontPageDone)
+        return {};
+    if (where == TopWindow) {
+        const HeaderSpot *spot = y <= HeaderBottom ? HeaderSpotAt(x) : nullptr;
+        return spot ? spot->Says : EdgeUnder(where, x, y) ? Hint{u"Drag the column's edge"} : Hint{};
+    }
+    const int place = LinePos(where, x, y);
+    if (place == PageButtonPlace)
+        return {u"The other tabs"};
+    return place < 0 ? Tabs[-place] : Hint{};
+}
 
 int LinePos(Window window, int x, int y) {
     if (window != ListWindow || x < 0 || x >= ScreenWidth || y < 0)

@@ -3,12 +3,14 @@
 #include "forms/pass_code.h"
 #include "frame/form.h"
 #include "frame/header.h"
+#include "input/asking.h"
 #include "input/commands.h"
 #include "input/drag.h"
 #include "input/hub_input.h"
 #include "input/keys.h"
 #include "input/press.h"
 #include "input/scrolling.h"
+#include "input/search.h"
 #include "platform/surface.h"
 #include "resources/menus.h"
 #include "screens/front_page.h"
@@ -36,7 +38,10 @@ void DoPaint() {
 } // namespace
 
 void WndProc(const Event &event) {
-    if (HandlePageEvent(event) || HubHears(event) || (state.HubState != LargeHub && HandlePaletteEvent(event)))
+    if (HandlePageEvent(event))
+        return;
+    HearAnswer(event);
+    if (HearSearch(event) || HubHears(event) || (state.HubState != LargeHub && HandlePaletteEvent(event)))
         return;
     if (state.ActiveDialog == PassCodeDialog && HandlePassCodeEvent(event))
         return;

@@ -17,12 +17,22 @@ enum class ControlKind : uint8_t {
     Progress,
 };
 
+// What may be typed into an edit box or the box of a combo box; anything else is refused as it is typed.
+enum class Holds : uint8_t {
+    AnyText,
+    Whole, // the whole units of an amount, whose Fraction is the next control that holds one: a point or a comma goes
+           // on to it, and an amount pasted fills both
+    Fraction, // up to three decimals
+    Count,    // a whole number, or a row of the box's list
+};
+
 struct FormControl {
     int16_t Id;
     ControlKind Kind;
     int16_t X, Y, Width, Height; // in DialogWindow
     int16_t Limit;               // most units of text, 0 for no limit
     const char16_t *Name = u"";  // said by a screen reader: the label that stands beside it
+    Holds What = Holds::AnyText; // of a Number always Count
 };
 struct FormTemplate {
     int16_t Resource;
@@ -55,6 +65,8 @@ void SetControlCheck(int id, int on);
 int ControlChecked(int id);
 void SetControlDate(int id, const ControlDate &date);
 ControlDate GetControlDate(int id);
+// 0 while what is typed in a date box is no date; GetControlDate then still gives the date before.
+int ControlDateReads(int id);
 void SetControlProgress(int id, int percent);
 void SetControlLimit(int id, int units);
 void EnableControl(int id, int on);

@@ -47,6 +47,9 @@ enum class Key : uint8_t {
     Header, // a tap on the header's title
     FlagPart, FirstSignPart, SecondSignPart, ClearedPart, FreePart, DuplicatePart, ViewPart, // taps on parts of a form
     OtherSidePart, // the other block of a recurring item, the other direction of a conversion
+    TickAndNext,   // the tick, then a new form of the same kind
+    Find,          // begins a search by what is typed
+    Undo, Redo,    // takes the last change back, does it again
     HubButton, // the command bar's
     HubKeys, // and the codes behind it: the key of the hub with that number, from 0
 };
@@ -61,6 +64,7 @@ enum class ControlChange : uint8_t {
     Pressed,      // a check box, button or list row was pressed
     DoublePressed,
     Calendar,     // the calendar was opened
+    Minus, Plus,  // that sign was typed into a box that holds a number
 };
 // clang-format on
 
@@ -72,4 +76,10 @@ struct Event {
     int Position = 0;
     int Control = 0;
     ControlChange Change = ControlChange::Focus;
+};
+
+// What stands somewhere, in words, and the key that does the same as a tap there.
+struct Hint {
+    const char16_t *Words = nullptr; // null: nothing that has a name
+    Key Pressed = Key::None;
 };

@@ -16,6 +16,8 @@ void ShowWindow(Window window, int on);
 int WindowShown(Window window);
 // For HubWindow and HostWindow, in TopWindow's coordinates.
 void PlaceWindow(Window window, const Rect &box);
+// What the device's title bar says; the program's own name for null.
+void TitleDevice(const char16_t *title);
 // Ends the host's loop after the present event.
 void LeaveLoop();
 
@@ -55,3 +57,7 @@ void Sleep(int milliseconds);
 int Random(int below);
 // A line on the terminal, for trouble that must not be silent.
 void TellTerminal(const char *line);
+// A report of trouble, of a kind from 0 to 31, for the terminal. The owner reads of each kind once; of trouble with the
+// files of `directory` (a device path, null for other trouble) once for each cause, which the line names as far as the
+// machine knows it.
+void TellTrouble(int kind, const char *directory, const char *line);

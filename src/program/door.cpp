@@ -1,5 +1,6 @@
 #include "program/door.h"
 #include "frame/refusal.h"
+#include "input/press.h"
 #include "input/wndproc.h"
 #include "platform/action.h"
 #include "platform/files.h"
@@ -29,6 +30,7 @@ void HandleEvent(const Event &event) {
     BeginAction();
     NoteShown();
     WndProc(event);
+    KeepNamedDeed();
     if (!CommitAction()) {
         GiveActionUp();
         AbortAction(); // what the reading anew would set right waits for a machine that takes it
@@ -48,6 +50,14 @@ void HandleEvent(const Event &event) {
 
 int IdleStep() {
     return DrawAbout();
+}
+
+Hint HintAt(Window where, int x, int y) {
+    return state.Next == NextStep::Left ? Hint{} : HintOf(where, x, y);
+}
+
+int CanDragEdge(Window where, int x, int y) {
+    return state.Next != NextStep::Left && EdgeUnder(where, x, y) != 0;
 }
 
 void RestStep() {

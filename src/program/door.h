@@ -19,3 +19,9 @@ int IdleStep();
 // for it.
 inline constexpr int RestMilliseconds = 2000;
 void RestStep();
+
+// Questions of a host, which change nothing.
+// What stands at a point of a window.
+Hint HintAt(Window where, int x, int y);
+// 1 where a column's edge can be dragged.
+int CanDragEdge(Window where, int x, int y);

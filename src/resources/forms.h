@@ -57,40 +57,40 @@ inline constexpr FormControl AccountControls[] = {
 inline constexpr FormControl BasicControls[] = {
     {DateField,        ControlKind::Date,       40,  21, 175,  20, 0,                 u"Date"},
     {TitleField,       ControlKind::Combo,      40,  43, 186,  20, TitleLimit,        u"Name"},
-    {WholeField,       ControlKind::Combo,      40,  65,  80,  20, NumberLimit,       u"Amount"},
-    {FractionField,    ControlKind::Combo,     130,  65,  64,  20, FractionLimit,     u"Fraction"},
+    {WholeField,       ControlKind::Combo,      40,  65,  80,  20, NumberLimit,       u"Amount",     Holds::Whole},
+    {FractionField,    ControlKind::Combo,     130,  65,  64,  20, FractionLimit,     u"Fraction",   Holds::Fraction},
 };
 inline constexpr FormControl AdvancedControls[] = {
     {DateField,        ControlKind::Date,       40,  21, 175,  20, 0,                 u"Date"},
     {TitleField,       ControlKind::Combo,      40,  43, 186,  20, TitleLimit,        u"Name"},
-    {WholeField,       ControlKind::Combo,      40,  65,  80,  20, NumberLimit,       u"Amount"},
-    {FractionField,    ControlKind::Combo,     130,  65,  64,  20, FractionLimit,     u"Fraction"},
+    {WholeField,       ControlKind::Combo,      40,  65,  80,  20, NumberLimit,       u"Amount",     Holds::Whole},
+    {FractionField,    ControlKind::Combo,     130,  65,  64,  20, FractionLimit,     u"Fraction",   Holds::Fraction},
     {TextField,        ControlKind::Edit,       40,  93, 186,  20, MemoLimit,         u"Ref"},
-    {MultiplierField,  ControlKind::Combo,      40, 115, 140,  20, NumberLimit,       u"Number"},
+    {MultiplierField,  ControlKind::Combo,      40, 115, 140,  20, NumberLimit,       u"Number",     Holds::Count},
     {CategoryField,    ControlKind::List,       40, 137, 186,  20, 0,                 u"Category"},
     {TransferField,    ControlKind::Combo,      40, 162, 160,  20, TextLimit,         u"Transfer"},
 };
 inline constexpr FormControl ExistingControls[] = {
     {DateField,        ControlKind::Date,       40,  21, 175,  20, 0,                 u"Date"},
     {TitleField,       ControlKind::Combo,      40,  43, 186,  20, TitleLimit,        u"Name"},
-    {WholeField,       ControlKind::Combo,      40,  65,  80,  20, NumberLimit,       u"Amount"},
-    {FractionField,    ControlKind::Combo,     130,  65,  64,  20, FractionLimit,     u"Fraction"},
+    {WholeField,       ControlKind::Combo,      40,  65,  80,  20, NumberLimit,       u"Amount",     Holds::Whole},
+    {FractionField,    ControlKind::Combo,     130,  65,  64,  20, FractionLimit,     u"Fraction",   Holds::Fraction},
     {TextField,        ControlKind::Edit,       40,  93, 186,  20, MemoLimit,         u"Ref"},
-    {MultiplierField,  ControlKind::Combo,      40, 115, 140,  20, NumberLimit,       u"Number"},
+    {MultiplierField,  ControlKind::Combo,      40, 115, 140,  20, NumberLimit,       u"Number",     Holds::Count},
     {CategoryField,    ControlKind::List,       40, 137, 186,  20, 0,                 u"Category"},
 };
 inline constexpr FormControl ReconcileControls[] = {
     {DateField,        ControlKind::Date,       40,  35, 175,  20, 0,                 u"Date"},
-    {WholeField,       ControlKind::Combo,      40,  65,  80,  20, NumberLimit,       u"Amount"},
-    {FractionField,    ControlKind::Combo,     130,  65,  64,  20, FractionLimit,     u"Fraction"},
+    {WholeField,       ControlKind::Combo,      40,  65,  80,  20, NumberLimit,       u"Amount",     Holds::Whole},
+    {FractionField,    ControlKind::Combo,     130,  65,  64,  20, FractionLimit,     u"Fraction",   Holds::Fraction},
 };
 
 inline constexpr FormControl TemplateControls[] = {
     {TitleField,       ControlKind::Combo,      40,  24, 186,  20, TitleLimit,        u"Name"},
-    {WholeField,       ControlKind::Combo,      40,  50,  80,  20, NumberLimit,       u"Amount"},
-    {FractionField,    ControlKind::Combo,     130,  50,  54,  20, FractionLimit,     u"Fraction"},
+    {WholeField,       ControlKind::Combo,      40,  50,  80,  20, NumberLimit,       u"Amount",     Holds::Whole},
+    {FractionField,    ControlKind::Combo,     130,  50,  54,  20, FractionLimit,     u"Fraction",   Holds::Fraction},
     {TextField,        ControlKind::Edit,       40,  80, 186,  20, MemoLimit,         u"Ref"},
-    {MultiplierField,  ControlKind::Combo,      40, 110, 140,  20, NumberLimit,       u"Number"},
+    {MultiplierField,  ControlKind::Combo,      40, 110, 140,  20, NumberLimit,       u"Number",     Holds::Count},
     {TransferField,    ControlKind::Combo,      40, 134, 186,  20, TextLimit,         u"Transfer"},
     {CategoryField,    ControlKind::List,       40, 158, 186,  20, 0,                 u"Category"},
 };
@@ -98,22 +98,22 @@ inline constexpr FormControl TemplateControls[] = {
 inline constexpr FormControl RecurringControls[] = {
     {DateField,        ControlKind::Date,       40,   6, 170,  20, 0,                 u"Date"},
     {TitleField,       ControlKind::Combo,      40,  30, 186,  20, TitleLimit,        u"Name"},
-    {WholeField,       ControlKind::Combo,      40,  51,  80,  20, NumberLimit,       u"Amount"},
-    {FractionField,    ControlKind::Combo,     130,  51,  60,  20, FractionLimit,     u"Fraction"},
+    {WholeField,       ControlKind::Combo,      40,  51,  80,  20, NumberLimit,       u"Amount",     Holds::Whole},
+    {FractionField,    ControlKind::Combo,     130,  51,  60,  20, FractionLimit,     u"Fraction",   Holds::Fraction},
     {TextField,        ControlKind::Edit,       40,  73, 186,  20, MemoLimit,         u"Ref"},
-    {MultiplierField,  ControlKind::Combo,      40,  95, 140,  20, NumberLimit,       u"Number"},
+    {MultiplierField,  ControlKind::Combo,      40,  95, 140,  20, NumberLimit,       u"Number",     Holds::Count},
     {AccountField,     ControlKind::Combo,      15, 131, 104,  19, TextLimit,         u"Account"},
     {TransferField,    ControlKind::Combo,     134, 131, 104,  19, TextLimit,         u"Transfer"},
     {CategoryField,    ControlKind::List,       40, 150, 186,  19, 0,                 u"Category"},
-    {CountField,       ControlKind::Combo,      39, 169,  40,  19, CountLimit,        u"Every"},
+    {CountField,       ControlKind::Combo,      39, 169,  40,  19, CountLimit,        u"Every",      Holds::Count},
     {UnitField,        ControlKind::List,       80, 169,  68,  19, 0,                 u"Unit"},
-    {RemainingField,   ControlKind::Combo,     170, 169,  66,  19, CountLimit,        u"For"},
+    {RemainingField,   ControlKind::Combo,     170, 169,  66,  19, CountLimit,        u"For",        Holds::Count},
 };
 
 inline constexpr FormControl ConversionControls[] = {
     {FromField,        ControlKind::Combo,       5,  40, 230,  20, TextLimit,         u"From"},
-    {WholeField,       ControlKind::Combo,      50,  84,  80,  20, NumberLimit,       u"Amount"},
-    {FractionField,    ControlKind::Combo,     140,  84,  54,  20, FractionLimit,     u"Fraction"},
+    {WholeField,       ControlKind::Combo,      50,  84,  80,  20, NumberLimit,       u"Amount",     Holds::Whole},
+    {FractionField,    ControlKind::Combo,     140,  84,  54,  20, FractionLimit,     u"Fraction",   Holds::Fraction},
     {ToField,          ControlKind::Combo,       5, 127, 230,  20, TextLimit,         u"To"},
     {TextField,        ControlKind::Edit,       40, 152, 186,  20, TextLimit,         u"Ref"},
 };
@@ -129,7 +129,7 @@ inline constexpr FormControl NotepadControls[] = {
 
 inline constexpr FormControl ConfigurationControls[] = {
     {FrontPageCheck,   ControlKind::Check,     180,  47,  18,  18, 0,                 u"Display startup screen"},
-    {LookAheadField,   ControlKind::Combo,     124,  77,  50,  20, LookAheadLimit,    u"Look ahead"},
+    {LookAheadField,   ControlKind::Combo,     124,  77,  50,  20, LookAheadLimit,    u"Look ahead", Holds::Count},
     {AdvancedCheck,    ControlKind::Check,     180, 109,  18,  18, 0,                 u"I'm an advanced user"},
 };
 

@@ -177,6 +177,13 @@ enum class AddedLine : int16_t {
     SET(TotalMarkerMade,            240,       241,         0,       242,         0,       243)  \
     SET(TotalMarkerDeleted,           0,       244,         0,       245,         0,         0)  \
     SET(Deleted,                      0,         0,       233,         0,         0,         0)  \
+    SET(AskDeleteOne,                 0,       500,       502,         0,       503,       504)  \
+    SET(AskDeleteSeveral,             0,       501,       502,         0,       503,       504)  \
+    SET(AskEmptyBin,                  0,       505,       502,         0,       503,       504)  \
+    SET(TakenBack,                    0,       580, AddedHere,         0,         0,         0)  \
+    SET(DoneAgain,                    0,       581, AddedHere,         0,         0,         0)  \
+    SET(NothingToTakeBack,            0,       582,         0,         0,         0,         0)  \
+    SET(NothingToDoAgain,             0,       583,         0,         0,         0,         0)  \
     SET(SelectStart,                  0,       229,         0,       231,         0, AddedHere)  \
     SET(SelectFinish,                 0,       230,         0,       231,         0, AddedHere)  \
     SET(SelectAgain,                  0,       231,         0,       232,         0,         0)  \
@@ -231,6 +238,7 @@ enum class AddedLine : int16_t {
     SET(Export,                       0,       197,       198,         0,         0,         0)  \
     /* Fields and parts of forms */                                                              \
     SET(DateField,                    0,       137,       138,         0,         0,         0)  \
+    SET(NoDate,                       0,       506,         0,       507,       508,         0)  \
     SET(TitleField,                   0,       139,       144,       140,         0,         0)  \
     SET(CategoryNameField,            0,       139,         0,       162,         0,         0)  \
     SET(DescriptionField,             0,       147,         0,       162,         0,         0)  \

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 inline constexpr int MessageLines = 6; // of the message window
-inline constexpr int MessageRoom = 40, LastMessage = 546;
+inline constexpr int MessageRoom = 40, LastMessage = 603;
 
 struct Message {
     int16_t Id;
@@ -492,6 +492,15 @@ inline constexpr Message Messages[] = {
     {492, u"What was done last stands in the journal"},
     {493, u"but the machine refuses to write it"},
     {494, u"into the files. They are left alone"},
+    {500, u"Delete this entry for good?"},
+    {501, u"Delete these entries for good?"},
+    {502, u"It can't be taken back"},
+    {503, u"Do the same again to do it;"},
+    {504, u"anything else leaves all as it is"},
+    {505, u"Empty the bin?"},
+    {506, u"This is no date"},
+    {507, u"Type it as 15 Apr 2027 or 2027-04-15,"},
+    {508, u"or choose it in the calendar"},
     {520, u"Wrong pass code!"},
     {521, u"Too many wrong codes in this run:"},
     {522, u"leave and start again"},
@@ -513,5 +522,29 @@ inline constexpr Message Messages[] = {
     {544, u"There are entries of accounts,"},
     {545, u"but the list of the accounts is empty"},
     {546, u"The file can't be written!"},
+    {580, u"Taken back:"},
+    {581, u"Done again:"},
+    {582, u"Nothing is left to take back"},
+    {583, u"Nothing is left to do again"},
+    {584, u"the last change"},
+    {585, u"a new entry"},
+    {586, u"a change of an entry"},
+    {587, u"what was deleted"},
+    {588, u"a move of a row"},
+    {589, u"what went to another list"},
+    {590, u"the mark of a reconciled entry"},
+    {591, u"the reconciling with a statement"},
+    {592, u"the filter"},
+    {593, u"the end of the filters"},
+    {594, u"the archiving"},
+    {595, u"the return from the archive"},
+    {596, u"what the recurring items posted"},
+    {597, u"the emptying of the bin"},
+    {598, u"the watch on limits"},
+    {599, u"a marker"},
+    {600, u"the widths of the columns"},
+    {601, u"the settings"},
+    {602, u"the notepad"},
+    {603, u"what was imported"},
 };
 // clang-format on

@@ -2,10 +2,12 @@
 #include "drawing/saying.h"
 #include "frame/changes.h"
 #include "frame/header.h"
+#include "frame/refusal.h"
 #include "frame/shown.h"
 #include "ledger/markers.h"
 #include "ledger/recurring.h"
 #include "resources/art.h"
+#include "resources/deeds.h"
 #include "resources/geometry.h"
 #include "screens/inserting.h"
 #include "screens/list_screen.h"
@@ -76,6 +78,7 @@ void ToggleReconciledView(int) {
 // --- Strokes and drops
 
 void Stroke(int position) {
+    NameDeed(Deed::Marked);
     if (InList(position) && Marked(position)) {
         if (DeleteRecMem(position))
             ShowHelp(Help::TotalMarkerDeleted);

@@ -1,6 +1,8 @@
 // Screen 8: the conversions, each shown forward or reversed.
 #include "frame/changes.h"
 #include "frame/header.h"
+#include "frame/refusal.h"
+#include "resources/deeds.h"
 #include "resources/geometry.h"
 #include "screens/list_screen.h"
 #include "screens/moving.h"
@@ -33,6 +35,7 @@ void Stroke(int position) {
     CurRec row;
     if (!InList(position) || !FetchCur(position, &row))
         return;
+    NameDeed(Deed::Changed);
     row.DirectionState = row.DirectionState == 1 ? 0 : 1;
     ModRecFile(0, position, &row);
     state.SelectedPos[ConversionList] = position;

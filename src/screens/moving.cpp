@@ -1,8 +1,10 @@
 #include "screens/moving.h"
 #include "frame/changes.h"
 #include "frame/header.h"
+#include "frame/refusal.h"
 #include "ledger/bin.h"
 #include "platform/shell.h"
+#include "resources/deeds.h"
 #include "screens/list_screen.h"
 #include "screens/transactions.h"
 #include "store/windows.h"
@@ -18,6 +20,7 @@ void Reorder(const ListScreen &screen, int from, int to) {
         to = state.EntryCount[list] + 1;
     if (!ShiftRecord(from, to))
         return;
+    NameDeed(Deed::Moved);
     if (screen.Changed)
         screen.Changed();
     ReloadAndPaint(PaintCounts | PaintColumns | PaintRows);
@@ -43,6 +46,7 @@ void BinRow(int position) {
         Beep();
         return;
     }
+    NameDeed(Deed::Deleted);
     const ListScreen *list = ScreenOf(state.CurrentScreen);
     if (list->Changed)
         list->Changed();
@@ -58,6 +62,8 @@ void MoveRow(int from, int to) {
 
 void DropRow(int tab, int position) {
     const ListScreen *screen = ScreenOf(state.CurrentScreen);
-    if (const TabDrop *drop = screen ? DropFor(*screen, tab, position) : nullptr)
+    if (const TabDrop *drop = screen ? DropFor(*screen, tab, position) : nullptr) {
+        NameDeed(Deed::Sent); // to the bin is deleted
         drop->Drop(position);
+    }
 }

@@ -24,7 +24,8 @@ void RowText(const RowStrip &row, int left, int right, const char16_t *text, Ali
     if (right <= left || !*text)
         return;
     Say(text);
-    PaintText(row.Where, text, RowTextBox(row.Place.Top, left, right), align, font, ink);
+    PaintText(row.Where, text, RowTextBox(row.Place.Top, left, right), align, font,
+              InkOn(FillOfRow((left + right) / 2), ink));
 }
 
 void RowAmount(const RowStrip &row, int left, int right, FixedAmount value, int decimals, Align align) {
@@ -43,7 +44,8 @@ void RowNumber(const RowStrip &row, int left, int right, int64_t value, Align al
     if (right <= left)
         return;
     SayNumber(value, ink == AlertRed);
-    PaintText(row.Where, text, RowTextBox(row.Place.Top, left, right), align, Font::Normal, ink, 1);
+    PaintText(row.Where, text, RowTextBox(row.Place.Top, left, right), align, Font::Normal,
+              InkOn(FillOfRow((left + right) / 2), ink), 1);
 }
 
 const char16_t *AccountTypeName(uint32_t accountType) {

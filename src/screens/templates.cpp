@@ -1,6 +1,8 @@
 // Screen 5: the templates.
 #include "frame/changes.h"
 #include "frame/header.h"
+#include "frame/refusal.h"
+#include "resources/deeds.h"
 #include "screens/list_screen.h"
 #include "screens/moving.h"
 #include "screens/rows.h"
@@ -50,6 +52,7 @@ void Stroke(int position) {
     FRec row;
     if (!InList(position) || !FetchFav(position, &row))
         return;
+    NameDeed(Deed::Stroked);
     row.Cleared = row.Cleared == 1 ? 0 : 1;
     if (!ModRecFile(0, position, &row))
         return;

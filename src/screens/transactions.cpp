@@ -4,6 +4,7 @@
 #include "drawing/saying.h"
 #include "frame/changes.h"
 #include "frame/header.h"
+#include "frame/refusal.h"
 #include "frame/shown.h"
 #include "ledger/balance.h"
 #include "ledger/jeopardy.h"
@@ -11,6 +12,7 @@
 #include "platform/shell.h"
 #include "platform/text.h"
 #include "records/entry_values.h"
+#include "resources/deeds.h"
 #include "resources/geometry.h"
 #include "screens/list_screen.h"
 #include "screens/measure.h"
@@ -219,6 +221,7 @@ void StrokeSolved(int position) {
     }
     if (!ApplyReconcile(EntriesShown()) || !DeleteRecFile(state.CurAccount.ID, position))
         return;
+    NameDeed(Deed::Reconciled);
     RepairTop(TransactionList);
     RecomputeBalances();
     ReloadAndPaint(PaintCounts | PaintRows);
@@ -242,6 +245,7 @@ void StrokeEntry(int position, TRec *row) {
     row->Cleared = row->Cleared == 1 ? 0 : 1;
     if (!ModRecFile(state.CurAccount.ID, position, row))
         return;
+    NameDeed(Deed::Stroked);
     ShowHelp(row->Cleared ? Help::MarkedReconciled : Help::MarkedUnreconciled);
     state.SelectedPos[TransactionList] = position;
     RecomputeBalances();

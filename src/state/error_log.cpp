@@ -10,6 +10,7 @@ namespace {
 
 constexpr char ErrorLogPath[] = "\\Program Files\\Zentrik\\Data\\ZentErrorLog.txt";
 constexpr char TracePath[] = "AAAtrace.txt";
+constexpr char DataPath[] = "\\Program Files\\Zentrik\\E1_Data";
 constexpr int LineRoom = 160;
 constexpr int TracedUnits = 32;
 
@@ -18,6 +19,11 @@ template <int Count> const char *NameOf(const ErrorName (&names)[Count], uint8_t
         if (row.Id == id)
             return row.Name;
     return "";
+}
+
+// Whether the trouble is one of the files; others have no cause in a directory.
+bool IsOfFiles(Trouble error) {
+    return error != Trouble::CaseError && error != Trouble::WrongVersion && error != Trouble::LimitReached;
 }
 
 // The reporting path must not fail, so nobody asks how it went.
@@ -41,7 +47,7 @@ int ReportError(In function, Trouble error) {
     const int length = std::snprintf(line, sizeof line - 1, "%s %s %s %s", date, time,
                                      NameOf(FunctionNames, static_cast<uint8_t>(function)),
                                      NameOf(TroubleNames, static_cast<uint8_t>(error)));
-    TellTerminal(line);
+    TellTrouble(static_cast<int>(error), IsOfFiles(error) ? DataPath : nullptr, line);
     std::memcpy(line + length, "\n", 2);
     AppendLine(ErrorLogPath, line);
     return 1;

@@ -5,7 +5,8 @@
 #include <cstdint>
 
 // Appends "%s %s %s\n" (short date and time, function, error) to ZentErrorLog.txt in the directory
-// "\Program Files\Zentrik\Data"; the line is lost when that directory is missing. Returns 1.
+// "\Program Files\Zentrik\Data"; the line is lost when that directory is missing. The terminal
+// reads of each trouble once: with the directory and the cause where the machine knows them. Returns 1.
 int ReportError(In function, Trouble error);
 
 // A line "<%s>" in AAAtrace.txt: the names of damaged records. TraceWide takes at most 32 units of the text.

@@ -132,6 +132,12 @@ struct ColourState {
     int32_t RefR, RefG, RefB; // what contrast is taken from: the colour when it was linked
     int32_t MarkX, MarkY;     // of the cone's marker, 0 to 255
 };
+struct CellFill { // x of ListWindow, the right one excluded
+    int32_t Left, Right;
+    Colour Fill;
+};
+inline constexpr int MostFills = 12; // of a row
+inline constexpr int SearchRoom = 32;
 
 inline constexpr int EveryBand = 1023; // the mask that means everything to a paint procedure
 using PaintProcedure = void (*)(Window window, int mask);
@@ -215,6 +221,8 @@ struct State {
     int32_t YearColumn;      // x of the year in a date cell, measured at start-up
     int32_t HighlightPos;    // position drawn as selected, 0 none
     int32_t ScrollBarShown;
+    CellFill RowFill[MostFills]; // of the row painted last, later ones over earlier ones
+    int32_t RowFills;
     int32_t LeftEye, RightEye;         // images of the command bar's eyes, 1 to 10
     int16_t MessageLine[MessageLines]; // the current message: ids, 0 blank, below 0 a line of the import report
     int16_t MessageAlign;              // 1 centred, 0 left
@@ -247,6 +255,17 @@ struct State {
     int32_t ColumnDragScreen; // screen whose column edge is held, 0 none
     int32_t ColumnGrab;       // index of the held edge
     uint32_t ColumnRepaintGate;
+
+    // Questions: a command that is done when it comes a second time
+    int32_t AskedCommand; // 0 none
+    int32_t AskedScreen, AskedPosition;
+    uint32_t AskOpenedHelp; // help mode goes again when the question does
+
+    // Search by what is typed
+    uint32_t SearchOn;
+    char16_t SearchText[SearchRoom];
+    int32_t SearchStart; // position selected when it began
+    int32_t SearchTop;   // of the window of rows then
 
     // Graph
     int32_t GraphMode;    // 0 none yet, 1 graph, 2 regression, 3 extrapolation, 4 bars, 5 pies

@@ -122,12 +122,12 @@ TEST(Amounts, SignIsColourAndNoDigitIsEverCut) {
         FixedAmount Value;
         int Decimals, Width;
         const char *Words;
-        Colour Ink;
+        bool Red;
     } cases[] = {
-        {0, 2, 80, "0.00", Black},
-        {-1234, 3, 80, "1.234", AlertRed},
-        {INT64_MIN, 2, 80, "*** ! ***", AlertRed},
-        {-12345678900, 2, 30, "12345678.90", AlertRed},
+        {0, 2, 80, "0.00", false},
+        {-1234, 3, 80, "1.234", true},
+        {INT64_MIN, 2, 80, "*** ! ***", true},
+        {-12345678900, 2, 30, "12345678.90", true},
     };
     for (const auto &row : cases) {
         TestRoot root;
@@ -136,7 +136,7 @@ TEST(Amounts, SignIsColourAndNoDigitIsEverCut) {
         const std::vector<StandingText> texts = TextsOn(ListWindow);
         ASSERT_EQ(texts.size(), 1u);
         EXPECT_EQ(texts[0].Words, row.Words);
-        EXPECT_EQ(texts[0].InkColour, row.Ink) << row.Words;
+        EXPECT_EQ(IsRed(texts[0].InkColour), row.Red) << row.Words;
         EXPECT_EQ(texts[0].Ink.Right, box.Right);
         EXPECT_FALSE(texts[0].Cut);
         EXPECT_EQ(texts[0].Fitted, row.Width < 60);

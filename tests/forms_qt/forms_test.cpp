@@ -15,7 +15,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScreen>
@@ -107,12 +106,12 @@ void Pick(QComboBox *box, const char *item) {
 
 std::string Shown(const char *name) {
     QWidget *const control = Control(name);
+    if (const ControlDate date = GetControlDate(DateField); std::string(name) == "Date")
+        return QDate(date.Year, date.Month, date.Day).toString(Qt::ISODate).toStdString();
     if (const auto *edit = qobject_cast<QLineEdit *>(control))
         return edit->text().toStdString();
     if (const auto *box = qobject_cast<QComboBox *>(control))
         return box->currentText().toStdString();
-    if (const auto *date = qobject_cast<QDateEdit *>(control))
-        return date->date().toString(Qt::ISODate).toStdString();
     if (const auto *note = qobject_cast<QPlainTextEdit *>(control))
         return note->toPlainText().toStdString();
     if (const auto *check = qobject_cast<QCheckBox *>(control))
@@ -133,8 +132,7 @@ void Enter(const Entry &entry) {
     switch (entry.How) {
     case By::Typing:
         TapControl(control);
-        if (!qobject_cast<QDateEdit *>(control)) // there the tap has selected the day
-            PressKey(Qt::Key_A, Qt::ControlModifier);
+        PressKey(Qt::Key_A, Qt::ControlModifier);
         Type(entry.Value);
         break;
     case By::Choice:
@@ -218,7 +216,7 @@ TEST_P(Forms, EveryListsFormKeepsWhatWasEntered) {
                 Enter(entry);
             // A recurring item of a far day: it must not post itself meanwhile, and is last in its list.
             if (story.Screen == RecurringList)
-                qobject_cast<QDateEdit *>(Control("Date"))->setDate(QDate(2090, 5, 31));
+                Enter({"Date", By::Typing, "31 May 2090"});
             for (const Entry &entry : story.Entries)
                 EXPECT_EQ(Shown(entry.Field), entry.Value) << entry.Field;
             Tick();
@@ -342,6 +340,38 @@ TEST_P(Forms, AnEntryIsTypedChosenAndFoundAgain) {
     });
 }
 
+TEST_P(Forms, WhatIsTypedInOneGoIsWhatIsKept) {
+    Sitting([] {
+        const auto value = [] { return state.TranRows[RowNamed(u"Typed")].Rec.Value; };
+        NewForm(TransactionList);
+        EXPECT_EQ(host.Frame->Title.toStdString(), "New transaction");
+        Enter({"Date", By::Typing, "29 Feb 2028"});
+        Enter({"Name", By::Typing, "Typed"});
+        Enter({"Amount", By::Typing, "+1.234,50"});
+        Tick();
+        ASSERT_GT(RowNamed(u"Typed"), 0);
+        EXPECT_EQ(value(), 1234500);
+        EXPECT_EQ(state.TranRows[RowNamed(u"Typed")].Rec.Date.Year, 2028u);
+        EXPECT_EQ(state.TranRows[RowNamed(u"Typed")].Rec.Date.Day, 29);
+
+        state.SelectedPos[TransactionList] = RowNamed(u"Typed");
+        PressKey(Qt::Key_M, Qt::ControlModifier);
+        Enter({"Date", By::Typing, "29 Feb 2027"});
+        PressKey(Qt::Key_Return);
+        ASSERT_TRUE(state.OpenedForm) << "no such day";
+        EXPECT_EQ(state.MessageLine[1], 506);
+        Enter({"Date", By::Typing, "28 Feb 2027"});
+        Enter({"Amount", By::Typing, "-12.50"});
+        PressKey(Qt::Key_Return, Qt::ShiftModifier); // and the next of the same day
+        ASSERT_TRUE(state.OpenedForm);
+        EXPECT_EQ(Shown("Date"), "2027-02-28");
+        Cross();
+        EXPECT_EQ(host.Frame->Title.toStdString(), "Zentrik");
+        PressKey(Qt::Key_F1);
+        EXPECT_EQ(value(), -12500);
+    });
+}
+
 TEST_P(Forms, ATemplateChosenInBasicOpensTheAdvancedViewUnderTheOwnersHand) {
     Sitting([] {
         NewForm(TemplateList);
@@ -430,9 +460,9 @@ TEST_P(Forms, NotepadAndSettingsAreKept) {
         HandleEvent({.Kind = EventKind::Command, .Code = CommandGeneral});
         EXPECT_EQ(Shown("Look ahead"), "14");
         EXPECT_EQ(Shown("I'm an advanced user"), "on");
-        Enter({"Look ahead", By::Typing, "abc"});
+        Enter({"Look ahead", By::Typing, "ab9"}); // letters are refused
         Tick();
-        EXPECT_EQ(state.CheckAheadDays, 7);
+        EXPECT_EQ(state.CheckAheadDays, 9);
         NewForm(TransactionList);
         EXPECT_TRUE(Control("Number"));
         Cross();

@@ -105,8 +105,8 @@ TEST(Header, TellsSelectionCountAndArchive) {
         int Screen;
         uint32_t Archive;
         int Selected, Count;
-        Colour Ink;
-    } cases[] = {{1, 0, 0, 0, White}, {2, 1, 3, 12, AlertRed}, {3, 1, 1, 1, AlertRed}, {4, 1, 100000, 100001, White}};
+        bool Red;
+    } cases[] = {{1, 0, 0, 0, false}, {2, 1, 3, 12, true}, {3, 1, 1, 1, true}, {4, 1, 100000, 100001, false}};
     for (const auto &row : cases) {
         TestRoot root;
         state.CurrentScreen = row.Screen;
@@ -120,7 +120,7 @@ TEST(Header, TellsSelectionCountAndArchive) {
         EXPECT_EQ(TextAt(TopWindow, {47, 0, 193, 15}), "Groceries");
         EXPECT_EQ(TextAt(TopWindow, {210, 0, 240, 15}), std::to_string(row.Count));
         for (const StandingText &text : TextsOn(TopWindow)) {
-            EXPECT_EQ(text.InkColour, row.Ink);
+            EXPECT_EQ(IsRed(text.InkColour), row.Red);
             EXPECT_FALSE(text.Cut) << text.Words;
         }
         EXPECT_EQ(ImageAt(TopWindow, 38, 7), GoldUp);

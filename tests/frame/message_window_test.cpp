@@ -52,7 +52,7 @@ TEST_F(Messages, EachLineStandsInItsPlaceAndWarningsAreRed) {
     std::vector<StandingText> texts = TextsOn(ListWindow);
     ASSERT_EQ(texts.size(), 2u);
     EXPECT_EQ(texts[0].Words, "!*** Invalid input ***!");
-    EXPECT_EQ(texts[0].InkColour, AlertRed);
+    EXPECT_TRUE(IsRed(texts[0].InkColour));
     EXPECT_EQ(texts[0].Box.Top, 150);
     EXPECT_EQ(texts[0].Place, Align::Centre);
     EXPECT_EQ(texts[0].Face, Font::Bold);
@@ -106,14 +106,16 @@ TEST_F(Messages, ArePaintedWhereTheOwnerLooksAndOnlyWhenTheyChange) {
 }
 
 TEST_F(Messages, ImportReportTellsWhatWentWrongInRed) {
-    constexpr struct {
+    const Colour WarningInk = InkOn(White, AlertRed);
+    EXPECT_TRUE(IsRed(WarningInk));
+    const struct {
         int32_t Counts[6];
         uint32_t Succeeded;
         Colour Inks[5];
         const char *Summary;
     } cases[] = {
         {{12, 0, 0, 0, 0, 12}, 1, {Green, Black, Black, Black, Black}, "Imported 12 of 12"},
-        {{1, 2, 3, 4, 5, 15}, 0, {MutedGrey, AlertRed, MutedGrey, AlertRed, AlertRed}, "Imported 3 of 15"},
+        {{1, 2, 3, 4, 5, 15}, 0, {MutedGrey, WarningInk, MutedGrey, WarningInk, WarningInk}, "Imported 3 of 15"},
     };
     constexpr const char *words[] = {"entries imported (well formed)", "entries imported (badly formed)",
                                      "entries skipped (as requested)", "entries skipped (unreadable)",

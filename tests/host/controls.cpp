@@ -179,3 +179,7 @@ void SendControlKey(int code) {
     }
     control->Selected = -1;
 }
+
+int ControlDateReads(int) {
+    return 1;
+}

@@ -294,6 +294,10 @@ static constexpr struct {
     {Key::DuplicatePart, "Duplicate"},
     {Key::ViewPart, "View"},
     {Key::OtherSidePart, "OtherSide"},
+    {Key::TickAndNext, "TickAndNext"},
+    {Key::Undo, "Undo"},
+    {Key::Redo, "Redo"},
+    {Key::Find, "Find"},
 };
 
 Key KeyByName(const std::string &name) {

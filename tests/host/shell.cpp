@@ -152,6 +152,14 @@ int Random(int below) {
     return below > 0 ? static_cast<int>((machine.RandomState >> 8) % static_cast<uint32_t>(below)) : 0;
 }
 
+void TitleDevice(const char16_t *title) {
+    machine.Title = title ? Utf8(title) : "";
+}
+
+void TellTrouble(int, const char *, const char *line) {
+    TellTerminal(line);
+}
+
 void TellTerminal(const char *line) {
     machine.Terminal.push_back(line);
 }

@@ -181,6 +181,11 @@ Colour ColourAt(Window window, int x, int y) {
     return Inside({0, 0, canvas.Width, canvas.Height}, x, y) ? canvas.At(x, y) : NothingPainted;
 }
 
+bool IsRed(Colour colour) {
+    const int red = colour >> 16 & 0xFF, green = colour >> 8 & 0xFF, blue = colour & 0xFF;
+    return red >= green + 40 && red >= blue + 40;
+}
+
 bool ColourIn(Window window, const Rect &box, Colour colour) {
     for (int y = box.Top; y < box.Bottom; ++y)
         for (int x = box.Left; x < box.Right; ++x)

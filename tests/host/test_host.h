@@ -116,6 +116,8 @@ std::string TextAt(Window window, const Rect &box);
 std::vector<StandingText> Remains(Window window);
 // The topmost fill or line, images passed over; NothingPainted outside the window or where nothing was painted.
 Colour ColourAt(Window window, int x, int y);
+// A colour that is seen as red, however dark or light its ground has made it.
+bool IsRed(Colour colour);
 // 1 when a pixel of this colour stands in the box.
 bool ColourIn(Window window, const Rect &box, Colour colour);
 std::vector<StandingImage> ImagesOn(Window window);
@@ -160,6 +162,7 @@ struct Machine {
     int ShownNow = 0; // calls of ShowNow
     uint32_t RandomState = 12345;
     std::vector<std::string> Terminal; // lines of TellTerminal
+    std::string Title;                 // of TitleDevice; "" for the program's own
 };
 extern Machine machine;
 // 0 for a greyed command, and for one in a greyed popup. A command that was never greyed is enabled.

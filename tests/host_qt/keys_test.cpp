@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMenu>
+#include <QTreeWidget>
 
 using namespace little;
 
@@ -65,6 +66,10 @@ TEST(Keys, EveryKeyOfTheTableIsSentAndNoOther) {
         {Qt::Key_Q, {}, "character q", "control 1002 Text"},
         {Qt::Key_Plus, Qt::KeypadModifier, "character +", "control 1002 Text"},
         {Qt::Key_K, Qt::ControlModifier, "hub 35", "hub 35"},
+        {Qt::Key_F, Qt::ControlModifier, "key Find", ""},
+        {Qt::Key_Z, Qt::ControlModifier, "key Undo", ""},
+        {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, "key Redo", ""},
+        {Qt::Key_Return, Qt::ShiftModifier, "", "key TickAndNext"},
     };
     for (const auto &row : Keys) {
         PressKey(row.Key, row.Modifiers);
@@ -146,7 +151,8 @@ TEST(Menus, ListWhatTheTableListsAndGreyWhatTheProgramGreys) {
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Right); // from Edit to the tools
     auto *tools = qobject_cast<QMenu *>(QApplication::activePopupWidget());
     ASSERT_TRUE(tools);
-    EXPECT_EQ(ItemsOf(tools), "About ..., Export ..., Import ..., Backup ..., Restore ..., Archive, Unarchive, Exit");
+    EXPECT_EQ(ItemsOf(tools),
+              "About ..., Export ..., Import ..., Backup ..., Restore ..., Archive, Unarchive, Keys ..., Exit");
     QTest::keyClick(tools, Qt::Key_Escape);
     EXPECT_EQ(Told(), ""); // the key was the menu's
 
@@ -157,6 +163,54 @@ TEST(Menus, ListWhatTheTableListsAndGreyWhatTheProgramGreys) {
     EnableMenuItem(ToolsPopup, 0);
     OpenBarMenu();
     EXPECT_FALSE(QApplication::activePopupWidget());
+}
+
+TEST(Menus, LettersChoose) {
+    BeginBar();
+    PressKey(Qt::Key_F10);
+    QTest::keyClick(QApplication::activePopupWidget(), 'm'); // the only one: it is taken
+    EXPECT_EQ(Told(), "command 40069");
+    EXPECT_FALSE(QApplication::activePopupWidget());
+    PressKey(Qt::Key_F10);
+    auto *const edit = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    ASSERT_TRUE(edit);
+    QTest::keyClick(edit, 'i'); // a menu of its own opens
+    auto *const insert = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    ASSERT_TRUE(insert && insert != edit);
+    QTest::keyClick(insert, 'r');
+    EXPECT_EQ(Told(), "command 40148");
+    PressKey(Qt::Key_F10);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Right);
+    auto *const tools = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    ASSERT_TRUE(tools);
+    for (const char *item : {"Export ...", "Exit", "Export ..."}) { // several: one after the other
+        QTest::keyClick(tools, 'e');
+        EXPECT_EQ(tools->activeAction()->text().toStdString(), item);
+    }
+    QTest::keyClick(tools, 'z');
+    QTest::keyClick(tools, Qt::Key_Escape);
+    EXPECT_EQ(Told(), "");
+}
+
+TEST(Keys, TheListOfThemIsReadOnTheScreen) {
+    BeginBar();
+    PressKey(Qt::Key_F12);
+    auto *const list = qobject_cast<QTreeWidget *>(QApplication::activePopupWidget());
+    ASSERT_TRUE(list);
+    EXPECT_EQ(list->findItems(QStringLiteral("Ctrl+N"), Qt::MatchExactly).size(), 1);
+    EXPECT_EQ(list->findItems(QStringLiteral("F12"), Qt::MatchExactly).size(), 1);
+    QTest::keyClick(list, Qt::Key_Down); // its own
+    QTest::keyClick(list, Qt::Key_Escape);
+    EXPECT_FALSE(QApplication::activePopupWidget());
+    EXPECT_EQ(Told(), "");
+}
+
+TEST(Bar, AButtonSaysWhatItIsAndItsKey) {
+    BeginBar();
+    std::string tips;
+    for (const QAbstractButton *button : host.Frame->Bar->findChildren<QAbstractButton *>())
+        tips += button->isVisible() && !button->toolTip().isEmpty() ? button->toolTip().toStdString() + "; " : "";
+    EXPECT_EQ(tips, "Tools (F10); Cross (Esc); Tick (Ctrl+Return); Left eye (F1); ");
 }
 
 TEST(Menus, AltOpensThemOnlyWhenPressedAlone) {

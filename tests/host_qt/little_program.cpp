@@ -2,6 +2,7 @@
 #include "hosts/qt/start.h"
 #include "program/door.h"
 #include <QApplication>
+#include <sstream>
 
 namespace little {
 
@@ -10,12 +11,27 @@ int IdleStepsWanted, IdleStepsDone;
 static std::string told;
 
 static const char *const WindowNames[] = {"None", "Top", "List", "Host", "Hub", "Dialog"};
-static const char *const KeyNames[] = {
-    "None",   "Up",     "Down",   "Left",   "Right",  "Enter",  "Backspace", "Clear",  "Digit0", "Digit1", "Digit2",
-    "Digit3", "Digit4", "Digit5", "Digit6", "Digit7", "Digit8", "Digit9",    "Tab1",   "Tab2",   "Tab3",   "Tab4",
-    "Tab5",   "Tab6",   "Tab7",   "Tab8",   "Stroke", "Escape", "Help",      "Delete", "New",    "Modify", "Tick"};
 static const char *const ScrollNames[] = {"LineUp", "LineDown", "PageUp", "PageDown", "ThumbTrack", "Top", "Bottom"};
-static const char *const ChangeNames[] = {"Focus", "Choice", "Dropped", "Text", "Pressed", "DoublePressed", "Calendar"};
+static const char *const ChangeNames[] = {"Focus",         "Choice",   "Dropped", "Text", "Pressed",
+                                          "DoublePressed", "Calendar", "Minus",   "Plus"};
+
+static std::string KeyWord(Key key) {
+    static constexpr struct {
+        Key First;
+        const char *Words; // of the keys from that one on
+    } Runs[] = {{Key::None, "None Up Down Left Right Enter Backspace Clear Digit0 Digit1 Digit2 Digit3 Digit4 Digit5 "
+                            "Digit6 Digit7 Digit8 Digit9 Tab1 Tab2 Tab3 Tab4 Tab5 Tab6 Tab7 Tab8 Stroke Escape Help "
+                            "Delete New Modify Tick"},
+                {Key::TickAndNext, "TickAndNext Find Undo Redo"}};
+    for (const auto &run : Runs) {
+        std::istringstream words(run.Words);
+        std::string word;
+        for (int code = static_cast<int>(run.First); words >> word; ++code)
+            if (code == static_cast<int>(key))
+                return word;
+    }
+    return "?";
+}
 
 static std::string Words(const Event &event) {
     static const char *const Pointer[] = {"down", "move", "up", "double"};
@@ -30,7 +46,7 @@ static std::string Words(const Event &event) {
     case EventKind::Key:
         if (event.Code >= static_cast<int>(Key::HubKeys))
             return "hub " + std::to_string(event.Code - static_cast<int>(Key::HubKeys));
-        return std::string("key ") + KeyNames[code];
+        return "key " + KeyWord(static_cast<Key>(event.Code));
     case EventKind::Character:
         return std::string("character ") + static_cast<char>(event.Code);
     case EventKind::Command:
@@ -85,6 +101,14 @@ void HandleEvent(const Event &event) {
     little::told += little::Words(event);
     if (little::OnEvent)
         little::OnEvent(event);
+}
+
+Hint HintAt(Window where, int x, int) {
+    return where == ListWindow && x < 100 ? Hint{u"Transactions", Key::Tab2} : Hint{};
+}
+
+int CanDragEdge(Window where, int x, int) {
+    return where == TopWindow && x >= 100 && x < 110;
 }
 
 void RestStep() {}

@@ -1,5 +1,7 @@
 // What a POSIX machine gives: one running copy a root, files, the clock.
 #include "host_qt/little_program.h"
+#include "hosts/qt/signals.h"
+#include "platform/cause.h"
 #include "platform/clock.h"
 #include "platform/disk.h"
 #include "platform/files.h"
@@ -53,6 +55,18 @@ TEST(Instance, ASecondCopyWakesTheFirstAndTheLockDiesWithItsProcess) {
     EXPECT_EQ(TakeInstanceLock(), 1);
 }
 
+TEST(Signals, AreTheCloseButton) {
+    Begin();
+    WatchSignals();
+    for (const int number : {SIGTERM, SIGHUP, SIGINT}) {
+        Told();
+        ASSERT_EQ(raise(number), 0);
+        EXPECT_EQ(Told(), "") << "nothing is done inside the handler";
+        Settle();
+        EXPECT_EQ(Told(), "close") << number;
+    }
+}
+
 TEST(Disk, ReadsAndWritesWhatItIsToldAndRefusesTheRest) {
     QTemporaryDir root;
     const std::string path = root.filePath(QStringLiteral("file")).toStdString(), other = path + "2";
@@ -96,6 +110,33 @@ TEST(Disk, ReadsAndWritesWhatItIsToldAndRefusesTheRest) {
     struct stat about;
     EXPECT_EQ(stat(other.c_str(), &about), 0);
     EXPECT_EQ(about.st_mode & 0777, 0600u); // nobody else's business
+}
+
+TEST(Trouble, IsToldOnceWithTheDirectoryAndTheCause) {
+    QTemporaryDir root;
+    SetDeviceRoot(root.path().toUtf8().constData());
+    constexpr char Directory[] = "\\Data";
+    char cause[600];
+    const std::string path = root.path().toStdString() + "/Data";
+    EXPECT_TRUE(FindCause(Directory, cause, sizeof cause));
+    EXPECT_EQ(cause, path + ": No such file or directory");
+    EXPECT_TRUE(DiskMakeDirectory(path.c_str()));
+    EXPECT_FALSE(FindCause(Directory, cause, sizeof cause));
+
+    testing::internal::CaptureStderr();
+    for (int n = 0; n < 40; ++n) {
+        TellTrouble(1, Directory, "LoadAccFile AcreateFail");
+        TellTrouble(9, nullptr, "DoButtonDown caseError");
+    }
+    EXPECT_TRUE(DiskRemoveDirectory(path.c_str()));
+    const int file = DiskOpen(path.c_str(), 1); // a file where the directory should be
+    EXPECT_TRUE(DiskClose(file));
+    for (int n = 0; n < 80; ++n)
+        TellTrouble(n % 8, "\\Data\\E1", "LoadAccFile");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "zentrik: LoadAccFile AcreateFail\n"
+                                                      "zentrik: DoButtonDown caseError\n"
+                                                      "zentrik: the data can't be kept: " +
+                                                          path + "/E1: Not a directory (LoadAccFile)\n");
 }
 
 TEST(Clock, TellsLocalTimeInTheOwnersWords) {

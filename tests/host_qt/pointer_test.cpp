@@ -2,7 +2,9 @@
 #include "host_qt/little_program.h"
 #include "hosts/qt/delivery.h"
 #include <QApplication>
+#include <QHelpEvent>
 #include <QScrollBar>
+#include <QToolTip>
 
 using namespace little;
 
@@ -82,6 +84,26 @@ static void Turn(int x, int y, int eighths) {
     QWheelEvent wheel(at, host.Frame->mapToGlobal(at), {}, {0, eighths}, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(host.Frame->childAt(at), &wheel);
+}
+
+TEST(Pointer, WhatItRestsOnIsNamedWithItsKeyAndAnEdgeShowsThatItCanBeDragged) {
+    Begin();
+    const auto rest = [](Window window, const QPoint &at) {
+        ProgramWindow *const widget = host.Windows[window];
+        QHelpEvent event(QEvent::ToolTip, at, widget->mapToGlobal(at));
+        QApplication::sendEvent(widget, &event);
+        QTest::qWait(500); // what it no longer says goes after a while
+        return QToolTip::isVisible() ? QToolTip::text().toStdString() : "";
+    };
+    EXPECT_EQ(rest(ListWindow, {20, 210}), "Transactions (Ctrl+2)");
+    EXPECT_EQ(rest(TopWindow, {20, 10}), "");
+    QToolTip::hideText();
+    for (const auto &[x, shape] : {std::pair(105, Qt::SplitHCursor), {120, Qt::ArrowCursor}}) {
+        MoveTo(x, 26 + 25);
+        Settle();
+        EXPECT_EQ(host.Windows[TopWindow]->cursor().shape(), shape) << x;
+    }
+    EXPECT_EQ(Told(), ""); // a pointer that is not down tells nothing
 }
 
 TEST(Scrolling, TheWheelIsLineUpAndLineDownWhereTheListIs) {

@@ -3,6 +3,7 @@
 #include "hosts/qt/delivery.h"
 #include "resources/art.h"
 #include "resources/messages.h"
+#include <QScreen>
 #include <set>
 
 using namespace little;
@@ -224,13 +225,33 @@ TEST(Windows, AskForPaintOnceAndAfterTheInputThatWaits) {
     EXPECT_EQ(IdleStepsDone, 5);
 }
 
-TEST(Windows, FirstScaleLeavesAFifthOfTheScreenFree) {
-    for (const auto &[width, height, scale] : {std::tuple(1920, 1080, 2.5),
-                                               {1366, 768, 1.5},
-                                               {3840, 2160, 5.0},
-                                               {240, 320, 1.0},
-                                               {480, 800, 2.0},
-                                               {300, 2000, 1.0},
-                                               {100, 100, 1.0}})
-        EXPECT_EQ(FirstScale({width, height}), scale) << width << "x" << height;
+TEST(Windows, TheFirstScaleFillsTheScreenToTheLastHalfStep) {
+    const struct {
+        int Width, Height;
+        double Scale;
+        bool Fills; // no frame
+    } screens[] = {
+        {1920, 1080, 3, false}, {1366, 768, 2, false}, {3840, 2160, 6.5, false}, {1280, 960, 2.5, false},
+        {240, 320, 1, true},    {480, 640, 2, true},   {480, 800, 2, false},     {800, 600, 1.5, false},
+        {300, 2000, 1, false},  {100, 100, 1, true},
+    };
+    for (const auto &screen : screens) {
+        const QSize size(screen.Width, screen.Height);
+        EXPECT_EQ(FirstScale(size), screen.Scale) << screen.Width << "x" << screen.Height;
+        EXPECT_EQ(DeviceFillsScreen(size), screen.Fills) << screen.Width << "x" << screen.Height;
+    }
+}
+
+TEST(Windows, F11IsTheWholeScreenAndBack) {
+    Begin();
+    const QRect before = host.Frame->geometry();
+    const QSize screen = host.Frame->screen()->size();
+    PressKey(Qt::Key_F11);
+    EXPECT_EQ(host.Frame->size(), screen);
+    EXPECT_DOUBLE_EQ(host.Scale, std::min(screen.width() / 240.0, screen.height() / 320.0));
+    TapAt(17, 100); // the stylus still lands where it points
+    EXPECT_EQ(Told(), "paint; down List 17,38; up List 17,38");
+    PressKey(Qt::Key_F11);
+    EXPECT_EQ(host.Frame->geometry(), before);
+    EXPECT_EQ(host.Scale, 1);
 }

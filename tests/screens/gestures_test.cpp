@@ -216,6 +216,7 @@ TEST_F(Device, RowsGoToTheBinAndComeBack) {
     EXPECT_EQ(state.TopPos[BinList], 1);
     SendKey(Key::Help);
     SendCommand(CommandEmptyBin);
+    SendCommand(CommandEmptyBin);
 
     // Out of the bin for good.
     ShowScreen(TemplateList);

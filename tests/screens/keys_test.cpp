@@ -116,7 +116,7 @@ TEST_F(Device, ArchiveAndUnarchiveKeepEveryBalance) {
     EXPECT_EQ(state.EntryCount[TransactionList], 2);
     const std::vector<StandingText> title = TextsIn(TopWindow, {47, 0, 193, 15});
     ASSERT_EQ(title.size(), 1U);
-    EXPECT_EQ(title[0].InkColour, AlertRed);
+    EXPECT_TRUE(IsRed(title[0].InkColour));
     EXPECT_FALSE(SendCommand(CommandArchive));
     // A deletion in the archive leaves a marker that keeps the balance.
     TapRow(1);
@@ -171,6 +171,14 @@ TEST_F(Device, RangesAreDeletedInTwoStepsOnOneScreenOnly) {
 
     ShowScreen(BinList);
     SendCommand(CommandEmptyBin);
+    EXPECT_EQ(Ids(), "0,505,502,0,503,504"); // asked, in a window that opens for it
+    EXPECT_EQ(state.RowCount, 7);
+    EXPECT_EQ(state.EntryCount[BinList], 2);
+    SendKey(Key::Up); // no
+    EXPECT_EQ(state.RowCount, 12);
+    SendCommand(CommandEmptyBin);
+    SendCommand(CommandEmptyBin);
+    EXPECT_EQ(state.RowCount, 12);
     EXPECT_EQ(state.EntryCount[BinList], 0);
     EXPECT_EQ(TextAt(TopWindow, {210, 0, 240, 15}), "0");
 

@@ -70,7 +70,7 @@ TEST_F(Device, ShareColumnsShowTheirMeasure) {
         UpdateTRec(ListWindow, 1, 0);
         const Ink ink = TextOfFirstRow(134, 180);
         EXPECT_EQ(ink.Words, row.Text) << row.Kind << ' ' << row.Row;
-        EXPECT_EQ(ink.Colours == AlertRed, row.Red) << row.Kind << ' ' << row.Row;
+        EXPECT_EQ(IsRed(ink.Colours), row.Red) << row.Kind << ' ' << row.Row;
     }
     // Any type that a damaged account may hold is told in the log and shows nothing.
     state.AccountKind = 77;
@@ -174,7 +174,7 @@ TEST_F(Device, BinRowsLookAsTheyDidWhereTheyCameFrom) {
         EXPECT_EQ(TextOfFirstRow(38, 120).Words, row.Title) << row.List << row.Changed;
         const Ink value = TextOfFirstRow(175, 226);
         EXPECT_EQ(value.Words, row.Value) << row.List << row.Changed;
-        EXPECT_EQ(value.Colours == AlertRed, row.Red) << row.List << row.Changed;
+        EXPECT_EQ(IsRed(value.Colours), row.Red) << row.List << row.Changed;
     }
     // What a share entry did to the money is the other way round; one that was free did nothing.
     BinRec &shown = state.BinRows[1];
@@ -186,7 +186,7 @@ TEST_F(Device, BinRowsLookAsTheyDidWhereTheyCameFrom) {
     shown.CashAmountLow = static_cast<uint32_t>(-2500);
     UpdateBinRec(ListWindow, 1, 0);
     EXPECT_EQ(TextOfFirstRow(175, 226).Words, "2.50");
-    EXPECT_EQ(TextOfFirstRow(175, 226).Colours, AlertRed);
+    EXPECT_TRUE(IsRed(TextOfFirstRow(175, 226).Colours));
 }
 
 TEST_F(Device, TroubleWithRecurringItemsIsRed) {
@@ -197,9 +197,9 @@ TEST_F(Device, TroubleWithRecurringItemsIsRed) {
     NameItemAccounts();
     UpdateDDRec(ListWindow, 1, 0);
     for (const StandingText &text : TextsIn(ListWindow, Row(1, 0, 38)))
-        EXPECT_EQ(text.InkColour, AlertRed);
+        EXPECT_TRUE(IsRed(text.InkColour));
     EXPECT_EQ(TextOfFirstRow(120, 175).Words, "*** ! ***");
-    EXPECT_EQ(TextOfFirstRow(120, 175).Colours, AlertRed);
+    EXPECT_TRUE(IsRed(TextOfFirstRow(120, 175).Colours));
     TapRow(1);
     EXPECT_EQ(state.MessageLine[2], 204);
     row.Remaining = 0;

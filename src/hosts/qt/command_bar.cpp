@@ -4,6 +4,7 @@
 #include "hosts/qt/art.h"
 #include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
+#include "hosts/qt/keys.h"
 #include "hosts/qt/style.h"
 #include "platform/shell.h"
 #include "resources/art.h"
@@ -82,10 +83,36 @@ int barCount;
 
 void OpenNeighbour(const QMenu *menu, int step);
 
-// A menu of the bar; Left and Right at its first level go to the bar's other menus.
-class BarMenu : public QMenu {
+// A letter goes to the next item that begins with it, and takes the only one.
+class LetterMenu : public QMenu {
 public:
     using QMenu::QMenu;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override {
+        const QString typed = event->text();
+        if (event->modifiers() != Qt::NoModifier || typed.size() != 1 || !typed[0].isLetter()) {
+            QMenu::keyPressEvent(event);
+            return;
+        }
+        QList<QAction *> fitting;
+        for (QAction *action : actions())
+            if (action->isEnabled() && action->text().startsWith(typed, Qt::CaseInsensitive))
+                fitting.append(action);
+        if (fitting.isEmpty())
+            return;
+        setActiveAction(fitting[(fitting.indexOf(activeAction()) + 1) % fitting.size()]);
+        if (fitting.size() > 1)
+            return;
+        QKeyEvent choose(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QMenu::keyPressEvent(&choose);
+    }
+};
+
+// A menu of the bar; Left and Right at its first level go to the bar's other menus.
+class BarMenu : public LetterMenu {
+public:
+    using LetterMenu::LetterMenu;
 
 protected:
     void keyPressEvent(QKeyEvent *event) override {
@@ -95,7 +122,7 @@ protected:
         else if (event->key() == Qt::Key_Right && !(at && at->menu()))
             OpenNeighbour(this, 1);
         else
-            QMenu::keyPressEvent(event);
+            LetterMenu::keyPressEvent(event);
     }
 };
 
@@ -105,7 +132,7 @@ void FillMenu(QMenu *menu, int popup) {
             continue;
         QAction *action;
         if (row.Popup) {
-            QMenu *const below = new QMenu(menu);
+            QMenu *const below = new LetterMenu(menu);
             FillMenu(below, row.Id);
             action = menu->addMenu(below);
         } else {
@@ -115,6 +142,11 @@ void FillMenu(QMenu *menu, int popup) {
         }
         action->setText(QString::fromUtf16(row.Text));
         action->setData(row.Id);
+        if (row.Id == CommandExit) { // the last
+            QAction *const keys = new QAction(QStringLiteral("Keys ..."), menu);
+            QObject::connect(keys, &QAction::triggered, ShowKeyList);
+            menu->insertAction(action, keys);
+        }
     }
 }
 
@@ -184,6 +216,24 @@ int ButtonWidth(const BarButton &button) {
     return 0;
 }
 
+// The name of the key that does what a button does.
+QString KeyOf(const BarButton &button) {
+    constexpr struct {
+        int Command;
+        Key Pressed;
+    } Rows[] = {{CommandNew, Key::New},
+                {CommandTick, Key::Tick},
+                {CommandCross, Key::Escape},
+                {CommandLeftEye, Key::Help},
+                {CommandRightEye, Key::Help}};
+    if (button.Kind == BarKind::Popup)
+        return NameOfMenuKey();
+    for (const auto &row : Rows)
+        if (row.Command == button.Command)
+            return NameOfKey(row.Pressed, false);
+    return {};
+}
+
 void PlaceButtons() {
     int left = 0;
     for (int i = 0; i < barCount; ++i) {
@@ -208,7 +258,7 @@ void ShowCommandBar(const BarButton *buttons, int count) {
             widget->setEnabled(Enabled(buttons[i].Command));
             const QString name = QString::fromUtf16(buttons[i].Name ? buttons[i].Name : buttons[i].Text);
             widget->setAccessibleName(name);
-            widget->setToolTip(buttons[i].Name ? name : QString());
+            widget->setToolTip(buttons[i].Name ? WithKey(name, KeyOf(buttons[i])) : QString());
             widget->setAttribute(Qt::WA_TransparentForMouseEvents, buttons[i].Kind == BarKind::Separator);
             widget->update();
         }

@@ -2,32 +2,29 @@
 // control has done its own work; what the program does tells nothing.
 #include "platform/controls.h"
 #include "hosts/qt/controls.h"
+#include "hosts/qt/date_box.h"
 #include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
+#include "hosts/qt/drop_list.h"
+#include "hosts/qt/number_text.h"
 #include "platform/shell.h"
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QContextMenuEvent>
-#include <QDateEdit>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QProgressBar>
-#include <QScreen>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTimer>
 
 namespace {
 
-constexpr int RowsDropped = 8;
 constexpr int HoldMilliseconds = 600;
 constexpr int NoLimit = 32767;
-// The dates that records can hold.
-const QDate FirstDate(1699, 12, 31), LastDate(9999, 12, 31);
 
 struct Widget {
     int Id;
@@ -52,32 +49,14 @@ template <typename Kind> Kind *Find(int id) {
     return one ? qobject_cast<Kind *>(one->Real) : nullptr;
 }
 
+DateBox *DateOf(int id) {
+    Widget *const one = Find(id);
+    return one && one->Kind == ControlKind::Date ? static_cast<DateBox *>(one->Real) : nullptr;
+}
+
 void Tell(int id, ControlChange change) {
     DeliverFromForm({.Kind = EventKind::Control, .Control = id, .Change = change});
 }
-
-class DropList : public QComboBox {
-public:
-    DropList(QWidget *parent, int id) : QComboBox(parent), Id(id) {}
-    void showPopup() override {
-        const QRect screen = host.Frame->screen()->geometry();
-        view()->setMinimumWidth(std::min(WidthOfRows(), screen.width()));
-        QComboBox::showPopup();
-        QWidget *const popup = view()->window();
-        if (popup->frameGeometry().right() > screen.right())
-            popup->move(screen.right() + 1 - popup->frameGeometry().width(), popup->y());
-        Tell(Id, ControlChange::Dropped);
-    }
-
-private:
-    int Id;
-
-    // A narrow box still shows its rows whole.
-    int WidthOfRows() const {
-        const int bar = count() > maxVisibleItems() ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
-        return view()->sizeHintForColumn(0) + bar + 2 * view()->frameWidth();
-    }
-};
 
 // Sees what a control itself does not tell: the focus coming by tap or Tab, the calendar opening, a press that is held.
 class ControlFilter : public QObject {
@@ -124,17 +103,8 @@ protected:
         case QEvent::Hide:
             Hold.stop();
             break;
-        case QEvent::Wheel: // turning past a box on the way does not change it
-            return one->Kind != ControlKind::MultiLine && one->Kind != ControlKind::ListBox && !one->Real->hasFocus();
-        case QEvent::ChildAdded:
-            if (QObject *child = static_cast<QChildEvent *>(event)->child();
-                one->Kind == ControlKind::Date && child->isWidgetType())
-                child->installEventFilter(this);
-            break;
-        case QEvent::Show:
-            if (part->isWindow() && one->Kind == ControlKind::Date)
-                Tell(one->Id, ControlChange::Calendar);
-            break;
+        case QEvent::Wheel: // turns what scrolls, and changes nothing
+            return one->Kind != ControlKind::MultiLine && one->Kind != ControlKind::ListBox;
         default:
             break;
         }
@@ -155,15 +125,14 @@ private:
         return nullptr;
     }
 
-    // What is typed after a tap into a box replaces what stood there, as after Tab; a second tap places the cursor. In
-    // a date each tap takes the part that it hits.
+    // What is typed after a tap into a box replaces what stood there, as after Tab; a second tap places the cursor. A
+    // date is replaced whole until it is being typed.
     void SelectTapped(QWidget *control, QWidget *part) {
         auto *edit = qobject_cast<QLineEdit *>(part);
         if (!edit || edit->hasSelectedText())
             return;
-        if (auto *date = qobject_cast<QDateEdit *>(control))
-            QTimer::singleShot(0, date, [date] { date->setSelectedSection(date->currentSection()); });
-        else if (Entered == control)
+        const DateBox *const date = DateOf(ControlOf(part)->Id);
+        if (Entered == control || (date && !date->isModified()))
             QTimer::singleShot(0, edit, &QLineEdit::selectAll);
         Entered = nullptr;
     }
@@ -201,39 +170,22 @@ void KeepLimit(QPlainTextEdit *edit) {
     edit->setTextCursor(cursor);
 }
 
+// The number that a control's line holds, null for a line of text.
+NumberText *NumberOf(QWidget *real) {
+    auto *const combo = qobject_cast<QComboBox *>(real);
+    QLineEdit *const line = combo ? combo->lineEdit() : qobject_cast<QLineEdit *>(real);
+    return line ? static_cast<NumberText *>(const_cast<QValidator *>(line->validator())) : nullptr;
+}
+
 QWidget *MakeCombo(QWidget *parent, const FormControl &control) {
-    DropList *const combo = new DropList(parent, control.Id);
-    combo->setMaxVisibleItems(RowsDropped);
+    DropList *const combo = new DropList(parent, control.Id, control.What);
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     if (control.Kind == ControlKind::Combo) {
-        combo->setEditable(true);
-        combo->setInsertPolicy(QComboBox::NoInsert);
-        // What is typed is meant: neither completed, nor taken for the choice of an item that reads the same.
-        combo->setCompleter(nullptr);
-        QObject::disconnect(combo->lineEdit(), &QLineEdit::editingFinished, combo, nullptr);
+        combo->LetType();
         TellTexts(combo->lineEdit(), control.Id);
     }
     QObject::connect(combo, &QComboBox::activated, [id = control.Id] { Tell(id, ControlChange::Choice); });
     return combo;
-}
-
-// Tab leaves for the next box, as from every other; the arrows go from day to month and year.
-class DateBox : public QDateEdit {
-public:
-    using QDateEdit::QDateEdit;
-
-protected:
-    bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
-};
-
-QWidget *MakeDate(QWidget *parent, const FormControl &control) {
-    QDateEdit *const date = new DateBox(parent);
-    date->setCalendarPopup(true);
-    date->setDisplayFormat(QStringLiteral("dd MMM yyyy (ddd)"));
-    date->setDateRange(FirstDate, LastDate);
-    Watch(date->findChild<QLineEdit *>());
-    QObject::connect(date, &QDateEdit::dateChanged, [id = control.Id] { Tell(id, ControlChange::Choice); });
-    return date;
 }
 
 QWidget *MakeListBox(QWidget *parent, const FormControl &control) {
@@ -264,9 +216,8 @@ QWidget *Make(QWidget *parent, const FormControl &control) {
     switch (control.Kind) {
     case ControlKind::Edit:
     case ControlKind::Number: {
-        QLineEdit *const edit = new QLineEdit(parent);
-        if (control.Kind == ControlKind::Number)
-            edit->setInputMethodHints(Qt::ImhPreferNumbers);
+        QLineEdit *const edit =
+            control.Kind == ControlKind::Number ? new NumberLine(parent, control.Id) : new QLineEdit(parent);
         TellTexts(edit, control.Id);
         return edit;
     }
@@ -276,7 +227,7 @@ QWidget *Make(QWidget *parent, const FormControl &control) {
     case ControlKind::List:
         return MakeCombo(parent, control);
     case ControlKind::Date:
-        return MakeDate(parent, control);
+        return new DateBox(parent, control.Id);
     case ControlKind::Check: {
         QCheckBox *const check = new QCheckBox(parent);
         QObject::connect(check, &QCheckBox::clicked, [id = control.Id] { Tell(id, ControlChange::Pressed); });
@@ -327,8 +278,6 @@ QString TextOf(const Widget &one) {
         return Cleaned(text->toPlainText(), false);
     if (const auto *combo = qobject_cast<QComboBox *>(one.Real))
         return Cleaned(combo->currentText(), true);
-    if (const auto *date = qobject_cast<QDateEdit *>(one.Real))
-        return date->text();
     if (const auto *check = qobject_cast<QCheckBox *>(one.Real))
         return check->text();
     if (const auto *list = qobject_cast<QListWidget *>(one.Real))
@@ -354,6 +303,7 @@ void OpenForm(const FormTemplate *form) {
         return;
     formNumber = ++formsOpened;
     QWidget *first = nullptr;
+    NumberText *whole = nullptr; // of the amount whose fraction comes next
     for (int i = 0; i < form->Count; ++i) {
         const FormControl &control = form->Controls[i];
         QWidget *const real = Make(parent, control);
@@ -363,6 +313,10 @@ void OpenForm(const FormTemplate *form) {
         for (QLineEdit *line : real->findChildren<QLineEdit *>()) // within a box that has more to it
             line->setAccessibleName(real->accessibleName());
         SetControlLimit(control.Id, control.Limit);
+        if (control.What == Holds::Whole)
+            whole = NumberOf(real);
+        else if (control.What == Holds::Fraction && whole)
+            NumberText::Join(whole, NumberOf(real));
         if (control.Kind != ControlKind::Progress) { // which only shows
             Watch(real);
             first = first ? first : real;
@@ -508,20 +462,21 @@ int ControlChecked(int id) {
 }
 
 void SetControlDate(int id, const ControlDate &date) {
-    if (auto *edit = Find<QDateEdit>(id)) {
-        const QSignalBlocker quiet(edit);
-        edit->setDate(std::clamp(QDate(date.Year, date.Month, date.Day), FirstDate, LastDate));
-    }
+    if (DateBox *box = DateOf(id))
+        box->SetDate(QDate(date.Year, date.Month, date.Day));
 }
 
 ControlDate GetControlDate(int id) {
-    auto *edit = Find<QDateEdit>(id);
-    if (!edit)
+    const DateBox *box = DateOf(id);
+    if (!box)
         return {};
-    const QSignalBlocker quiet(edit);
-    edit->interpretText(); // what is being typed counts
-    const QDate date = edit->date();
+    const QDate date = box->Date();
     return {date.year(), date.month(), date.day()};
+}
+
+int ControlDateReads(int id) {
+    const DateBox *box = DateOf(id);
+    return !box || box->Reads();
 }
 
 void SetControlProgress(int id, int percent) {
@@ -531,7 +486,10 @@ void SetControlProgress(int id, int percent) {
 
 void SetControlLimit(int id, int units) {
     const int limit = units > 0 ? units : NoLimit;
-    if (auto *edit = Find<QLineEdit>(id))
+    Widget *const one = Find(id);
+    if (NumberText *number = one ? NumberOf(one->Real) : nullptr)
+        number->Limit(limit); // the box itself would cut what is pasted
+    else if (auto *edit = Find<QLineEdit>(id))
         edit->setMaxLength(limit);
     else if (auto *combo = Find<QComboBox>(id); combo && combo->isEditable())
         combo->lineEdit()->setMaxLength(limit);

@@ -7,11 +7,14 @@
 #include "hosts/qt/style.h"
 #include "hosts/qt/surface.h"
 #include "platform/clock.h"
+#include "platform/shell.h"
 #include "platform/text.h"
 #include <QApplication>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QScrollBar>
+#include <QToolTip>
 #include <cmath>
 
 Host host;
@@ -19,9 +22,10 @@ Host host;
 namespace {
 
 constexpr double LeastScale = 0.5, StepOfScale = 0.5;
+constexpr int FrameRoom = 32; // pixels that a window's title takes
 constexpr QRgb SurroundColour = 0xff202024, TitleColour = 0xff1b2440, TitleEdgeColour = 0xff0a0e1c,
                TitleInk = 0xfff4f6ff, ClockInk = 0xffb9c4e4;
-constexpr int TitleMargin = 6;
+constexpr int TitleMargin = 6, ClockRoom = 54;
 
 int Edge(double at, double factor) {
     return static_cast<int>(std::floor(at * factor + 0.5));
@@ -51,16 +55,24 @@ QRect WidgetBox(const Rect &box) {
     return EdgeBox(box, host.Scale);
 }
 
+double LargestScale(const QSize &screen) {
+    const double fits = std::min(screen.width() / double(ScreenWidth), screen.height() / double(ScreenHeight));
+    return std::max(LeastScale, std::floor(fits / StepOfScale) * StepOfScale);
+}
+
+bool DeviceFillsScreen(const QSize &screen) {
+    const double scale = LargestScale(screen);
+    return screen.width() - ScreenWidth * scale < FrameRoom && screen.height() - ScreenHeight * scale < FrameRoom;
+}
+
 double FirstScale(const QSize &screen) {
-    double scale = 1;
-    while ((scale + StepOfScale) * ScreenHeight <= screen.height() * 0.8 &&
-           (scale + StepOfScale) * ScreenWidth <= screen.width())
-        scale += StepOfScale;
-    return scale;
+    const int frame = DeviceFillsScreen(screen) ? 0 : FrameRoom;
+    return std::max(1.0, LargestScale(QSize(screen.width(), screen.height() - frame)));
 }
 
 ProgramWindow::ProgramWindow(QWidget *parent, Window which, const Rect &box) : QWidget(parent), Which(which), Box(box) {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(which == TopWindow); // whose edges show that they can be dragged
     hide();
     Place();
 }
@@ -102,10 +114,34 @@ void ProgramWindow::paintEvent(QPaintEvent *event) {
 Device::Device() : Stage(new QWidget(this)), Bar(new QWidget(this)) {
     setWindowTitle(QStringLiteral("Zentrik"));
     setAccessibleName(windowTitle());
+    Title = windowTitle();
     setMinimumSize(QSize(static_cast<int>(ScreenWidth * LeastScale), static_cast<int>(ScreenHeight * LeastScale)));
     setAttribute(Qt::WA_OpaquePaintEvent);
     resize(WidgetBox({0, 0, ScreenWidth, ScreenHeight}).size());
     WaitForMinute();
+}
+
+void TitleDevice(const char16_t *title) {
+    if (!host.Frame)
+        return;
+    const QString program = QStringLiteral("Zentrik");
+    host.Frame->Title = title && title[0] ? QString::fromUtf16(title) : program;
+    host.Frame->setWindowTitle(host.Frame->Title == program ? program
+                                                            : host.Frame->Title + QStringLiteral(" - ") + program);
+    host.Frame->update();
+}
+
+void Device::FillScreen(bool on) {
+    Filled = on;
+    if (on) {
+        Framed = geometry();
+        showFullScreen();
+        setGeometry(screen()->geometry()); // where no window manager does it
+        return;
+    }
+    showNormal();
+    if (Framed.isValid())
+        setGeometry(Framed);
 }
 
 void Device::PlaceEverything() {
@@ -125,6 +161,7 @@ void SetScale(double scale) {
     host.Scale = scale;
     host.Factor = factor;
     QApplication::setFont(DeviceFont(Font::Normal, scale));
+    QToolTip::setFont(DeviceFont(Font::Normal, scale));
     ForgetArt();
     for (ProgramWindow *window : host.Windows)
         if (window)
@@ -163,7 +200,9 @@ void Device::paintEvent(QPaintEvent *) {
     const QRect text = title.adjusted(margin, 0, -margin, 0);
     painter.setFont(DeviceFont(Font::Bold, host.Scale));
     painter.setPen(QColor(TitleInk));
-    painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter, windowTitle());
+    const int room = text.width() - WidgetEdge(ClockRoom);
+    painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
+                     painter.fontMetrics().elidedText(Title, Qt::ElideMiddle, room));
 
     ClockTime now;
     char time[16];

@@ -27,6 +27,7 @@ public:
     void ShowPainted();
 
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
@@ -43,8 +44,12 @@ public:
     QWidget *Stage; // clips the program's windows to the rows between title bar and command bar
     QWidget *Bar;
     QPoint Corner; // of the device in this widget
+    QString Title; // what the title bar says
 
     void PlaceEverything();
+    // The whole screen without a frame, at the largest scale that fits; or the window as it was.
+    void FillScreen(bool on);
+    bool FillsScreen() const { return Filled; }
 
 protected:
     bool event(QEvent *event) override;
@@ -55,6 +60,8 @@ protected:
 
 private:
     int ClockTimer = 0;
+    bool Filled = false; // a machine without a window manager does not know
+    QRect Framed;        // where the window was before it filled the screen
     void WaitForMinute();
 };
 
@@ -67,6 +74,7 @@ struct Host {
     double Factor = 1; // screen pixels in a device pixel
     bool Leaving;      // LeaveLoop was called
     bool QuitAfterPaint;
+    bool FillsScreen; // the device is as large as the screen
 };
 extern Host host;
 
@@ -77,6 +85,10 @@ int WidgetEdge(double at);
 QRect PixelBox(const Rect &box);
 QRect WidgetBox(const Rect &box);
 
-// The largest of 1, 1.5, 2, ... that leaves a fifth of the screen's height free.
+// The largest of 0.5, 1, 1.5, ... at which the device fits a screen.
+double LargestScale(const QSize &screen);
+// Whether a device of that size leaves no room for a window's frame, nor for anything else.
+bool DeviceFillsScreen(const QSize &screen);
+// The largest of 1, 1.5, 2, ... that fits with a window's frame, or without one where the device fills the screen.
 double FirstScale(const QSize &screen);
 void SetScale(double scale);

@@ -1,5 +1,6 @@
 // The program on a desktop or handheld: arguments, the device root, the loop.
 #include "hosts/qt/device.h"
+#include "hosts/qt/signals.h"
 #include "hosts/qt/start.h"
 #include "hosts/qt/tour.h"
 #include "platform/files.h"
@@ -132,6 +133,7 @@ int main(int count, char **words) {
     application.setApplicationName(QStringLiteral("Zentrik"));
     application.setDesktopFileName(QStringLiteral("zentrik"));
     PrepareHost(arguments.Scale);
+    WatchSignals();
     const int started = WinMain();
     if (started < 0)
         return 0; // the copy that runs already has come to the front

@@ -1,12 +1,16 @@
 // Mouse, touch and pen: each is the stylus, told to the program window that lies under it.
 #include "hosts/qt/pointer.h"
+#include "hosts/qt/controls.h"
 #include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
-#include "platform/shell.h"
+#include "hosts/qt/keys.h"
+#include "program/door.h"
 #include <QApplication>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QScrollBar>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <QWindow>
 #include <cmath>
@@ -92,8 +96,30 @@ void ProgramWindow::mouseDoubleClickEvent(QMouseEvent *event) {
 }
 
 void ProgramWindow::mouseMoveEvent(QMouseEvent *event) {
-    if (event->buttons() & Qt::LeftButton)
+    if (event->buttons() & Qt::LeftButton) {
         SendPointer(EventKind::PointerMove, event->globalPosition().toPoint());
+        return;
+    }
+    const QPoint at = event->position().toPoint();
+    if (CanDragEdge(Which, DevicePixel(at.x()), DevicePixel(at.y())))
+        setCursor(Qt::SplitHCursor);
+    else
+        unsetCursor();
+}
+
+// A pointer that rests on something painted is told what it is, and which key does the same.
+bool ProgramWindow::event(QEvent *event) {
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    const auto *const help = static_cast<QHelpEvent *>(event);
+    const Hint hint = HintAt(Which, DevicePixel(help->x()), DevicePixel(help->y()));
+    if (!hint.Words)
+        QToolTip::hideText();
+    else
+        QToolTip::showText(help->globalPos(),
+                           WithKey(QString::fromUtf16(hint.Words), NameOfKey(hint.Pressed, OpenFormNumber() != 0)),
+                           this);
+    return true;
 }
 
 void ProgramWindow::mouseReleaseEvent(QMouseEvent *event) {

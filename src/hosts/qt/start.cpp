@@ -7,6 +7,7 @@
 #include "hosts/qt/pointer.h"
 #include "hosts/qt/style.h"
 #include "hosts/qt/surface.h"
+#include "platform/shell.h"
 #include "resources/art.h"
 #include <QApplication>
 #include <QIcon>
@@ -14,15 +15,32 @@
 #include <QPixmap>
 #include <QScreen>
 #include <QTimer>
+#include <cstdio>
 
 static void LoadResources() {
     Q_INIT_RESOURCE(zentrik);
 }
 
+// The scale that the owner wants, or the largest there is room for.
+static double ScaleThatFits(double wanted, const QSize &screen) {
+    if (wanted * ScreenWidth <= screen.width() && wanted * ScreenHeight <= screen.height())
+        return wanted;
+    const double largest = LargestScale(screen);
+    if (wanted <= largest)
+        return wanted;
+    char line[120];
+    snprintf(line, sizeof line, "a scale of %g does not fit this screen of %d x %d: it is %g now", wanted,
+             screen.width(), screen.height(), largest);
+    TellTerminal(line);
+    return largest;
+}
+
 void PrepareHost(double scale) {
     LoadResources();
     const QScreen *const screen = QGuiApplication::primaryScreen();
-    host.Scale = scale > 0 ? scale : FirstScale(screen->availableSize());
+    const QSize room = screen->availableSize();
+    host.FillsScreen = scale <= 0 && DeviceFillsScreen(room);
+    host.Scale = scale > 0 ? ScaleThatFits(scale, room) : FirstScale(room);
     host.Factor = host.Scale * screen->devicePixelRatio();
 
     QApplication::setStyle(MakeDeviceStyle());
@@ -53,6 +71,9 @@ void ShowDevice() {
     DeliverWaiting();
     DeliverPaint();
     host.Frame->setFocus(Qt::OtherFocusReason);
-    host.Frame->show();
+    if (host.FillsScreen)
+        host.Frame->FillScreen(true);
+    else
+        host.Frame->show();
     QTimer::singleShot(0, host.Frame, ShowIcon); // the first screen does not wait for it
 }
