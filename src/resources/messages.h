@@ -526,7 +526,6 @@ inline constexpr Message Messages[] = {
     {581, u"Done again:"},
     {582, u"Nothing is left to take back"},
     {583, u"Nothing is left to do again"},
-    {584, u"the last change"},
     {585, u"a new entry"},
     {586, u"a change of an entry"},
     {587, u"what was deleted"},

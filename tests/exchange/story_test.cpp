@@ -1,4 +1,5 @@
 // An owner drops a statement into the device's root and takes it into the account, and sends an account out.
+#include "drawing/colours.h"
 #include "exchange_test.h"
 #include "forms/forms.h"
 #include "platform/history.h"
@@ -63,8 +64,8 @@ TEST_F(Story, AStatementDroppedIntoTheRootComesIntoTheAccount) {
                  {"entries imported (badly formed)", 0},
                  {"1", Rgb(180, 180, 180)},
                  {"entries skipped (as requested)", Rgb(180, 180, 180)},
-                 {"1", Rgb(255, 0, 0)},
-                 {"entries skipped (unreadable)", Rgb(255, 0, 0)},
+                 {"1", InkOn(White, AlertRed)},
+                 {"entries skipped (unreadable)", InkOn(White, AlertRed)},
                  {"0", 0},
                  {"entries skipped (file too big)", 0},
                  {"Summary:      Imported 1 of 3", 0}};
