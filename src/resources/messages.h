@@ -494,7 +494,7 @@ inline constexpr Message Messages[] = {
     {494, u"into the files. They are left alone"},
     {500, u"Delete this entry for good?"},
     {501, u"Delete these entries for good?"},
-    {502, u"It can't be taken back"},
+    {502, u"Ctrl+Z brings it back, in this run only"},
     {503, u"Do the same again to do it;"},
     {504, u"anything else leaves all as it is"},
     {505, u"Empty the bin?"},
