@@ -94,13 +94,15 @@ std::string WhatIsWrong() {
         return "a file stayed open";
     if (state.RepaintSkip)
         return "a later paint request would be lost";
+    const bool underForm = machine.Shown[DialogWindow]; // header and list lie wholly under it
     for (const Window window : {TopWindow, ListWindow, HostWindow, DialogWindow, HubWindow})
-        if (machine.Shown[window] && !Remains(window).empty())
+        if (machine.Shown[window] && !(underForm && window <= ListWindow) && !Remains(window).empty())
             return "remains of an earlier picture";
     const bool panel = state.HubState == SmallHub;
     if (machine.Shown[HubWindow] != panel || (state.HubPicking && !panel) || (panel && state.RowCount != 7))
         return "the hub is not what it shows";
-    const bool covered = HubCoversForm() || state.ActiveDialog == PaletteDialog || state.ActiveDialog == PassCodeDialog;
+    const bool covered = HubCoversForm() || state.ActiveDialog == PaletteDialog ||
+                         (state.ActiveDialog == PassCodeDialog && !state.StrongMode);
     if (state.ActiveDialog != NoDialog)
         return machine.Shown[DialogWindow] != covered
                    ? ""
