@@ -5,7 +5,7 @@
 #include "state/error_log.h"
 #include "state/state.h"
 #include "store/catalogue.h"
-#include "store/operations.h"
+#include "store/lists.h"
 #include "store/windows.h"
 #include <algorithm>
 #include <cstring>

@@ -9,7 +9,6 @@
 #include "frame/changes.h"
 #include "frame/header.h"
 #include "frame/scroll.h"
-#include "frame/shown.h"
 #include "frame/tabs.h"
 #include "platform/painting.h"
 #include "platform/shell.h"

@@ -5,9 +5,9 @@
 #include "analysis/regression.h"
 #include "drawing/colours.h"
 #include "drawing/geometry.h"
-#include "frame/shown.h"
 #include "platform/text.h"
 #include "screens/graph_plot.h"
+#include "state/state.h"
 #include <algorithm>
 #include <initializer_list>
 
