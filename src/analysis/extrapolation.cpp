@@ -50,11 +50,12 @@ RecDate DateOf(int64_t day) {
     return DateFromDayNumber(static_cast<uint32_t>(std::max<int64_t>(day, 1)));
 }
 
-// Reads the date of a sample; today's when there is none.
-RecDate SampleDate(const Place &place, int sample) {
-    TRec row;
-    LoadTrec(place, sample > 0 ? state.SamplePos[sample] : 0, &row);
-    return row.Date;
+// The date of a sample; today's when there is none.
+RecDate SampleDate(int sample) {
+    RecDate date = state.SampleRow[sample].Date;
+    if (sample == 0)
+        LoadTodaysDate(&date);
+    return date;
 }
 
 } // namespace
@@ -87,15 +88,15 @@ uint32_t PredictDate(uint32_t day, int32_t value) {
     return ValidDay(found);
 }
 
-void RebuildExtrapolation(const Place &place) {
+void RebuildExtrapolation() {
     state.ExtrapReload = 0;
     state.PointerOn = 0;
     state.BoxSelection = NoBox;
     state.BoxIndex = 1;
     state.ExtrapPercent = 0;
-    state.FirstDate = state.LeftDate = SampleDate(place, state.SampleCount > 0);
+    state.FirstDate = state.LeftDate = SampleDate(state.SampleCount > 0);
     state.FirstDay = state.FirstDate.DayNumber;
-    state.LastDate = state.TargetDate = SampleDate(place, state.SampleCount);
+    state.LastDate = state.TargetDate = SampleDate(state.SampleCount);
     state.DaySpan = static_cast<int32_t>(state.LastDate.DayNumber - state.FirstDay);
     if (state.DaySpan == 0)
         state.DaySpan = 1;

@@ -3,7 +3,6 @@
 
 #include "platform/event.h"
 #include "platform/surface.h"
-#include "records/place.h"
 #include <cstdint>
 
 inline constexpr int32_t LargestExtrapolated = 10000000; // whole units, on both sides of zero: eight digits
@@ -22,8 +21,8 @@ int32_t PredictValue(int64_t day);
 // `day` is the target's present one: it chooses on which side of today the percentage is undone.
 uint32_t PredictDate(uint32_t day, int32_t value);
 
-// Builds the state anew from the sample table, which must have been loaded from the place in Extrapolation Mode.
-void RebuildExtrapolation(const Place &place);
+// Builds the state anew from the sample table, which must have been plotted in Extrapolation Mode.
+void RebuildExtrapolation();
 // Repairs LeftDate, predicts both ends, and scales the plot to them.
 void ScaleExtrapolation();
 

@@ -5,7 +5,7 @@
 #include "state/error_log.h"
 #include "state/state.h"
 #include "store/catalogue.h"
-#include "store/operations.h"
+#include "store/lists.h"
 #include "store/windows.h"
 #include <algorithm>
 #include <cstring>
@@ -38,59 +38,35 @@ int ReadRows(int file, int32_t first, int32_t count, TRecFile *rows) {
 
 // --- The walk from the newest entry backward
 
-constexpr FixedAmount LargestPlotted = INT64_MAX / 4; // two of them still have a distance
-
-struct Walk {
-    int Slot = MostSamples + 1; // of the sample accepted last; filled from the end downward
-    FixedAmount Value[MostSamples + 1];
-};
-
-void Accept(Walk *walk, int32_t position, FixedAmount value) {
-    const bool newest = walk->Slot > MostSamples;
-    --walk->Slot;
-    state.SamplePos[walk->Slot] = position;
-    walk->Value[walk->Slot] = value;
-    if (newest || value > state.SampleMax) {
-        state.SampleMax = value;
-        state.MaxIndex = walk->Slot;
-        if (!newest)
-            return;
-    }
-    if (newest || value < state.SampleMin) {
-        state.SampleMin = value;
-        state.MinIndex = walk->Slot;
-    }
-}
-
-void WalkBack(int file, Walk *walk) {
+// Fills the table from its end downward. Returns the first slot that is filled, MostSamples + 1 for none.
+int WalkBack(int file) {
     constexpr int32_t Stretch = MostSamples + 4; // a Day marker or two stand among the samples
     static_assert(Stretch * sizeof(TRecFile) <= RunBytes);
     auto *const rows = reinterpret_cast<TRecFile *>(state.RunBuffer);
-    for (int32_t last = state.SampleTotal; last > 0;) {
+    TRec blank;
+    InitTRec(&blank);
+    int slot = MostSamples + 1;
+    for (int32_t last = state.SampleTotal; last > 0 && slot > 1;) {
         const int32_t first = std::max(1, last - Stretch + 1);
         if (!ReadRows(file, first, last - first + 1, rows))
-            return;
-        for (; last >= first; --last) {
+            break;
+        for (; last >= first && slot > 1; --last) {
             const TRec &row = rows[last - first].Rec;
             if (row.RowKind == DayMarker)
                 continue;
-            Accept(walk, last, std::clamp(GetGraphValue(row), -LargestPlotted, LargestPlotted));
-            if (walk->Slot == 1)
-                return;
+            state.SamplePos[--slot] = last;
+            state.SampleRow[slot] = blank;
+            CopyFields(FieldsOfList(TransactionList), &row, &state.SampleRow[slot]);
         }
     }
+    return slot;
 }
 
 // The samples move down to 1.
-void CloseUp(Walk *walk) {
-    const int distance = walk->Slot - 1;
-    state.SampleCount = MostSamples - distance;
-    if (state.SampleCount == 0)
-        return;
-    std::move(state.SamplePos + walk->Slot, state.SamplePos + MostSamples + 1, state.SamplePos + 1);
-    std::move(walk->Value + walk->Slot, walk->Value + MostSamples + 1, walk->Value + 1);
-    state.MinIndex -= distance;
-    state.MaxIndex -= distance;
+void CloseUp(int slot) {
+    state.SampleCount = MostSamples + 1 - slot;
+    std::move(state.SamplePos + slot, state.SamplePos + MostSamples + 1, state.SamplePos + 1);
+    std::move(state.SampleRow + slot, state.SampleRow + MostSamples + 1, state.SampleRow + 1);
 }
 
 // The account's file is of a version that can be used, or empty.
@@ -101,6 +77,7 @@ int VersionServes(int file) {
 
 // --- Scaling
 
+constexpr FixedAmount LargestPlotted = INT64_MAX / 4; // two of them still have a distance
 constexpr int ExtrapolationBand = 13, UsualBand = 15, ExtrapolationBase = 25, UsualBase = 5;
 constexpr float FullHeight = 1, AboveMessages = 0.5833333F; // 7 of 12 rows
 
@@ -115,43 +92,52 @@ int64_t Share(FixedAmount value, FixedAmount span) {
 
 } // namespace
 
-int LoadTrec(const Place &place, int32_t position, TRec *row) {
-    InitTRec(row);
-    return position >= 1 && place.Account != 0 && FetchRecord(place, position, row);
-}
-
 void LoadGraphData(const Place &place) {
-    Walk walk;
-    state.SampleCount = state.SampleTotal = 0;
-    state.SampleMin = state.SampleMax = 0;
-    state.MinIndex = state.MaxIndex = 0;
+    int slot = MostSamples + 1;
+    state.SampleTotal = 0;
     uint32_t filtered = 0;
     const int file = OpenRows(place, &filtered);
     if (file >= 0 && VersionServes(file)) {
         state.SampleTotal = CountRecords(file, Kind);
-        WalkBack(file, &walk);
+        slot = WalkBack(file);
     }
     if (file >= 0)
         CloseFile(file);
-    state.PlotYScale = VerticalScale();
-    CloseUp(&walk);
-    state.SampleMin = std::min<FixedAmount>(state.SampleMin, 0);
-    state.SampleMax = std::max<FixedAmount>(state.SampleMax, 0);
+    CloseUp(slot);
+    state.EntryCount[GraphList] = state.SampleTotal;
+    PlotSamples();
+    const uint32_t view = (place.Of == View::Archive ? 1U : 0U) | (filtered ? 2U : 0U);
+    if (place.Account != state.LastPlottedAccount || view != state.LastPlottedView) {
+        state.LastPlottedAccount = place.Account;
+        state.LastPlottedView = view;
+        state.SelectedEntry = state.SampleTotal;
+        state.ExtrapReload = 1;
+        state.PointerOn = 0;
+    }
+    SelectSample(SampleOfEntry(state.SelectedEntry));
+}
+
+void PlotSamples() {
+    FixedAmount value[MostSamples + 1];
+    const int count = state.SampleCount;
+    state.MinIndex = state.MaxIndex = count;
+    for (int i = count; i >= 1; --i) { // the newest of equals keeps the index
+        value[i] = std::clamp(GetGraphValue(state.SampleRow[i]), -LargestPlotted, LargestPlotted);
+        if (value[i] > value[state.MaxIndex])
+            state.MaxIndex = i;
+        if (value[i] < value[state.MinIndex])
+            state.MinIndex = i;
+    }
+    state.SampleMin = count == 0 ? 0 : std::min<FixedAmount>(value[state.MinIndex], 0);
+    state.SampleMax = count == 0 ? 0 : std::max<FixedAmount>(value[state.MaxIndex], 0);
     FixedAmount span;
     float xStep;
+    state.PlotYScale = VerticalScale();
     ScaleGraph(state.SampleMin, state.SampleMax, &span, &xStep);
-    for (int i = 1; i <= state.SampleCount; ++i)
+    for (int i = 1; i <= count; ++i)
         state.SamplePt[i] = {Cut(static_cast<float>(i - 1) * xStep + static_cast<float>(PlotLeft)),
-                             PlotRow(RowOfValue(walk.Value[i], span))};
+                             PlotRow(RowOfValue(value[i], span))};
     state.SamplePt[0] = state.SamplePt[1];
-    const uint32_t view = (place.Of == View::Archive ? 1U : 0U) | (filtered ? 2U : 0U);
-    if (place.Account == state.LastPlottedAccount && view == state.LastPlottedView)
-        return;
-    state.LastPlottedAccount = place.Account;
-    state.LastPlottedView = view;
-    state.SelectedEntry = state.SampleTotal;
-    state.ExtrapReload = 1;
-    state.PointerOn = 0;
 }
 
 void ScaleGraph(FixedAmount min, FixedAmount max, FixedAmount *span, float *xStep) {

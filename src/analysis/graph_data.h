@@ -6,13 +6,13 @@
 inline constexpr int PlotLeft = 33, PlotRight = 223; // x of the first and the last sample
 inline constexpr int GridRows = 10;                  // bands from the lowest to the highest value
 
-// One entry of an account. 0 and a row of defaults, dated today, when there is no such position.
-int LoadTrec(const Place &place, int32_t position, TRec *row);
-
-// Fills the sample table and the extremes from the newest entries of an account, by its measure state.AccountKind; at
-// most MostSamples, Day markers left out. A read that fails ends the table where it stands. Another account, view or
-// filter than before has its last entry selected and all that was foretold forgotten.
+// Reads the newest entries of an account into the sample table, at most MostSamples, Day markers left out, and plots
+// them. A read that fails ends the table where it stands. The entry selected stays, or the one behind it; another
+// account, view or filter than before has its last entry selected and all that was foretold forgotten.
 void LoadGraphData(const Place &place);
+// Points and extremes of the samples as they were read, by the measure state.AccountKind, view, mode and height of the
+// screen. Opens no file.
+void PlotSamples();
 
 // Sets PlotBand, PlotBase and PlotZero for values from `min` to `max`, which take in zero. Gives what lies between
 // them, and the pixels of x between two samples.

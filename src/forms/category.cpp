@@ -87,17 +87,19 @@ void PaintBar(const CatRec &row, const Rect &box) {
 void Decor(int mask) {
     if (!(mask & DecorPreview))
         return;
-    CatRec row;
-    if (state.EntryCount[CategoryList] > 1 && FetchCat(Neighbour(-1), &row))
-        PaintBar(row, UpperBox);
     PaintBar(Working(), CentreBox);
-    if (state.EntryCount[CategoryList] > 1 && FetchCat(Neighbour(1), &row))
-        PaintBar(row, LowerBox);
+    if (state.EntryCount[CategoryList] < 2)
+        return;
+    PaintBar(state.CategoriesBeside[0], UpperBox);
+    PaintBar(state.CategoriesBeside[1], LowerBox);
 }
 
 void Fill(int initialise) {
-    if (initialise)
+    if (initialise) {
         (void)FetchCat(state.SelectedPos[CategoryList], &Working());
+        (void)FetchCat(Neighbour(-1), &state.CategoriesBeside[0]);
+        (void)FetchCat(Neighbour(1), &state.CategoriesBeside[1]);
+    }
     SetFieldText(TextField, Working().Name);
     SetFieldText(DescriptionField, Working().Description);
 }

@@ -2,6 +2,7 @@
 #include "frame/form.h"
 #include "platform/text.h"
 #include "state/error_log.h"
+#include "state/messages.h"
 #include "store/catalogue.h"
 #include "store/windows.h"
 
@@ -39,6 +40,12 @@ void AddName(int field, const char16_t *name) {
 int32_t TemplateShown() {
     const int32_t selected = state.SelectedPos[TemplateList];
     return state.ActiveDialog == TemplateDialog && selected <= state.EntryCount[TemplateList] ? selected : 0;
+}
+
+// The template behind an item of the title list. 0 when there is none.
+int FetchListed(int item, FRec *row) {
+    const int32_t position = item + 1, shown = TemplateShown();
+    return item >= 0 && FetchFav(shown > 0 && position >= shown ? position + 1 : position, row);
 }
 
 // The accounts that entries can go to, one after the other; Total markers are none.
@@ -300,10 +307,16 @@ void ReadEntryFields(DDBlock *block, int keepDeletedCategory) {
         block->Transfer = ReadAccountField(TransferField, block->Transfer, 1);
 }
 
-int PickedTemplate(int index, FRec *row) {
-    if (index < 0)
-        return 0;
-    const int32_t position = index + 1;
-    const int32_t shown = TemplateShown();
-    return FetchFav(shown > 0 && position >= shown ? position + 1 : position, row);
+void HearEntryChoice(const Event &event, void (*take)(const FRec &picked)) {
+    if (event.Change != ControlChange::Choice)
+        return;
+    const int index = SelectedControlItem(TitleField);
+    FRec picked;
+    if (event.Control == MultiplierField && MultiplierIsCash()) {
+        ShowHelp(Help::CashMultiplier);
+    } else if (event.Control == TitleField && FetchListed(index, &picked)) {
+        take(picked);
+        SelectControlItem(TitleField, index);
+        DrawDialogDecor(DecorAll);
+    }
 }

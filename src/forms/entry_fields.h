@@ -69,5 +69,6 @@ bool MultiplierIsCash();
 void FillEntryFields(const DDBlock &block, int threeDecimals);
 void ReadEntryFields(DDBlock *block, int keepDeletedCategory);
 
-// The template behind an item of the title list. 1, or 0 when there is none.
-int PickedTemplate(int index, FRec *row);
+// What a choice in a list means on all forms of entries: "Cash" is explained, and a template picked by its name is
+// given to `take`, whereupon the form shows itself anew with the name still picked.
+void HearEntryChoice(const Event &event, void (*take)(const FRec &picked));

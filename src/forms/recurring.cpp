@@ -178,24 +178,18 @@ void Tapped(int item) {
         FlipBlock();
 }
 
+void TakeTemplate(const FRec &picked) {
+    ReadBlock();
+    CopyText(Working().Name, TextRoom, picked.Name);
+    SetFieldText(TitleField, picked.Name);
+    CopyEntryValues(picked, &Block());
+    if (state.BlockIndex == 1)
+        state.BlockFollows = 0;
+    FillBlock();
+}
+
 void TellChange(const Event &event) {
-    if (event.Change != ControlChange::Choice)
-        return;
-    FRec picked;
-    if (event.Control == MultiplierField && MultiplierIsCash()) {
-        ShowHelp(Help::CashMultiplier);
-    } else if (event.Control == TitleField && PickedTemplate(SelectedControlItem(TitleField), &picked)) {
-        const int index = SelectedControlItem(TitleField);
-        ReadBlock();
-        CopyText(Working().Name, TextRoom, picked.Name);
-        SetFieldText(TitleField, picked.Name);
-        CopyEntryValues(picked, &Block());
-        if (state.BlockIndex == 1)
-            state.BlockFollows = 0;
-        FillBlock();
-        SelectControlItem(TitleField, index);
-        DrawDialogDecor(DecorAll);
-    }
+    HearEntryChoice(event, TakeTemplate);
 }
 
 void ReadPeriod(DDRec *item) {

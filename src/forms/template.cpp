@@ -72,19 +72,13 @@ void Fill(int) {
     FillEntryFields(BlockOf(Working()), 0);
 }
 
+void TakeTemplate(const FRec &picked) {
+    Working() = picked;
+    Fill(0);
+}
+
 void TellChange(const Event &event) {
-    if (event.Change != ControlChange::Choice)
-        return;
-    FRec picked;
-    if (event.Control == MultiplierField && MultiplierIsCash()) {
-        ShowHelp(Help::CashMultiplier);
-    } else if (event.Control == TitleField && PickedTemplate(SelectedControlItem(TitleField), &picked)) {
-        const int index = SelectedControlItem(TitleField);
-        Working() = picked;
-        Fill(0);
-        SelectControlItem(TitleField, index);
-        DrawDialogDecor(DecorAll);
-    }
+    HearEntryChoice(event, TakeTemplate);
 }
 
 int DiaProcFav() {

@@ -192,10 +192,7 @@ bool NeedsAdvanced(const FRec &row) {
            (IsShareAccount() && (row.Cash || row.NoCash));
 }
 
-void LoadTemplate(int index) {
-    FRec picked;
-    if (!PickedTemplate(index, &picked))
-        return;
+void TakeTemplate(const FRec &picked) {
     ReadFields();
     TRec &row = Working();
     CopyText(row.Name, TextRoom, picked.Name);
@@ -211,18 +208,11 @@ void LoadTemplate(int index) {
         RebuildForm(CurrentLayout(), 0);
     } else {
         TranDialogFill(0);
-        DrawDialogDecor(DecorAll);
     }
-    SelectControlItem(TitleField, index);
 }
 
 void DiaProcTran(const Event &event) {
-    if (event.Change != ControlChange::Choice)
-        return;
-    if (event.Control == TitleField)
-        LoadTemplate(SelectedControlItem(TitleField));
-    else if (event.Control == MultiplierField && MultiplierIsCash())
-        ShowHelp(Help::CashMultiplier);
+    HearEntryChoice(event, TakeTemplate);
 }
 
 bool Differs(const TRec &row, const TRec &kept) {

@@ -110,6 +110,8 @@ int ClearFilters() {
     state.SelectedPos[TransactionList] = selection;
     if (state.CurrentScreen == TransactionList)
         LoadTranFile(state.SelectedPos[AccountList], SetRecPosition(selection, count));
+    if (state.CurrentScreen == GraphList)
+        ReloadList(GraphList, state.TopPos[GraphList]);
     SetGreys(state.CurrentScreen);
     if (wasShown && KindOfList(state.CurrentScreen) == FileKind::Transactions)
         RepaintScreen();

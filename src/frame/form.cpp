@@ -50,10 +50,8 @@ void ShowListAgain() {
     if (list < AccountList || list > ConversionList)
         return;
     const int selected = state.SelectedPos[list];
-    if (list != GraphList) {
-        const bool stays = selected < 1 || RowShows(RowOfPosition(selected));
-        ReloadList(list, stays ? state.TopPos[list] : SetRecPosition(selected, state.EntryCount[list]));
-    }
+    const bool stays = selected < 1 || list == GraphList || RowShows(RowOfPosition(selected));
+    ReloadList(list, stays ? state.TopPos[list] : SetRecPosition(selected, state.EntryCount[list]));
     if (state.Paint[list])
         state.Paint[list](ListWindow, PaintAll);
 }

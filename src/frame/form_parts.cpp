@@ -2,6 +2,7 @@
 #include "drawing/colours.h"
 #include "drawing/geometry.h"
 #include "frame/form.h"
+#include "platform/painting.h"
 #include "platform/text.h"
 #include "resources/art.h"
 #include "state/messages.h"
@@ -210,6 +211,7 @@ int DialogItemAtPos(int x, int y) {
 void DrawDialogDecor(int mask) {
     if (!state.OpenedForm)
         return;
+    const Painting painting;
     const bool whole = (mask & DecorGround) != 0;
     if (whole) {
         const Rect ground = {0, 0, ScreenWidth, state.MessageWindowOn ? MessageTopInForm : VisibleBottom};

@@ -6,6 +6,7 @@
 #include "frame/header.h"
 #include "frame/scroll.h"
 #include "frame/shown.h"
+#include "platform/painting.h"
 #include "platform/shell.h"
 #include "platform/text.h"
 #include "resources/menus.h"
@@ -100,7 +101,9 @@ void PaintCurrentScreen(int mask) {
 // The list in its new height.
 void RelayList(int reload, int mask) {
     const int screen = state.CurrentScreen;
-    if (reload && screen != GraphList && state.EntryCount[screen] > 0)
+    if (screen == GraphList)
+        ReloadList(screen, state.TopPos[screen]);
+    else if (reload && state.EntryCount[screen] > 0)
         ReloadList(screen, SetRecPosition(state.SelectedPos[screen], state.EntryCount[screen]));
     PaintCurrentScreen(screen == GraphList ? PaintAll : mask);
 }
@@ -145,6 +148,7 @@ void CloseMessages(int reload, int keepDialog) {
 } // namespace
 
 void PaintMessages(Window, int) {
+    const Painting painting;
     if (state.HubState != 0 || !state.MessageWindowOn)
         return;
     const Window window = MessageTarget();

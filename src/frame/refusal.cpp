@@ -66,9 +66,12 @@ void ReloadShown() {
     ReloadList(AccountList, state.TopPos[AccountList]);
     FindAccountAgain();
     const int32_t selected = state.SelectedPos[TransactionList];
+    const int32_t segment = state.SelectedPos[GraphList], topSegment = state.TopPos[GraphList];
     LoadTranFile(state.SelectedPos[AccountList], state.TopPos[TransactionList]);
     state.SelectedPos[TransactionList] = selected;
-    if (screen >= RecurringList && screen <= ConversionList)
+    state.SelectedPos[GraphList] = segment;
+    state.TopPos[GraphList] = topSegment;
+    if (screen >= GraphList && screen <= ConversionList)
         ReloadList(screen, state.TopPos[screen]);
     if (screen >= AccountList && screen <= ConversionList && screen != GraphList)
         HoldInside(screen);

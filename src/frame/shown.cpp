@@ -1,4 +1,7 @@
 #include "frame/shown.h"
+#include "analysis/chart_window.h"
+#include "analysis/graph_data.h"
+#include "analysis/graph_value.h"
 #include "ledger/account_window.h"
 #include "ledger/filter.h"
 #include "state/state.h"
@@ -75,7 +78,10 @@ int LoadTranFile(int32_t accountPosition, int32_t top) {
     if (!state.DataUsable || state.EntryCount[AccountList] < 1)
         return LoadRows(RowsOf(0, View::Live), top);
     state.SelectedPos[AccountList] = accountPosition;
-    return LoadRows(LoadCurrentAccount() ? EntriesShown() : RowsOf(0, View::Live), top);
+    const int filtered = LoadRows(LoadCurrentAccount() ? EntriesShown() : RowsOf(0, View::Live), top);
+    if (state.CurrentScreen == GraphList)
+        ReloadList(GraphList, 1);
+    return filtered;
 }
 
 void ReloadList(int list, int32_t top) {
@@ -87,6 +93,12 @@ void ReloadList(int list, int32_t top) {
         break;
     case TransactionList:
         LoadTranFile(state.SelectedPos[AccountList], top);
+        break;
+    case GraphList:
+        if (ChartShown())
+            LoadChart(EntriesShown(), top);
+        else
+            LoadGraphData(EntriesShown());
         break;
     case RecurringList:
         LoadDDFile(top);

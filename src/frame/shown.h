@@ -25,10 +25,10 @@ void TakeAccount(const ARec &account);
 
 // --- Rows
 
-// Loads the transactions of the account at a position, which becomes SelectedPos[AccountList] and the current account.
-// Returns 1 when a filter file is shown.
+// Loads the transactions of the account at a position, which becomes SelectedPos[AccountList] and the current account;
+// and on the blue tab what is drawn of them. Returns 1 when a filter file is shown.
 int LoadTranFile(int32_t accountPosition, int32_t top);
-// Loads the window of a list from `top` again.
+// Loads the window of a list from `top` again; of the blue tab the plot, or the chart and its table.
 void ReloadList(int list, int32_t top);
 // After an account's totals changed: the account list's window, the current account and the count of its entries.
 void RefreshAccounts();

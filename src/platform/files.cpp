@@ -2,8 +2,10 @@
 #include "platform/action.h"
 #include "platform/disk.h"
 #include "platform/overlay.h"
+#include "platform/painting.h"
 #include "platform/paths.h"
 #include "platform/recovery.h"
+#include <cassert>
 #include <cstdio>
 #include <cstring>
 
@@ -253,6 +255,7 @@ int OpenFile(const char *path, OpenDisposition disposition) {
         RefuseActionFor(ReadRefused);
         return FailedOpen;
     }
+    assert(!Painting::Runs() || TellsTrouble(plain));
     OpenSlot &slot = Open[handle];
     slot = {true, BelongsToActions(plain) != 0, DiskMissing, -1, 0, {}};
     std::strcpy(slot.Path, plain);
@@ -261,6 +264,13 @@ int OpenFile(const char *path, OpenDisposition disposition) {
     if (opened < 0)
         LeaveSlot(&slot);
     return opened < 0 ? opened : handle;
+}
+
+int FilesOpen() {
+    int count = 0;
+    for (const OpenSlot &slot : Open)
+        count += slot.Used;
+    return count;
 }
 
 int ReleaseFile(int handle) {

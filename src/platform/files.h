@@ -40,6 +40,8 @@ const char *DeviceRoot();
 [[nodiscard]] int OpenFile(const char *path, OpenDisposition disposition);
 // 1, or 0 when the handle was not open or the host reported an error.
 int ReleaseFile(int handle);
+// Handles that have not been released.
+int FilesOpen();
 // Bytes read from `offset`, fewer only at the end of the file, so 0 for NoFile; -1 on an error and for a bad handle.
 [[nodiscard]] int64_t ReadFileAt(int handle, int64_t offset, void *buffer, int64_t bytes);
 // 1 when all bytes stand in the file. Writing at the end makes the file grow, behind it leaves zeros between.

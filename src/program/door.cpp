@@ -4,13 +4,32 @@
 #include "input/wndproc.h"
 #include "platform/action.h"
 #include "platform/files.h"
+#include "platform/painting.h"
+#include "program/invariants.h"
 #include "program/start_up.h"
+#include "screens/hub.h"
 #include "screens/movie.h"
 #include "state/state.h"
+#include <cstdio>
+#include <cstdlib>
 
 namespace {
 
 bool inside; // an event brought another one with it, which belongs to the same action
+
+void Repaint(const Event &event) {
+    const Painting painting;
+    WndProc(event);
+}
+
+void AssertInvariants() {
+#ifndef NDEBUG
+    if (const char *broken = state.Next == NextStep::Left ? nullptr : BrokenInvariant()) {
+        std::fprintf(stderr, "Not always true: %s\n", broken);
+        std::abort();
+    }
+#endif
+}
 
 } // namespace
 
@@ -29,7 +48,10 @@ void HandleEvent(const Event &event) {
     inside = true;
     BeginAction();
     NoteShown();
-    WndProc(event);
+    if (event.Kind == EventKind::Paint)
+        Repaint(event);
+    else
+        WndProc(event);
     if (!CommitAction()) {
         GiveActionUp();
         AbortAction(); // what the reading anew would set right waits for a machine that takes it
@@ -44,6 +66,10 @@ void HandleEvent(const Event &event) {
         ShutDown(state.Next == NextStep::LeaveFiltered);
         state.Next = NextStep::Left;
     }
+    const bool moves = event.Kind == EventKind::PointerMove || event.Kind == EventKind::Paint;
+    if (!moves && state.Next != NextStep::Left)
+        SettleHub();
+    AssertInvariants();
     inside = false;
 }
 

@@ -3,6 +3,7 @@
 #include "drawing/cells.h"
 #include "drawing/colour_model.h"
 #include "drawing/colours.h"
+#include "platform/painting.h"
 #include "platform/text.h"
 #include "resources/art.h"
 #include <algorithm>
@@ -217,28 +218,26 @@ void PaintNothing(const Rect &box) {
 
 // --- The pie
 
-constexpr int Degrees = 360;
-
 // One point a degree, from the left over the top; the last is the first again.
 void MakePieOutline(const Rect &box, Point *points) {
     const double a = (box.Right - box.Left) / 2.0, b = (box.Bottom - box.Top) / 2.0;
     const double x = (box.Left + box.Right) / 2.0, y = (box.Top + box.Bottom) / 2.0;
-    for (int degree = 0; degree <= Degrees; ++degree) {
-        const double angle = degree % Degrees * std::numbers::pi / 180;
+    for (int degree = 0; degree <= PieDegrees; ++degree) {
+        const double angle = degree % PieDegrees * std::numbers::pi / 180;
         points[degree] = {static_cast<int>(std::lround(x - std::cos(angle) * a)),
                           static_cast<int>(std::lround(y - std::sin(angle) * b))};
     }
 }
 
 struct Pie {
-    Point Outline[Degrees + 1];
+    Point Outline[PieDegrees + 1];
     Point Middle;
 };
 
 void PaintSector(const Pie &pie, int from, int to, Colour fill, Colour outline) {
     if (from >= to)
         return;
-    Point corners[Degrees + 2];
+    Point corners[PieDegrees + 2];
     int count = 0;
     corners[count++] = pie.Middle;
     for (int degree = from; degree < to; degree += 2)
@@ -267,29 +266,22 @@ void DrawPie() {
     Pie pie;
     MakePieOutline(box, pie.Outline);
     pie.Middle = {(box.Left + box.Right) / 2, (box.Top + box.Bottom) / 2};
-    float sum = 0;
-    int at = 0, chosenFrom = 0, chosenTo = 0;
-    Colour colour = EmptyPie;
-    WalkGRecs([&](int32_t row, const GRec &segment) {
-        if (PercentOf(segment) <= 0)
-            return 1;
-        sum += PercentOf(segment);
-        const int to = std::clamp(static_cast<int>(sum * 3.6f), at, Degrees);
-        colour = FromFile(segment.PieColour);
-        PaintSector(pie, at, to, colour, colour);
-        if (row == state.SelectedPos[GraphList]) {
-            chosenFrom = at;
-            chosenTo = to;
-        }
-        at = to;
-        return 1;
-    });
-    if (sum == 0) {
+    if (state.PieSectorCount == 0) {
         FillEllipse(ListWindow, rim, EmptyPie, Rim);
         PaintNothing(box);
         return;
     }
-    PaintSector(pie, at, Degrees, colour, colour);
+    int at = 0, chosenFrom = 0, chosenTo = 0;
+    for (int i = 0; i < state.PieSectorCount; ++i) {
+        const PieSector &sector = state.PieSectors[i];
+        const Colour colour = FromFile(sector.Colour);
+        PaintSector(pie, at, sector.End, colour, colour);
+        if (sector.Row == state.SelectedPos[GraphList]) {
+            chosenFrom = at;
+            chosenTo = sector.End;
+        }
+        at = sector.End;
+    }
     if (chosenFrom < chosenTo) {
         const Point sides[] = {pie.Outline[chosenFrom], pie.Middle, pie.Outline[chosenTo]};
         DrawPolyline(ListWindow, sides, 3, InkOn(EmptyPie), 2);
@@ -326,10 +318,10 @@ void PaintPairColumn(int column, const GRec &segment, uint64_t largest) {
 
 void DrawCreditDebit() {
     constexpr int PercentWidth = 46;
-    GRec pair[2];
+    const GRec *const pair = state.ChartRows;
     const int base = PairBase();
     FillRect(ListWindow, {PairLeft[0] - 6, base, PairLeft[1] + PairWidth + 6, base + 1}, Rim);
-    if (LoadGRecs(1, 2, pair) < 2) {
+    if (state.ChartRowCount < 2) {
         PaintNothing({PairLeft[0], LowerHeading.Bottom, PairLeft[1] + PairWidth, base});
         return;
     }
@@ -345,6 +337,54 @@ void DrawCreditDebit() {
     }
     PaintAmount(ListWindow, AddAmounts(pair[0].Value, pair[1].Value),
                 {line.Left + PercentWidth, line.Top, line.Right - PercentWidth, line.Bottom}, 2, Align::Centre);
+}
+
+// --- The heading, the table and the fields
+
+void PaintHeading() {
+    const GRec &segment = state.Segment;
+    const bool there = state.SegmentSelected;
+    const Colour ground = there ? ColourOfSegment(segment) : PanelGrey;
+    FillRect(ListWindow, UpperHeading, ground);
+    FillRect(ListWindow, LowerHeading, PanelGrey);
+    const Rect frame = {UpperHeading.Left, UpperHeading.Top, LowerHeading.Right, LowerHeading.Bottom};
+    Frame(frame, Rim);
+    FillRect(ListWindow, {frame.Left, LowerHeading.Top, frame.Right, LowerHeading.Top + 1}, Rim);
+    if (!there)
+        return;
+    char16_t count[AmountRoom] = u"", percent[AmountRoom];
+    AppendNumber(count, AmountRoom, segment.Entries);
+    const int countLeft = UpperHeading.Right - 4 - TextWidth(count, Font::Bold);
+    PaintText(ListWindow, segment.Title, {UpperHeading.Left + 4, UpperHeading.Top, countLeft - 4, UpperHeading.Bottom},
+              Align::Left, Font::Bold, InkOn(ground), 1);
+    PaintText(ListWindow, count, {countLeft, UpperHeading.Top, UpperHeading.Right - 4, UpperHeading.Bottom},
+              Align::Right, Font::Bold, InkOn(ground));
+    WritePercent(percent, PercentOf(segment));
+    PaintText(ListWindow, percent, {LowerHeading.Left + 4, LowerHeading.Top, HeadingSplit, LowerHeading.Bottom},
+              Align::Left, state.ShowPercent ? Font::Bold : Font::Normal, Black, 1);
+    char16_t value[AmountRoom];
+    WriteAmount(value, AmountRoom, ValueOf(segment));
+    PaintText(ListWindow, value, {HeadingSplit - 15, LowerHeading.Top, LowerHeading.Right - 4, LowerHeading.Bottom},
+              Align::Right, state.ShowPercent ? Font::Normal : Font::Bold, ValueOf(segment) < 0 ? AlertRed : Black, 1);
+}
+
+void PaintTable() {
+    const GRec *const rows = state.ChartRows;
+    const int shown = std::min(state.ChartRowCount, TableRows());
+    for (int i = 0; i < shown; ++i) {
+        if (state.GraphMode == BarChart) {
+            if (state.TopPos[GraphList] + i == state.SelectedPos[GraphList])
+                FillRect(ListWindow, {1, TableTop(i + 1), ColumnLimit, TableTop(i + 2)}, SelectedBand);
+            PaintBar(i + 1, rows[i]);
+        }
+        PaintRow(i + 1, rows[i]);
+    }
+}
+
+void PaintDropFields() {
+    PaintField(GroupList);
+    PaintField(OrderList);
+    PaintDroppedList();
 }
 
 } // namespace
@@ -373,53 +413,8 @@ int BarIsCut(uint64_t magnitude) {
     return state.BarZoom > 1 && magnitude > LargestMagnitude() / static_cast<uint64_t>(state.BarZoom);
 }
 
-void PaintHeading() {
-    GRec segment;
-    const int there = LoadGRec(state.SelectedPos[GraphList], &segment);
-    const Colour ground = there ? ColourOfSegment(segment) : PanelGrey;
-    FillRect(ListWindow, UpperHeading, ground);
-    FillRect(ListWindow, LowerHeading, PanelGrey);
-    const Rect frame = {UpperHeading.Left, UpperHeading.Top, LowerHeading.Right, LowerHeading.Bottom};
-    Frame(frame, Rim);
-    FillRect(ListWindow, {frame.Left, LowerHeading.Top, frame.Right, LowerHeading.Top + 1}, Rim);
-    if (!there)
-        return;
-    char16_t count[AmountRoom] = u"", percent[AmountRoom];
-    AppendNumber(count, AmountRoom, segment.Entries);
-    const int countLeft = UpperHeading.Right - 4 - TextWidth(count, Font::Bold);
-    PaintText(ListWindow, segment.Title, {UpperHeading.Left + 4, UpperHeading.Top, countLeft - 4, UpperHeading.Bottom},
-              Align::Left, Font::Bold, InkOn(ground), 1);
-    PaintText(ListWindow, count, {countLeft, UpperHeading.Top, UpperHeading.Right - 4, UpperHeading.Bottom},
-              Align::Right, Font::Bold, InkOn(ground));
-    WritePercent(percent, PercentOf(segment));
-    PaintText(ListWindow, percent, {LowerHeading.Left + 4, LowerHeading.Top, HeadingSplit, LowerHeading.Bottom},
-              Align::Left, state.ShowPercent ? Font::Bold : Font::Normal, Black, 1);
-    char16_t value[AmountRoom];
-    WriteAmount(value, AmountRoom, ValueOf(segment));
-    PaintText(ListWindow, value, {HeadingSplit - 15, LowerHeading.Top, LowerHeading.Right - 4, LowerHeading.Bottom},
-              Align::Right, state.ShowPercent ? Font::Normal : Font::Bold, ValueOf(segment) < 0 ? AlertRed : Black, 1);
-}
-
-void PaintTable() {
-    GRec rows[MostRows];
-    const int shown = LoadGRecs(state.TopPos[GraphList], TableRows(), rows);
-    for (int i = 0; i < shown; ++i) {
-        if (state.GraphMode == BarChart) {
-            if (state.TopPos[GraphList] + i == state.SelectedPos[GraphList])
-                FillRect(ListWindow, {1, TableTop(i + 1), ColumnLimit, TableTop(i + 2)}, SelectedBand);
-            PaintBar(i + 1, rows[i]);
-        }
-        PaintRow(i + 1, rows[i]);
-    }
-}
-
-void PaintDropFields() {
-    PaintField(GroupList);
-    PaintField(OrderList);
-    PaintDroppedList();
-}
-
 void PaintWholeChart() {
+    const Painting painting;
     FillRect(ListWindow, {0, 0, ScreenWidth, state.RowCount * RowHeight + 1}, Paper);
     PaintHeading();
     if (IsPair()) {

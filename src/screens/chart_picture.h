@@ -2,6 +2,7 @@
 // and chart_picture.cpp alone.
 #pragma once
 
+#include "analysis/chart_window.h"
 #include "analysis/charts.h"
 #include "analysis/graph_data.h"
 #include "analysis/graph_value.h"
@@ -37,10 +38,7 @@ constexpr int DropCount(int list) {
     return list == GroupList ? GroupCount : OrderCount;
 }
 
-// Rows of the table; row n, from 1, stands behind bar n.
-inline int TableRows() {
-    return state.RowCount - (state.MessageWindowOn ? 1 : 0);
-}
+// Row n of the table, from 1, stands behind bar n.
 constexpr int TableTop(int row) {
     return TableRowHeight * row + TopMargin + 21;
 }
@@ -76,8 +74,5 @@ int BarLeft(uint64_t magnitude);
 // A bar that is longer than there is room.
 int BarIsCut(uint64_t magnitude);
 
-// Painting, from the work file as it is. `row` from 1 of the table.
+// Paints all between titles and tabs.
 void PaintWholeChart();
-void PaintHeading();
-void PaintTable();
-void PaintDropFields();

@@ -50,38 +50,22 @@ void ExplainList(int list) {
 
 // --- Selection and window
 
-int32_t LowestTop() {
-    return std::max(1, state.EntryCount[GraphList] - TableRows() + 1);
-}
-
-void SetTop(int32_t top) {
-    state.TopPos[GraphList] = std::clamp(top, 1, LowestTop());
-}
-
 void Repaint() {
     PaintWholeChart();
     UpdateCounts();
     SetScrollBarThumb(state.TopPos[GraphList], state.EntryCount[GraphList]);
 }
 
-void ShowSelection() {
-    const int32_t row = state.SelectedPos[GraphList] - state.TopPos[GraphList];
-    if (row < 0 || row >= TableRows())
-        SetTop(state.SelectedPos[GraphList] - TableRows() / 2);
+void ShowFrom(int32_t top) {
+    LoadChartRows(top);
+    Repaint();
 }
 
 void Select(int32_t segment) {
     state.SelectedPos[GraphList] = segment;
-    ShowSelection();
-    Repaint();
+    const int32_t top = state.TopPos[GraphList], row = segment - top;
+    ShowFrom(row >= 0 && row < TableRows() ? top : segment - TableRows() / 2);
     ShowHelp(HelpOfChart().Selected);
-}
-
-void Rebuild() {
-    state.EntryCount[GraphList] = ConvertRecToGRec(EntriesShown());
-    int32_t *const selected = &state.SelectedPos[GraphList];
-    *selected = std::clamp(*selected, std::min(1, state.EntryCount[GraphList]), state.EntryCount[GraphList]);
-    SetTop(state.TopPos[GraphList]);
 }
 
 // --- The drop lists
@@ -103,6 +87,7 @@ void Choose(int list, int entry) {
     state.DroppedList = NoDropList;
     state.SelectedPos[GraphList] = state.TopPos[GraphList] = 1;
     ExplainChoice(list);
+    ReloadList(GraphList, 1);
     state.Paint[GraphList](ListWindow, PaintAllButTabs); // the scroll bar comes and goes with the group
 }
 
@@ -245,11 +230,8 @@ int ChartsScroll() {
 }
 
 void PaintCharts(int mask) {
-    if (!(mask & PaintRows))
-        return;
-    state.DroppedList = NoDropList;
-    Rebuild();
-    Repaint();
+    if (mask & PaintRows)
+        Repaint();
 }
 
 void PressCharts(int x, int y) {
@@ -274,8 +256,7 @@ void StrokeCharts(int x, int y) {
     // What is under the stylus goes with it.
     if (state.PressX >= TableLeft && state.PressY >= TableTop(1) && std::abs(down) >= ScrollTravel) {
         const int pressed = (state.PressY - TableTop(1)) / TableRowHeight, now = (y - TableTop(1)) / TableRowHeight;
-        SetTop(state.TopPos[GraphList] + pressed - now);
-        Repaint();
+        ShowFrom(state.TopPos[GraphList] + pressed - now);
     } else if (state.GraphMode == BarChart && std::abs(across) > ZoomTravel &&
                std::abs(across / ZoomStep) > ZoomSteps) {
         Zoom(across > 0);
@@ -283,34 +264,36 @@ void StrokeCharts(int x, int y) {
 }
 
 void ScrollCharts(ScrollCode code, int position) {
-    const int32_t top = state.TopPos[GraphList], page = TableRows() - 1;
+    int32_t top = state.TopPos[GraphList];
+    const int32_t was = top, page = TableRows() - 1;
     ShowHelp(Help::ScrollBar);
     ShowEyes(OpenEye);
     switch (code) {
     case ScrollCode::LineUp:
-        SetTop(top - 1);
+        --top;
         break;
     case ScrollCode::LineDown:
-        SetTop(top + 1);
+        ++top;
         break;
     case ScrollCode::PageUp:
-        SetTop(top - page);
+        top -= page;
         break;
     case ScrollCode::PageDown:
-        SetTop(top + page);
+        top += page;
         break;
     case ScrollCode::ThumbTrack:
-        SetTop(position);
+        top = position;
         break;
     case ScrollCode::Top:
-        SetTop(1);
+        top = 1;
         break;
     case ScrollCode::Bottom:
-        SetTop(LowestTop());
+        top = LowestChartTop();
         break;
     }
-    if (state.TopPos[GraphList] != top)
-        Repaint();
+    top = std::clamp(top, 1, LowestChartTop());
+    if (top != was)
+        ShowFrom(top);
 }
 
 int KeyCharts(Key key) {

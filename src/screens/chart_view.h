@@ -7,7 +7,7 @@
 // 1 when the list's scroll bar belongs to the chart shown: debits against credits have no table.
 int ChartsScroll();
 
-// With PaintRows makes the work file anew and paints all between titles and tabs, with counts and thumb.
+// With PaintRows paints all between titles and tabs, with counts and thumb.
 void PaintCharts(int mask);
 // A press on the chart, and the release that ends it (state.PressX and PressY say where it began).
 void PressCharts(int x, int y);

@@ -9,8 +9,8 @@
 #include "frame/changes.h"
 #include "frame/header.h"
 #include "frame/scroll.h"
-#include "frame/shown.h"
 #include "frame/tabs.h"
+#include "platform/painting.h"
 #include "platform/shell.h"
 #include "resources/art.h"
 #include "resources/geometry.h"
@@ -100,12 +100,10 @@ void DrawIcons() {
 
 // The strip left of the icons has the flag of the selected entry.
 void DrawFlagStrip() {
-    TRec row;
-    const bool selected = (state.GraphMode == PlainGraph || state.GraphMode == Regression) && state.SelectedEntry > 0 &&
-                          FetchTran(state.SelectedEntry, &row);
-    const bool flagged = selected && row.Flag >= 1 && row.Flag <= 3;
+    const bool selected = (state.GraphMode == PlainGraph || state.GraphMode == Regression) && state.SelectedSample > 0;
+    const int flag = selected ? state.SampleRow[state.SelectedSample].Flag : 0;
     FillRect(TopWindow, {1, HeaderBottom, IconLeft, TitlesBottom},
-             flagged ? FlagColour(row.Flag) : BrushColour(TitleBrush));
+             flag >= 1 && flag <= 3 ? FlagColour(flag) : BrushColour(TitleBrush));
 }
 
 void DrawColumns() {
@@ -142,7 +140,8 @@ void ChooseMode(int x) {
     state.GraphMode = mode;
     state.PointerOn = 0;
     if (ChartShown())
-        state.SelectedPos[GraphList] = state.TopPos[GraphList] = 1;
+        state.SelectedPos[GraphList] = 1;
+    LoadShownRows(1);
     SetGreys(GraphList);
     doGraph(ListWindow, chosen.Mask);
 }
@@ -161,7 +160,7 @@ void TurnCounting(int) {
 // Another measure is plotted: what was foretold from the last one is void.
 void PaintOtherMeasure() {
     state.ExtrapReload = 1;
-    doGraph(ListWindow, PaintColumns | PaintRows | PaintCounts);
+    ReloadAndPaint(PaintColumns | PaintRows | PaintCounts);
 }
 
 void TapValueTitle(int x) {
@@ -213,9 +212,7 @@ int PlotKey(Key key) {
 void PaintEntryPlot(int mask) {
     if (!(mask & PaintRows))
         return;
-    LoadGraphData(EntriesShown());
-    SelectSample(SampleOfEntry(state.SelectedEntry));
-    state.EntryCount[GraphList] = state.SampleTotal;
+    PlotSamples();
     state.SelectedPos[GraphList] = state.SelectedEntry;
     RecHLon(state.SelectedEntry, 0);
     DrawFlagStrip();
@@ -225,12 +222,11 @@ void PaintEntryPlot(int mask) {
 
 void PaintExtrapolation(int mask) {
     if (mask & PaintRows) {
-        LoadGraphData(EntriesShown());
-        state.EntryCount[GraphList] = state.SampleTotal;
-        state.SelectedPos[GraphList] = SampleOfEntry(state.SelectedEntry) ? state.SelectedEntry : 0;
+        PlotSamples();
+        state.SelectedPos[GraphList] = state.SelectedEntry;
         DrawFlagStrip();
         if (state.ExtrapReload) {
-            RebuildExtrapolation(EntriesShown());
+            RebuildExtrapolation();
             mask |= PaintCounts;
         }
         ScaleExtrapolation();
@@ -280,6 +276,7 @@ int TitleKeyX(int title) {
 }
 
 void doGraph(Window window, int mask) {
+    const Painting painting;
     SettleMode();
     state.AccountKind = static_cast<int32_t>(state.CurAccount.AccType);
     if (!MeasureIsKnown())
@@ -308,7 +305,7 @@ const ListScreen GraphScreen = {
     .List = GraphList,
     .Paint = doGraph,
     .TabHelp = {Help::GraphTab, Help::ArchivedGraphTab, InArchiveView},
-    .Arrives = Arrival::Own,
+    .Arrives = Arrival::KeepTop,
     .Selection = RowChosen::Keep,
     .NeedsAccount = true,
     .PostsDues = false,

@@ -186,18 +186,17 @@ int BoxKeyPressed(Key key) {
 
 int BringSelectedPoint() {
     const int32_t position = state.SelectedEntry;
-    TRec before, after;
-    if (!PlotOfEntries() || !FetchTran(position, &before))
+    if (!PlotOfEntries() || position < 1)
         return 0;
-    const int32_t top = state.TopPos[GraphList];
+    const TRec &shown = state.SampleRow[state.SelectedSample];
+    TRec there;
     state.CurrentScreen = TransactionList;
     LoadTranFile(state.SelectedPos[AccountList], SetRecPosition(position, state.SampleTotal));
     state.CurrentScreen = GraphList;
     state.SelectedPos[TransactionList] = state.SelectedPos[GraphList] = position;
-    state.TopPos[GraphList] = top;
     // A Day marker that has followed the calendar meanwhile may have moved the rows.
-    if (FetchTran(position, &after) && std::memcmp(&before, &after, sizeof before) == 0)
+    if (FetchTran(position, &there) && std::memcmp(&shown, &there, sizeof there) == 0)
         return 1;
-    doGraph(ListWindow, PaintAll);
+    ReloadAndPaint(PaintAll);
     return 0;
 }

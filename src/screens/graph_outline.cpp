@@ -5,9 +5,9 @@
 #include "analysis/regression.h"
 #include "drawing/colours.h"
 #include "drawing/geometry.h"
-#include "frame/shown.h"
 #include "platform/text.h"
 #include "screens/graph_plot.h"
+#include "state/state.h"
 #include <algorithm>
 #include <initializer_list>
 
@@ -156,12 +156,6 @@ RecDate Normalised(RecDate date) {
     return DateFromDayNumber(std::clamp(date.DayNumber, FirstDayNumber, LastDayNumber));
 }
 
-RecDate DateOfSample(int sample) {
-    TRec row;
-    FetchTran(state.SamplePos[sample], &row);
-    return row.Date;
-}
-
 void DrawDate(const RecDate &date, int left) {
     constexpr int Width = 45;
     const int top = PlotRow(Bottom() + 10), yearTop = PlotRow(Bottom() + 20);
@@ -182,8 +176,8 @@ void DrawDates() {
     if (state.SampleCount < 1 || state.AccountKind == ListAccount)
         return;
     const bool extrapolation = state.GraphMode == Extrapolation;
-    const RecDate left = extrapolation ? state.LeftDate : DateOfSample(1),
-                  right = extrapolation ? state.TargetDate : DateOfSample(state.SampleCount);
+    const RecDate left = extrapolation ? state.LeftDate : state.SampleRow[1].Date,
+                  right = extrapolation ? state.TargetDate : state.SampleRow[state.SampleCount].Date;
     if (left.Year == 0)
         return;
     DrawDate(Normalised(left), First);

@@ -5,9 +5,9 @@
 #include "analysis/regression.h"
 #include "drawing/colours.h"
 #include "drawing/geometry.h"
-#include "frame/shown.h"
 #include "platform/text.h"
 #include "resources/art.h"
+#include "state/state.h"
 #include <algorithm>
 #include <initializer_list>
 
@@ -73,8 +73,7 @@ Told ToldByPointer() {
         told.Amount = PredictValue(state.PointerDate.DayNumber) * Thousand;
         return told;
     }
-    TRec row;
-    FetchTran(state.SelectedEntry, &row);
+    const TRec &row = state.SampleRow[state.SelectedSample];
     told.Day = row.Date;
     told.Amount = GetGraphValue(row);
     CopyText(told.Title, TextRoom, row.Name);
@@ -82,13 +81,13 @@ Told ToldByPointer() {
 }
 
 int PointerTells() {
-    return state.PointerOn && !ChartShown() && state.SelectedEntry > 0 && state.SampleCount >= 2;
+    return state.PointerOn && !ChartShown() && state.SelectedSample > 0 && state.SampleCount >= 2;
 }
 
 Point PointOfPointer() {
     if (state.GraphMode == Extrapolation)
         return {state.PointerX, PlotRow(state.PointerY)};
-    return state.SamplePt[std::clamp<int>(state.SelectedSample, 0, MostSamples)];
+    return state.SamplePt[state.SelectedSample];
 }
 
 void DrawDay(const RecDate &day, const Rect &box) {
@@ -167,7 +166,7 @@ void DrawGraph() {
         RedrawLineAboveCurve(state.RegSlope, state.LineEnds[0].Y, state.SamplePt + 1, count, state.LineEnds, LineRibbon,
                              RegressionPen);
     DrawAxesAgain();
-    if (state.SelectedEntry < 1)
+    if (state.SelectedSample < 1)
         return;
     DrawMark(PointOfPointer());
     if (state.PointerOn)

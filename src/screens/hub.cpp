@@ -240,6 +240,18 @@ int PressHub(int x, int y) {
     return key;
 }
 
+void SettleHub() {
+    FixedAmount value;
+    if (state.HubState != SmallHub)
+        return;
+    const uint32_t reads = HubRead(&value), takes = HubTakesValue();
+    if (reads == state.HubReads && takes == state.HubTakes)
+        return;
+    state.HubReads = reads;
+    state.HubTakes = takes;
+    DrawHubArrows();
+}
+
 bool HubCoversForm() {
     return FormOpen() && (state.HubState == LargeHub || state.HubPicking);
 }

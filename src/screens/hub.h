@@ -16,6 +16,9 @@ void HubKey(int key);
 // key, or HubHit's answer when there is none.
 int PressHub(int x, int y);
 
+// At the end of an event: finds out what the panel's arrows can do now, and draws them when that has changed.
+void SettleHub();
+
 // True while the open form lies under the calculator or the conversion view and hears nothing.
 bool HubCoversForm();
 // Ends the conversion view and shows the calculator again.

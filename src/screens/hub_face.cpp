@@ -2,8 +2,8 @@
 #include "analysis/calculator.h"
 #include "drawing/colours.h"
 #include "drawing/geometry.h"
+#include "platform/painting.h"
 #include "resources/art.h"
-#include "screens/hub_values.h"
 #include "state/state.h"
 #include <span>
 
@@ -64,9 +64,8 @@ void DrawCone(const HubKeyPlace &place) {
 }
 
 void DrawArrow(const HubKeyPlace &place, bool pressed) {
-    FixedAmount value;
     const bool reads = place.Face == HubFace::Read;
-    const bool works = reads ? HubRead(&value) : HubTakesValue();
+    const bool works = reads ? state.HubReads : state.HubTakes;
     const int left = (reads ? 0 : 2 * ArrowPitch) + (works ? 0 : ArrowPitch);
     const Rect &box = place.Box;
     RestoreGround({box.Left, box.Top, box.Right + 1, box.Bottom + 1});
@@ -167,6 +166,7 @@ int HubHit(int x, int y) {
 void DrawHub() {
     if (state.HubState == HubClosed)
         return;
+    const Painting painting;
     // Between the tabs and the panel, where longer lists have rows.
     if (!IsLarge())
         FillRect(ListWindow, {0, TabTop(RowsAboveMessages) + TabBand, ScreenWidth, HubPlace.Top - ListTop}, White);

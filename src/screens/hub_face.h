@@ -11,7 +11,7 @@ int HubHit(int x, int y);
 void DrawHub();
 // What a key may have changed: the lines, their sign and the operator.
 void DrawHubDisplay();
-// The arrows as the selection allows them.
+// The arrows as SettleHub (screens/hub.h) found them.
 void DrawHubArrows();
 // A key as it is, or pressed. A key that is not there draws nothing.
 void DrawHubKey(int key, bool pressed);

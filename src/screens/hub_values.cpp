@@ -124,8 +124,8 @@ bool WriteEntry(FixedAmount value) {
 
 // A segment as the chart labels it.
 bool ReadSegment(FixedAmount *value) {
-    GRec segment;
-    if (!LoadGRec(Selected(), &segment))
+    const GRec &segment = state.Segment;
+    if (!state.SegmentSelected)
         return false;
     *value = state.ShowPercent ? std::llround(PercentOf(segment) * static_cast<float>(Thousand)) : ValueOf(segment);
     return true;
@@ -138,10 +138,9 @@ bool ReadGraph(FixedAmount *value) {
         *value = state.PointerOn ? PredictValue(state.PointerDate.DayNumber) * Thousand : 0;
         return true;
     }
-    TRec row;
-    if (!FetchSelectedTran(&row))
+    if (SelectedTran() < 1)
         return false;
-    *value = GetGraphValue(row);
+    *value = GetGraphValue(state.SampleRow[state.SelectedSample]);
     return true;
 }
 
@@ -267,11 +266,7 @@ const HubSource &SourceShown() {
 // The list with the row that was written in sight.
 void ShowWritten() {
     const int screen = state.CurrentScreen;
-    if (screen == GraphList) {
-        doGraph(ListWindow, PaintCounts | PaintRows);
-        return;
-    }
-    if (!RowShows(RowOfPosition(Selected())))
+    if (screen != GraphList && !RowShows(RowOfPosition(Selected())))
         state.TopPos[screen] = SetRecPosition(Selected(), state.EntryCount[screen]);
     ReloadAndPaint(PaintCounts | PaintRows);
 }

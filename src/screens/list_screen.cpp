@@ -5,6 +5,7 @@
 #include "frame/scroll.h"
 #include "frame/shown.h"
 #include "frame/tabs.h"
+#include "platform/painting.h"
 #include "resources/geometry.h"
 #include "screens/hub_face.h"
 #include "screens/rows.h"
@@ -71,6 +72,7 @@ bool InArchiveView() {
 }
 
 void PaintListScreen(const ListScreen &screen, Window window, int mask) {
+    const Painting painting;
     ShowListScrollBar(1);
     if (mask & PaintTitle)
         screen.DrawTitle();
@@ -93,6 +95,7 @@ void PaintListScreen(const ListScreen &screen, Window window, int mask) {
 }
 
 void RecHLon(int position, int refreshCounts) {
+    const Painting painting;
     state.HighlightPos = position;
     const ListScreen *screen = ScreenOf(state.CurrentScreen);
     if (screen && screen->PaintRow) {

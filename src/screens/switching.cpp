@@ -85,10 +85,11 @@ void ShowNextTransactions(int forward) {
 
 void ShowNextGraph(int forward) {
     StepAccount(forward);
-    state.SelectedPos[GraphList] = state.TopPos[GraphList] = 1;
+    state.SelectedPos[GraphList] = 1;
     state.BarZoom = 1;
     if (state.GraphMode == 3 && state.AccountKind == ListAccount)
         state.GraphMode = 2;
+    LoadShownRows(1);
     SetGreys(GraphList);
     doGraph(ListWindow, PaintAllButTabs);
 }

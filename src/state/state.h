@@ -1,12 +1,13 @@
 // The central state: the only mutable global of the program. One structure that lives for the whole run, grouped by
 // the subsystem that owns each word. Positions in files and lists count from 1, and 0 means none.
 //
-// Always true between two events: no data file is open; the windows of rows are what the files hold; CurrentScreen
-// is the list that the store operations work on, and code that writes into another list sets it and sets it back.
+// What is always true between two events stands in program/invariants.cpp. Beyond that, the window of the list shown,
+// on the blue tab its plot or chart, is what the files hold.
 #pragma once
 
 #include "platform/event.h"
 #include "platform/surface.h"
+#include "records/chart_record.h"
 #include "records/place.h"
 #include "records/records.h"
 #include "resources/menus.h"
@@ -69,6 +70,13 @@ struct MovieItem { // a letter in motion
     int32_t Shown; // 1 while it stands on the screen
 };
 inline constexpr int MostMovieItems = 24, MovieScenes = 9;
+
+inline constexpr int32_t PieDegrees = 360;
+struct PieSector { // from where the last one ended
+    int32_t Row;   // of the work file; 0: what rounding left of the circle
+    int32_t End;   // in degrees from the left over the top
+    int32_t Colour;
+};
 
 struct TitleWords { // a column's title as it was painted; none when Left is Right
     int32_t Left, Right;
@@ -272,9 +280,10 @@ struct State {
     int32_t BarZoom;      // of bars: 1, 3, 9 ... 243
     uint32_t BalanceView; // 1: the Balance column is plotted, 0: the value column
     uint32_t BackToGraph; // a form opened from the graph leads back to it
-    // Its sample table: the newest entries of the account, as pixels of ListWindow; lives as long as a redraw. Samples
-    // count from 1, oldest first, and point 0 repeats point 1.
+    // Its sample table: the newest entries of the account, and as pixels of ListWindow. Samples count from 1, oldest
+    // first, and point 0 repeats point 1.
     int32_t SamplePos[MostSamples + 1]; // record in the file
+    TRec SampleRow[MostSamples + 1];    // as it was read
     Point SamplePt[MostSamples + 1];
     int32_t SampleCount, SampleTotal; // samples; all records of the file
     FixedAmount SampleMin, SampleMax; // they take in zero
@@ -316,6 +325,12 @@ struct State {
     uint32_t ShowPercent;                    // bars are labelled with percentages
     int32_t DroppedList;                     // 0 none, 1 the groups, 2 the orders
     FixedAmount LargestCredit, LargestDebit; // magnitudes, of one segment
+    GRec ChartRows[MostRows];                // from TopPos on
+    int32_t ChartRowCount;
+    GRec Segment;             // the selected one
+    uint32_t SegmentSelected; // 0: there is none
+    PieSector PieSectors[PieDegrees];
+    int32_t PieSectorCount;
 
     // Hub
     int32_t HubState;         // a HubStates
@@ -327,6 +342,7 @@ struct State {
     int32_t EntryState;            // -1 the next digit begins a number, 0 whole digits, 1 to 3 that decimal, 4 full
     uint32_t CalcError;            // 1: the display shows stars
     int32_t CalcDecimals;          // shown: 2 or 3
+    uint32_t HubReads, HubTakes;   // 1: the read arrow finds an amount, the write arrow a place for one
     uint32_t HubPicking;           // 1 while the conversions are shown for a rate to be picked
     int32_t PickScreen;            // to return to then
     int32_t PickSelected, PickTop; // of the conversions before
@@ -386,6 +402,7 @@ struct State {
     char16_t ShownText[ShownFields][ShownRoom]; // by control id: what a field held when it was filled
     uint8_t FieldEdited[ShownFields];           // by control id: 1 once the owner has changed it
     RecDate ShownDate;                          // the same of the date field
+    CatRec CategoriesBeside[2];                 // of the category shown: before and behind it, where there are others
 };
 
 extern State state;

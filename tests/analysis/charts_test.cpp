@@ -309,6 +309,7 @@ TEST_F(Charts, DamagedAccountsAreChartedAsFarAsTheyCanBeRead) {
         state.AnalysisGroup = static_cast<int>(seed % GroupCount) + 1;
         state.AnalysisOrder = static_cast<int>(seed % OrderCount);
         state.GraphMode = seed % 2 ? PieChart : BarChart;
+        ReloadList(GraphList, 1);
         doGraph(ListWindow, EveryBand);
         size_t entriesIn = 0;
         for (const GRec &segment : Segments())

@@ -69,7 +69,7 @@ protected:
         state.GraphMode = Extrapolation;
         Write(rows);
         LoadGraphData(Shown);
-        RebuildExtrapolation(Shown);
+        RebuildExtrapolation();
         ScaleExtrapolation();
     }
     static std::string Target() {

@@ -89,6 +89,7 @@ int DiskOpen(const char *path, int create) {
     if (!IsJournal(path)) {
         ++disk.OpenHandles;
         ++disk.FilesOpened;
+        ++disk.OpensOf[strrchr(path, '/') + 1];
         dataHandles.insert(handle);
     }
     return handle;

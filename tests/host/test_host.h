@@ -34,9 +34,10 @@ struct Disk {
     DiskSwitches Switches;
     int WriteCalls = 0; // write-like calls so far
     int Reads = 0, Opens = 0, Syncs = 0, Reserves = 0;
-    int DataWrites = 0;  // writes into data files, not into the journal
-    int FilesOpened = 0; // opens that gave a handle of a data file
-    int OpenHandles = 0; // of data files: neither the journal's nor a lock's
+    int DataWrites = 0;                 // writes into data files, not into the journal
+    int FilesOpened = 0;                // opens that gave a handle of a data file
+    std::map<std::string, int> OpensOf; // the same by the name of the file
+    int OpenHandles = 0;                // of data files: neither the journal's nor a lock's
 };
 extern Disk disk;
 // Switches and counters back to the defaults.
