@@ -1,8 +1,8 @@
 // What grows with the number of accounts and of recurring items. To reach: the list of 1,000 accounts within 8 ms; the
 // start with 1,000 accounts and 1,000 items within 60 ms; 3,000 due items within 150 ms; 25 entries into 100,000 rows
 // within 3 times one entry; two years of 200 weekly items within 1 s.
-#include "ledger/recurring.h"
 #include "host/hands.h"
+#include "ledger/recurring.h"
 #include "platform/text.h"
 #include "rows.h"
 #include "store/catalogue.h"
@@ -24,9 +24,7 @@ struct Crowd {
             testhost::WriteBytes(Root.DataFile("E1_02A" + std::to_string(FirstOfCrowd + static_cast<uint32_t>(i))),
                                  rows);
     }
-    void Start() const {
-        Must(testhost::StartProgram());
-    }
+    void Start() const { Must(testhost::StartProgram()); }
 };
 
 // Items that fall due `days` before today and then every period, into so many accounts in turn.

@@ -21,8 +21,7 @@ void CalcAllChanging(benchmark::State &run) {
     const AccountOnDisk account(CountIn(run));
     Must(testhost::AsAction(ChangeFirstRow));
     Measure(
-        run, account.Root, CountIn(run), Against::ReadingAndWriting, [] { CalcBalance(BenchAccount); },
-        ChangeFirstRow);
+        run, account.Root, CountIn(run), Against::ReadingAndWriting, [] { CalcBalance(BenchAccount); }, ChangeFirstRow);
 }
 
 void CalcNoneChanging(benchmark::State &run) {

@@ -108,9 +108,8 @@ enum class Against { Reading, ReadingAndWriting };
 // Times `turn` alone, as the one action that an event of the owner is; `restore` puts things back, and what the two
 // wrote comes to the disk, as it does when the owner rests. The counter "ratio" is the best time in times of the best
 // pass over as many rows, taken in the same run just before and after.
-template <typename Turn, typename Restore>
-void Measure(benchmark::State &run, const testhost::TestRoot &root, int32_t rows, Against against, Turn turn,
-             Restore restore) {
+template <typename Turn, typename Restore> void Measure(benchmark::State &run, const testhost::TestRoot &root,
+                                                        int32_t rows, Against against, Turn turn, Restore restore) {
     const auto reference = [&] {
         double best = 1e9;
         for (int pass = 0; pass < 5; ++pass) {

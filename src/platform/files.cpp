@@ -1,6 +1,7 @@
 #include "platform/files.h"
 #include "platform/action.h"
 #include "platform/disk.h"
+#include "platform/journal.h"
 #include "platform/overlay.h"
 #include "platform/paths.h"
 #include "platform/recovery.h"
@@ -396,7 +397,10 @@ int SyncFiles() {
     }
     if (!FilesMayBeRead())
         return 0;
-    return AllSynced() || (ReadyForActions() && SyncApplied());
+    if (!AllSynced() && !(ReadyForActions() && SyncApplied()))
+        return 0;
+    CleanJournal();
+    return 1;
 }
 
 void FindNames(FileWalk *walk, const char *directory, const char *prefix) {

@@ -489,28 +489,37 @@ int OverlayMove(OverlayFile *from, OverlayFile *to) {
 
 int VisitPages(OverlayFile *file, int (*visit)(OverlayFile *, const PageChange &)) {
     constexpr int32_t Near = PageBytes / 2; // equal bytes between two pages that are shown with them, so that they join
+    constexpr int32_t AtOnce = 64;          // pages behind each other that are read by one call
     static int32_t order[PagesHeld];
-    static uint8_t before[2][PageBytes];
+    static uint8_t before[AtOnce * PageBytes];
     int32_t count = 0;
     for (int32_t page = file->FirstPage; page != None; page = Pages[page].NextOfFile)
         order[count++] = page;
     std::sort(order, order + count, [](int32_t a, int32_t b) { return Pages[a].Number < Pages[b].Number; });
     PageChange waiting = {};
-    for (int32_t index = 0; index < count; ++index) {
+    for (int32_t index = 0, first = 0, behind = 0; index < count; ++index) {
         const Page &page = Pages[order[index]];
         const uint8_t *bytes = Bytes[order[index]];
-        uint8_t *old = before[index % 2];
         const int64_t start = page.Number * PageBytes;
+        if (index == behind) {
+            if (waiting.Count && !visit(file, waiting))
+                return 0;
+            waiting = {};
+            first = index;
+            do
+                ++behind;
+            while (behind < count && behind - first < AtOnce &&
+                   Pages[order[behind]].Number == page.Number + behind - first);
+            if (!ReadBase(file, start, before, int64_t{behind - first} * PageBytes))
+                return 0;
+        }
+        const uint8_t *old = before + int64_t{index - first} * PageBytes;
         int32_t from = page.From, to = static_cast<int32_t>(Least(page.To, file->Length - start));
-        if (from >= to)
-            continue;
-        if (!ReadBase(file, start, old, PageBytes))
-            return 0;
         while (from < to && bytes[from] == old[from])
             ++from;
         while (to > from && bytes[to - 1] == old[to - 1])
             --to;
-        if (from == to)
+        if (from >= to)
             continue;
         if (const int64_t end = waiting.Offset + waiting.Count; waiting.Count && from <= Near && start - end <= Near) {
             waiting.Count += static_cast<int32_t>(start - end);
