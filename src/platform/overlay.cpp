@@ -246,22 +246,76 @@ void DropShadow(OverlayFile *file) {
     file->ShadowDisk = Closed;
 }
 
-// From here on the file is written to a shadow, which begins with what it holds now.
+// The shadow takes over, as they are, the disk's bytes between two offsets as far as they count.
+int FillShadow(OverlayFile *file, int64_t from, int64_t to) {
+    const int64_t bytes = Least(to, file->BaseLength) - from;
+    return bytes <= 0 || (OverlayDisk(file) >= 0 && DiskCopy(file->Disk, ShadowOf(file), from, bytes));
+}
+
+// What a shadow holds is one stretch: what lies between it and what is written now comes in with it.
+int WriteShadow(OverlayFile *file, int64_t offset, const uint8_t *from, int64_t bytes) {
+    if (file->FilledFrom == file->FilledTo)
+        file->FilledFrom = file->FilledTo = offset;
+    if (ShadowOf(file) >= 0 && FillShadow(file, file->FilledTo, offset) &&
+        FillShadow(file, offset + bytes, file->FilledFrom) && DiskWrite(file->ShadowDisk, offset, from, bytes)) {
+        file->FilledFrom = Least(file->FilledFrom, offset);
+        file->FilledTo = Most(file->FilledTo, offset + bytes);
+        return 1;
+    }
+    RefuseActionFor(WriteRefused);
+    return 0;
+}
+
+int64_t ReadShadow(OverlayFile *file, int64_t offset, uint8_t *to, int64_t bytes) {
+    const int64_t from = Most(offset, file->FilledFrom), end = Least(offset + bytes, file->FilledTo);
+    if (from >= end)
+        return ReadBase(file, offset, to, bytes) ? bytes : -1;
+    const int64_t read = ShadowOf(file) < 0 ? -1 : DiskRead(file->ShadowDisk, from, to + (from - offset), end - from);
+    if (read < 0) {
+        RefuseActionFor(ReadRefused);
+        return -1;
+    }
+    std::memset(to + (from - offset) + read, 0, static_cast<size_t>(end - from - read)); // grown by a length alone
+    return ReadBase(file, offset, to, from - offset) && ReadBase(file, end, to + (end - offset), offset + bytes - end)
+               ? bytes
+               : -1;
+}
+
+// The file's pages by number. How many.
+int32_t PagesInOrder(const OverlayFile &file, int32_t *order) {
+    int32_t count = 0;
+    for (int32_t page = file.FirstPage; page != None; page = Pages[page].NextOfFile)
+        order[count++] = page;
+    std::sort(order, order + count, [](int32_t a, int32_t b) { return Pages[a].Number < Pages[b].Number; });
+    return count;
+}
+
+int WritePages(OverlayFile *file) {
+    static int32_t order[PagesHeld];
+    const int32_t count = PagesInOrder(*file, order);
+    for (int32_t first = 0, behind; first < count; first = behind) {
+        behind = first + 1;
+        while (behind < count && order[behind] == order[behind - 1] + 1 &&
+               Pages[order[behind]].Number == Pages[order[behind - 1]].Number + 1)
+            ++behind;
+        const int64_t at = Pages[order[first]].Number * PageBytes;
+        const int64_t bytes = Least(int64_t{behind - first} * PageBytes, file->Length - at);
+        if (bytes > 0 && !WriteShadow(file, at, Bytes[order[first]], bytes))
+            return 0;
+    }
+    return 1;
+}
+
+// From here on the file is written to a shadow.
 int MakeShadow(OverlayFile *file) {
     char path[PathRoom];
     if (ShadowCount == 0)
         ShadowSeries = JournalNumber();
     file->Shadow = ++ShadowCount;
+    file->FilledFrom = file->FilledTo = 0;
     ShadowPath(path, *file);
     file->ShadowDisk = std::strlen(path) < PathRoom - 1 ? OpenCounted(path, 1) : DiskRefused;
-    int made = file->ShadowDisk >= 0 && DiskCut(file->ShadowDisk, 0);
-    if (made && file->BaseLength > 0)
-        made = OverlayDisk(file) >= 0 && DiskCopy(file->Disk, file->ShadowDisk, file->BaseLength);
-    for (int32_t page = file->FirstPage; made && page != None; page = Pages[page].NextOfFile) {
-        const int64_t at = Pages[page].Number * PageBytes;
-        made = DiskWrite(file->ShadowDisk, at, Bytes[page], Least(PageBytes, Most(0, file->Length - at)));
-    }
-    if (!made) {
+    if (file->ShadowDisk < 0 || !DiskCut(file->ShadowDisk, 0) || !WritePages(file)) {
         DropShadow(file);
         RefuseActionFor(WriteRefused);
         return 0;
@@ -278,23 +332,6 @@ int SpillLargest() {
         if (Files[row].Path[0] && (!largest || Files[row].PageCount > largest->PageCount))
             largest = &Files[row];
     return largest && MakeShadow(largest);
-}
-
-int64_t ReadShadow(OverlayFile *file, int64_t offset, uint8_t *to, int64_t bytes) {
-    const int64_t read = ShadowOf(file) < 0 ? -1 : DiskRead(file->ShadowDisk, offset, to, bytes);
-    if (read < 0) {
-        RefuseActionFor(ReadRefused);
-        return -1;
-    }
-    std::memset(to + read, 0, static_cast<size_t>(bytes - read)); // grown by a length alone
-    return bytes;
-}
-
-int WriteShadow(OverlayFile *file, int64_t offset, const uint8_t *from, int64_t bytes) {
-    if (ShadowOf(file) >= 0 && DiskWrite(file->ShadowDisk, offset, from, bytes))
-        return 1;
-    RefuseActionFor(WriteRefused);
-    return 0;
 }
 
 // --- Writing by pages
@@ -434,13 +471,15 @@ int OverlayCut(OverlayFile *file, int64_t length) {
         return 1;
     }
     file->Length = length;
+    file->BaseLength = Least(file->BaseLength, length);
     if (file->Shadow) {
+        file->FilledFrom = Least(file->FilledFrom, length);
+        file->FilledTo = Least(file->FilledTo, length);
         if (ShadowOf(file) >= 0 && DiskCut(file->ShadowDisk, length))
             return 1;
         RefuseActionFor(WriteRefused);
         return 0;
     }
-    file->BaseLength = Least(file->BaseLength, length);
     const int64_t kept = (length + PageBytes - 1) / PageBytes;
     if (file->PageCount > 0 && file->HighPage >= kept)
         DropPages(file, kept);
@@ -473,6 +512,8 @@ int OverlayMove(OverlayFile *from, OverlayFile *to) {
     to->Length = from->Length;
     to->Shadow = from->Shadow;
     to->ShadowDisk = from->ShadowDisk;
+    to->FilledFrom = from->FilledFrom;
+    to->FilledTo = from->FilledTo;
     from->Shadow = 0;
     from->ShadowDisk = Closed;
     for (int32_t page = from->FirstPage; page != None;) {
@@ -492,10 +533,7 @@ int VisitPages(OverlayFile *file, int (*visit)(OverlayFile *, const PageChange &
     constexpr int32_t AtOnce = 64;          // pages behind each other that are read by one call
     static int32_t order[PagesHeld];
     static uint8_t before[AtOnce * PageBytes];
-    int32_t count = 0;
-    for (int32_t page = file->FirstPage; page != None; page = Pages[page].NextOfFile)
-        order[count++] = page;
-    std::sort(order, order + count, [](int32_t a, int32_t b) { return Pages[a].Number < Pages[b].Number; });
+    const int32_t count = PagesInOrder(*file, order);
     PageChange waiting = {};
     for (int32_t index = 0, first = 0, behind = 0; index < count; ++index) {
         const Page &page = Pages[order[index]];
@@ -538,8 +576,12 @@ int SealShadow(OverlayFile *file) {
     char directory[PathRoom], host[HostPathRoom];
     DirectoryOf(directory, file->Path);
     HostPath(host, directory);
-    return ShadowOf(file) >= 0 && DiskCut(file->ShadowDisk, file->Length) && DiskSync(file->ShadowDisk) &&
-           DiskSyncDirectory(host);
+    if (ShadowOf(file) < 0 || !FillShadow(file, 0, file->FilledFrom) ||
+        !FillShadow(file, file->FilledTo, file->Length) || !DiskCut(file->ShadowDisk, file->Length))
+        return 0;
+    file->FilledFrom = 0;
+    file->FilledTo = file->Length;
+    return DiskSync(file->ShadowDisk) && DiskSyncDirectory(host);
 }
 
 void ShadowPath(char *to, const OverlayFile &file) {
