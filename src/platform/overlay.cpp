@@ -591,13 +591,14 @@ void ShadowPath(char *to, const OverlayFile &file) {
                   static_cast<unsigned long long>(ShadowSeries), static_cast<unsigned>(file.Shadow));
 }
 
-int OverlayStandsAlone() {
-    for (int32_t row = 0; row < FilesUsed; ++row) {
-        const OverlayFile &file = Files[row];
-        if (file.Path[0] && (file.Shadow || (file.OnDisk == Stands::Directory && file.Now != Stands::Directory)))
-            return 1;
-    }
-    return 0;
+int OverlayHasShadow() {
+    return std::any_of(Files, Files + FilesUsed, [](const OverlayFile &file) { return file.Path[0] && file.Shadow; });
+}
+
+int OverlayDropsDirectory() {
+    return std::any_of(Files, Files + FilesUsed, [](const OverlayFile &file) {
+        return file.Path[0] && file.OnDisk == Stands::Directory && file.Now != Stands::Directory;
+    });
 }
 
 int OverlayDisk(OverlayFile *file) {

@@ -60,8 +60,9 @@ struct PageChange {
 [[nodiscard]] int SealShadow(OverlayFile *file);
 // The plain path of a file's shadow. Room of PathRoom.
 void ShadowPath(char *to, const OverlayFile &file);
-// 1 when a file has a shadow, or a directory goes: what may not be done again once something else bears the name.
-int OverlayStandsAlone();
+// 1 when a file has a shadow, or a directory goes: earlier changes to what bears the name may not be done after it.
+int OverlayHasShadow();
+int OverlayDropsDirectory();
 
 // The handle of a file on the disk, opened when it is not; DiskMissing or DiskRefused.
 [[nodiscard]] int OverlayDisk(OverlayFile *file);

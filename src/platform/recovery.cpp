@@ -119,7 +119,9 @@ int ApplyTake(const ChangeView &change) {
     HostPath(shadow, reinterpret_cast<const char *>(change.Data));
     HostPath(host, change.Path);
     RememberNameOf(change.Path);
-    return DiskRename(shadow, host) || (DiskKind(shadow) == 0 && DiskKind(host) == 1); // taken before
+    // A shadow and its name were durable before the journal spoke of it: one that is not there was taken before,
+    // whatever became of the file since.
+    return DiskRename(shadow, host) || DiskKind(shadow) == 0;
 }
 
 int ApplyDeletion(const ChangeView &change) {
