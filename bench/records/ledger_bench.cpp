@@ -94,11 +94,16 @@ int32_t RowsConcerned(bool interleaved) {
     return interleaved ? Large + Large / 2 : Large;
 }
 
+void Scale(benchmark::State &run, int32_t measured, int32_t concerned) {
+    for (const char *counter : {"ratio", "copies"})
+        run.counters[counter] = run.counters[counter].value * measured / concerned;
+}
+
 void ArchiveHalf(benchmark::State &run) {
     const bool interleaved = run.range(0) != 0;
     const WithArchive account(interleaved);
     Measure(run, account.Root, Large, Against::ReadingAndWriting, Away, Back);
-    run.counters["ratio"] = run.counters["ratio"].value * Large / RowsConcerned(interleaved);
+    Scale(run, Large, RowsConcerned(interleaved));
 }
 
 void UnarchiveHalf(benchmark::State &run) {
@@ -106,7 +111,7 @@ void UnarchiveHalf(benchmark::State &run) {
     const WithArchive account(interleaved);
     Must(testhost::AsAction(Away));
     Measure(run, account.Root, Large / 2, Against::ReadingAndWriting, Back, Away);
-    run.counters["ratio"] = run.counters["ratio"].value * (Large / 2) / RowsConcerned(interleaved);
+    Scale(run, Large / 2, RowsConcerned(interleaved));
 }
 
 // --- Deleting

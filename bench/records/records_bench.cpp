@@ -6,13 +6,13 @@ namespace {
 void ReferenceReading(benchmark::State &run) {
     const RowsOnDisk rows(CountIn(run));
     for (auto _ : run)
-        PassOver(rows.Root, CountIn(run), false);
+        PassOver(rows.Root, CountIn(run), Against::Reading);
 }
 
 void ReferenceReadingAndWriting(benchmark::State &run) {
     const RowsOnDisk rows(CountIn(run));
     for (auto _ : run)
-        PassOver(rows.Root, CountIn(run), true);
+        PassOver(rows.Root, CountIn(run), Against::ReadingAndWriting);
 }
 
 void Add(int32_t position) {

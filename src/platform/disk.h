@@ -29,6 +29,8 @@ int DiskClose(int handle);
 // Bytes of one file into another, to the same place; shares or moves them inside the machine where it can. 0 also when
 // the file has fewer.
 [[nodiscard]] int DiskCopy(int from, int to, int64_t offset, int64_t bytes);
+// These bytes will be synced soon: the disk may begin with them. Promises nothing.
+void DiskHasten(int handle, int64_t offset, int64_t bytes);
 // Waits until what was written through any handle of this file would survive a loss of power. 0 when that is not
 // known.
 [[nodiscard]] int DiskSync(int handle);

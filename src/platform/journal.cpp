@@ -189,6 +189,8 @@ int FlushRecord(int last) {
     journal.Touched = 1;
     if (!DiskWrite(journal.Disk, journal.At, Record, bytes))
         return 0;
+    if (!last)
+        DiskHasten(journal.Disk, journal.At, bytes);
     journal.At += bytes;
     ++journal.Records;
     journal.Used = 0;

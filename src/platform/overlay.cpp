@@ -11,6 +11,7 @@ namespace {
 
 constexpr int MostFiles = 4096;
 constexpr int MostDisk = 96; // files open on the disk; the others are opened again when they are wanted
+constexpr int MostReplaced = 8;
 constexpr int PagesHeld = 2048;
 constexpr int Chains = 4096;
 constexpr int32_t None = -1;
@@ -29,6 +30,7 @@ uint64_t ShadowSeries; // the journal's number when the first shadow was made
 int32_t NameChain[Chains], PageChain[Chains];
 Page Pages[PagesHeld];
 alignas(64) uint8_t Bytes[PagesHeld][PageBytes];
+int Replaced[MostReplaced], ReplacedCount;
 int32_t SparePage = None; // chain of the pages that were used before, over NextInChain
 int32_t PagesUsed;
 bool ChainsReady;
@@ -142,6 +144,16 @@ void CloseDisk(OverlayFile *file) {
             *disk = Closed;
             --DiskOpenCount;
         }
+}
+
+// The last handle of what a shadow has replaced: when it goes the machine gives the room of the whole file back, which
+// takes longer than everything else that an action waits for. So it goes when the owner rests.
+void CloseLater(OverlayFile *file) {
+    if (file->Disk < 0 || ReplacedCount == MostReplaced)
+        return;
+    Replaced[ReplacedCount++] = file->Disk;
+    file->Disk = Closed;
+    --DiskOpenCount;
 }
 
 void DropRow(int32_t row) {
@@ -576,8 +588,11 @@ int SealShadow(OverlayFile *file) {
     char directory[PathRoom], host[HostPathRoom];
     DirectoryOf(directory, file->Path);
     HostPath(host, directory);
-    if (ShadowOf(file) < 0 || !FillShadow(file, 0, file->FilledFrom) ||
-        !FillShadow(file, file->FilledTo, file->Length) || !DiskCut(file->ShadowDisk, file->Length))
+    if (ShadowOf(file) < 0)
+        return 0;
+    DiskHasten(file->ShadowDisk, file->FilledFrom, file->FilledTo - file->FilledFrom);
+    if (!FillShadow(file, 0, file->FilledFrom) || !FillShadow(file, file->FilledTo, file->Length) ||
+        !DiskCut(file->ShadowDisk, file->Length))
         return 0;
     file->FilledFrom = 0;
     file->FilledTo = file->Length;
@@ -629,6 +644,8 @@ void ClearOverlay(int shadows) {
             continue;
         if (shadows)
             DropShadow(&Files[row]);
+        else if (Files[row].Shadow)
+            CloseLater(&Files[row]);
         CloseDisk(&Files[row]);
         *NameChainOf(Files[row].Path) = None;
         for (int32_t page = Files[row].FirstPage; page != None; page = Pages[page].NextOfFile)
@@ -638,6 +655,11 @@ void ClearOverlay(int shadows) {
     FilesUsed = PagesUsed = 0;
     SparePage = None;
     ShadowCount = 0;
+}
+
+void CloseReplaced() {
+    while (ReplacedCount > 0)
+        DiskClose(Replaced[--ReplacedCount]);
 }
 
 int OverlayEmpty() {

@@ -74,7 +74,9 @@ int OverlayGone(const char *plain);
 // Rises whenever rows cease to be: a row from another series is not to be used.
 uint32_t OverlaySeries();
 
-// Forgets everything and closes what it opened. With `shadows` 1 it also deletes the shadows, which nobody took.
+// Forgets everything and closes what it opened. With `shadows` 1 it also deletes the shadows, which nobody took;
+// otherwise what they replaced is closed by CloseReplaced.
 void ClearOverlay(int shadows);
+void CloseReplaced();
 // 1 when it holds nothing.
 int OverlayEmpty();

@@ -191,6 +191,7 @@ int Recover() {
 void ForgetAll() {
     CloseTarget();
     ClearOverlay(0);
+    CloseReplaced();
     CloseJournal();
     ForgetHistory();
     recovery.Recovered = recovery.Changeable = recovery.StandsIn = recovery.Doubtful = 0;
@@ -289,6 +290,7 @@ int SyncApplied() {
     recovery.Doubtful = 0;
     if (!CutJournal())
         return 0;
+    CloseReplaced();
     recovery.Files.Used = recovery.Directories.Used = 0;
     return 1;
 }
