@@ -5,6 +5,7 @@
 #include "analysis/graph_data.h"
 #include "analysis/graph_value.h"
 #include "frame/shown.h"
+#include "screens/list_screen.h"
 #include "screens/screens.h"
 
 namespace {

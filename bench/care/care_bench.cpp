@@ -19,8 +19,8 @@ namespace {
 constexpr uint8_t Salt[SaltBytes] = {1, 2, 3};
 
 // An account of rows that is also in the account list, plain or under a sealed key.
-struct AccountOnDisk : RowsOnDisk {
-    AccountOnDisk(int32_t count, bool sealed) : RowsOnDisk(count) {
+struct KeyedAccount : RowsOnDisk {
+    KeyedAccount(int32_t count, bool sealed) : RowsOnDisk(count) {
         ConfRec configuration;
         SetConfDefaults(&configuration);
         static_cast<void>(WriteConfiguration(&configuration, In{}));
@@ -34,7 +34,7 @@ struct AccountOnDisk : RowsOnDisk {
         LoadAccFile(1);
         state.CurrentScreen = TransactionList;
     }
-    ~AccountOnDisk() { ForgetCurrentKey(); }
+    ~KeyedAccount() { ForgetCurrentKey(); }
 };
 
 // Writes the bytes of a file of rows once.
@@ -62,7 +62,7 @@ void ChangeOfKey(benchmark::State &run) {
     for (auto _ : run) {
         run.PauseTiming();
         {
-            const AccountOnDisk rows(static_cast<int32_t>(run.range(0)), false);
+            const KeyedAccount rows(static_cast<int32_t>(run.range(0)), false);
             run.ResumeTiming();
             static_cast<void>(ChangeKey(u"1234", [](int) {}));
             run.PauseTiming();
@@ -77,7 +77,7 @@ void StretchingACode(benchmark::State &run) {
 }
 
 void OpenAccount(benchmark::State &run, bool sealed) {
-    const AccountOnDisk rows(static_cast<int32_t>(run.range(0)), sealed);
+    const KeyedAccount rows(static_cast<int32_t>(run.range(0)), sealed);
     for (auto _ : run) {
         state.TranFileShown = 0;
         LoadTranFile(1, 0);
@@ -93,7 +93,7 @@ void OpenSealedAccount(benchmark::State &run) {
 // With its totals, as the form's tick does it.
 void NewEntry(benchmark::State &run, bool sealed) {
     const auto count = static_cast<int32_t>(run.range(0));
-    const AccountOnDisk rows(count, sealed);
+    const KeyedAccount rows(count, sealed);
     TRec row;
     InitTRec(&row);
     row.Date = DateFromDayNumber(120000 + static_cast<uint32_t>(count) / 6);

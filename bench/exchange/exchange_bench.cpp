@@ -5,9 +5,7 @@
 #include "exchange/export.h"
 #include "exchange/import.h"
 #include "platform/action.h"
-#include "store/configuration.h"
 #include <cstdio>
-#include <ctime>
 #include <string>
 
 namespace {
@@ -38,25 +36,6 @@ std::string FileOf(int64_t format, bool newestFirst) {
         file += text;
     }
     return file;
-}
-
-// An account of so many rows that the index knows; the screen shows it.
-struct AccountOnDisk : RowsOnDisk {
-    explicit AccountOnDisk(int32_t count) : RowsOnDisk(count) {
-        LoadConfFile();
-        ARecFile account = {};
-        InitARec(&account.Rec);
-        account.Rec.ID = BenchAccount;
-        const auto *bytes = reinterpret_cast<const uint8_t *>(&account);
-        testhost::WriteBytes(Root.DataFile("E1_01IND"), {bytes, bytes + sizeof account});
-        LoadAccFile(1);
-    }
-};
-
-double Now() {
-    timespec time;
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
 // Format, 1 for newest first, rows that the account has already.

@@ -1,98 +1,33 @@
-// The ledger's rules. The counter "ratio" is the time of one turn in times of the reference, taken in the same run just
-// before and after: reading the same rows once, or reading and writing them once. All times are the process's own, in
-// the program and in the system, so that what else the machine does is not counted.
-#include "frame/changes.h"
+// The ledger's rules on one account, each against reading the same rows once, or reading and writing them once.
 #include "ledger/archive.h"
-#include "ledger/balance.h"
 #include "ledger/bin.h"
 #include "ledger/filter.h"
-#include "ledger/order.h"
 #include "ledger/reconcile.h"
-#include "ledger/recurring.h"
-#include "platform/text.h"
 #include "rows.h"
-#include "store/configuration.h"
-#include <algorithm>
-#include <ctime>
+#include "store/operations.h"
 
 namespace {
 
-double Now() {
-    timespec time;
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-}
-
-// An account that the index knows, with rows as in rows.h; balances right.
-struct AccountOnDisk : RowsOnDisk {
-    explicit AccountOnDisk(int32_t count) : RowsOnDisk(count) {
-        static_cast<void>(LoadConfFile());
-        ARecFile account = {};
-        InitARec(&account.Rec);
-        account.Rec.ID = BenchAccount;
-        const auto *bytes = reinterpret_cast<const uint8_t *>(&account);
-        testhost::WriteBytes(Root.DataFile("E1_01IND"), {bytes, bytes + sizeof account});
-        LoadAccFile(1);
-        CalcBalance(BenchAccount);
-        LoadTranFile(1, 0);
-        state.CurrentScreen = TransactionList;
-    }
-};
-
-enum class Against { Reading, ReadingAndWriting };
-
-// The best of a few turns.
-double ReferenceSeconds(int32_t count, Against against) {
-    double best = 1e9;
-    for (int turn = 0; turn < 5; ++turn) {
-        const auto start = Now();
-        PassOver(count, against == Against::ReadingAndWriting);
-        best = std::min(best, Now() - start);
-    }
-    return best;
-}
-
-// Times `turn` alone; `restore` puts things back. The ratio is of the two best times.
-template <typename Turn, typename Restore>
-void Measure(benchmark::State &run, int32_t rows, Against against, Turn turn, Restore restore) {
-    double reference = ReferenceSeconds(rows, against), best = 1e9;
-    for (auto _ : run) {
-        const auto start = Now();
-        turn();
-        const double seconds = Now() - start;
-        run.SetIterationTime(seconds);
-        best = std::min(best, seconds);
-        restore();
-    }
-    reference = std::min(reference, ReferenceSeconds(rows, against));
-    run.counters["ratio"] = best / reference;
-}
-
-void Nothing() {}
+const Place BenchRows = LiveRows(BenchAccount);
 
 void ChangeFirstRow() {
-    const int file = OpenDataFile(FileKind::Transactions, OpenExisting, BenchAccount, nullptr);
-    TRecFile row;
-    if (ReadRecord(file, FileKind::Transactions, 1, &row)) {
-        ++row.Rec.Value;
-        static_cast<void>(WriteRecord(file, FileKind::Transactions, 1, &row));
-    }
-    CloseFile(file);
+    TRec row;
+    Must(FetchRecord(BenchRows, 1, &row));
+    ++row.Value;
+    Must(ChangeRecord(BenchRows, 1, row));
 }
 
 void CalcAllChanging(benchmark::State &run) {
-    const auto count = static_cast<int32_t>(run.range(0));
-    const AccountOnDisk account(count);
-    ChangeFirstRow();
+    const AccountOnDisk account(CountIn(run));
+    Must(testhost::AsAction(ChangeFirstRow));
     Measure(
-        run, count, Against::ReadingAndWriting, [] { CalcBalance(BenchAccount); }, ChangeFirstRow);
+        run, account.Root, CountIn(run), Against::ReadingAndWriting, [] { CalcBalance(BenchAccount); }, ChangeFirstRow);
 }
 
 void CalcNoneChanging(benchmark::State &run) {
-    const auto count = static_cast<int32_t>(run.range(0));
-    const AccountOnDisk account(count);
+    const AccountOnDisk account(CountIn(run));
     Measure(
-        run, count, Against::Reading, [] { CalcBalance(BenchAccount); }, Nothing);
+        run, account.Root, CountIn(run), Against::Reading, [] { CalcBalance(BenchAccount); }, Nothing);
 }
 
 // As the form's tick does it: its place, the record, the balances, the window.
@@ -103,141 +38,171 @@ void EnterOn(uint32_t day) {
     row.Rank = EntryRank;
     row.Value = 77;
     state.CurrentScreen = TransactionList;
-    AddRecFile(BenchAccount, CpDates(row.Date, row.Rank), &row, 0);
+    Must(AddRecFile(BenchAccount, CpDates(row.Date, row.Rank), &row, 0));
     CalcBalance(BenchAccount);
     LoadTranFile(1, SetRecPosition(state.SelectedPos[TransactionList], state.EntryCount[TransactionList]));
 }
 
 void TakeBack() {
     state.CurrentScreen = TransactionList;
-    DeleteRecFile(BenchAccount, state.SelectedPos[TransactionList]);
+    Must(DeleteRecFile(BenchAccount, state.SelectedPos[TransactionList]));
     CalcBalance(BenchAccount);
 }
 
 void EntryAtEnd(benchmark::State &run) {
-    const auto count = static_cast<int32_t>(run.range(0));
-    const AccountOnDisk account(count);
+    const AccountOnDisk account(CountIn(run));
     Measure(
-        run, count, Against::Reading, [] { EnterOn(LastDayNumber); }, TakeBack);
+        run, account.Root, CountIn(run), Against::Reading, [] { EnterOn(LastDayNumber); }, TakeBack);
 }
 
 void EntryInMiddle(benchmark::State &run) {
-    const auto count = static_cast<int32_t>(run.range(0));
-    const AccountOnDisk account(count);
-    const uint32_t middle = 120000 + static_cast<uint32_t>(count) / 6;
+    const AccountOnDisk account(CountIn(run));
+    const uint32_t middle = FirstBenchDay + static_cast<uint32_t>(CountIn(run)) / 6;
     Measure(
-        run, count, Against::ReadingAndWriting, [middle] { EnterOn(middle); }, TakeBack);
+        run, account.Root, CountIn(run), Against::ReadingAndWriting, [middle] { EnterOn(middle); }, TakeBack);
 }
 
 void OpenAtEnd(benchmark::State &run) {
-    const AccountOnDisk account(static_cast<int32_t>(run.range(0)));
+    const AccountOnDisk account(CountIn(run));
     for (auto _ : run)
         LoadTranFile(1, 0);
 }
 
+// --- The archive
+
+// Half of the rows behind each other, or their days also those of the rows that the archive holds: argument 1.
+constexpr int32_t Large = 100000;
+
+struct WithArchive : AccountOnDisk {
+    explicit WithArchive(bool interleaved) : AccountOnDisk(Large) {
+        if (interleaved)
+            testhost::WriteBytes(Root.DataFile("E1_02R5"), BytesOf(MakeRows(Large / 2)));
+    }
+};
+
+void Away() {
+    Must(Archive(BenchAccount, Large / 2, nullptr) == ArchiveResult::Done);
+}
+// As many rows as had gone.
+void Back() {
+    const int32_t archived = CountOf(RowsOf(BenchAccount, View::Archive));
+    Must(Unarchive(BenchAccount, archived - Large / 2 + 1, nullptr) == ArchiveResult::Done);
+}
+
+// Against the rows of both files.
+int32_t RowsConcerned(bool interleaved) {
+    return interleaved ? Large + Large / 2 : Large;
+}
+
+void Scale(benchmark::State &run, int32_t measured, int32_t concerned) {
+    for (const char *counter : {"ratio", "copies"})
+        run.counters[counter] = run.counters[counter].value * measured / concerned;
+}
+
 void ArchiveHalf(benchmark::State &run) {
-    constexpr int32_t Count = 100000;
-    const AccountOnDisk account(Count);
-    Measure(
-        run, Count, Against::ReadingAndWriting,
-        [] {
-            if (!Archive(1, Count / 2, nullptr))
-                std::abort();
-        },
-        [] {
-            state.ArchiveView = 1;
-            Unarchive(1, 1, nullptr);
-            state.ArchiveView = 0;
-        });
+    const bool interleaved = run.range(0) != 0;
+    const WithArchive account(interleaved);
+    Measure(run, account.Root, Large, Against::ReadingAndWriting, Away, Back);
+    Scale(run, Large, RowsConcerned(interleaved));
 }
 
-// Against the rows that return alone: twice as many are written.
 void UnarchiveHalf(benchmark::State &run) {
-    constexpr int32_t Count = 100000;
-    const AccountOnDisk account(Count);
-    const auto away = [] {
-        state.ArchiveView = 0;
-        if (!Archive(1, Count / 2, nullptr))
-            std::abort();
-        state.ArchiveView = 1;
-    };
-    away();
-    Measure(
-        run, Count / 2, Against::ReadingAndWriting, [] { Unarchive(1, 1, nullptr); }, away);
+    const bool interleaved = run.range(0) != 0;
+    const WithArchive account(interleaved);
+    Must(testhost::AsAction(Away));
+    Measure(run, account.Root, Large / 2, Against::ReadingAndWriting, Back, Away);
+    Scale(run, Large / 2, RowsConcerned(interleaved));
 }
 
-// Argument 0 shows half of the rows, 1 all of them.
-void FilterRows(benchmark::State &run) {
-    constexpr int32_t Count = 100000;
-    const AccountOnDisk account(Count);
-    const FilterBy field = run.range(0) ? FilterBy::Flag : FilterBy::Sign;
-    FilterCriteria criteria = {};
-    criteria.Value = -1;
+// --- Deleting
+
+// 50,000 rows from the middle of an account, against these; the balances included, as the command does it.
+void DeleteRange(benchmark::State &run) {
+    const AccountOnDisk account(Large);
+    const std::vector<uint8_t> rows = testhost::ReadBytes(account.Root.DataFile("E1_02A5"));
     Measure(
-        run, Count, Against::ReadingAndWriting, [&] { ApplyFilter(BenchAccount, 1, field, criteria, 0); },
-        [] { ClearFilters(); });
+        run, account.Root, Large / 2, Against::ReadingAndWriting,
+        [] {
+            Must(DeleteRangeToBin(BenchRows, Large / 4 + 1, Large / 4 * 3) == 1);
+            CalcBalance(BenchAccount);
+        },
+        [&] {
+            Must(EmptyBin());
+            testhost::WriteBytes(account.Root.DataFile("E1_02A5"), rows);
+        });
 }
 
 void EmptyBinOf5000(benchmark::State &run) {
     const AccountOnDisk account(100);
-    std::vector<uint8_t> bin(5000 * sizeof(BinRecFile));
-    for (int i = 0; i < 5000; ++i) {
-        BinRecFile row = {};
+    std::vector<BinRecFile> bin(5000);
+    for (BinRecFile &row : bin) {
         row.Rec.Version = RecordVersion;
         row.Rec.SourceList = TransactionList;
-        __builtin_memcpy(bin.data() + static_cast<size_t>(i) * sizeof row, &row, sizeof row);
     }
-    for (auto _ : run) {
-        testhost::WriteBytes(account.Root.DataFile("E1_06BIN"), bin);
-        const auto start = Now();
-        EmptyBin();
-        run.SetIterationTime(Now() - start);
-    }
+    const auto fill = [&] { testhost::WriteBytes(account.Root.DataFile("E1_06BIN"), BytesOf(bin)); };
+    fill();
+    Measure(
+        run, account.Root, 100, Against::Reading, [] { Must(EmptyBin()); }, fill);
 }
 
-// 1,000 items, every second due today, all of one account of some rows.
-void CheckItems(benchmark::State &run) {
-    const AccountOnDisk account(static_cast<int32_t>(run.range(0)));
-    const std::vector<uint8_t> rows = testhost::ReadBytes(account.Root.DataFile("E1_02A5"));
-    RecDate today;
-    LoadTodaysDate(&today);
-    std::vector<uint8_t> items(1000 * sizeof(DDRecFile));
-    for (uint32_t i = 0; i < 1000; ++i) {
-        DDRecFile item = {};
-        InitDDRec(&item.Rec);
-        item.Rec.NextDate = DateFromDayNumber(i < 500 ? today.DayNumber : today.DayNumber + 10 + i / 50);
-        item.Rec.DayWanted = static_cast<uint8_t>(item.Rec.NextDate.Day);
-        item.Rec.Rank = EntryRank;
-        item.Rec.PeriodCount = 1;
-        item.Rec.TotalCount = item.Rec.Remaining = ForEver;
-        CopyText(item.Rec.PeriodUnit, 10, u"Month(s)");
-        for (DDBlock &block : item.Rec.Block) {
-            block.Units = 1;
-            block.Value = 1000;
-            block.Account = BenchAccount;
-        }
-        __builtin_memcpy(items.data() + i * sizeof item, &item, sizeof item);
-    }
-    for (auto _ : run) {
-        testhost::WriteBytes(account.Root.DataFile("E1_02A5"), rows);
-        testhost::WriteBytes(account.Root.DataFile("E1_04DD"), items);
-        const auto start = Now();
-        CheckDDs();
-        run.SetIterationTime(Now() - start);
-    }
+// Argument 0 shows half of the rows, 1 all of them.
+void FilterRows(benchmark::State &run) {
+    const AccountOnDisk account(Large);
+    const FilterBy field = run.range(0) ? FilterBy::Flag : FilterBy::Sign;
+    FilterCriteria criteria = {};
+    criteria.Value = -1;
+    Measure(
+        run, account.Root, Large, Against::ReadingAndWriting,
+        [&] {
+            FilterCount count;
+            Must(ApplyFilter(BenchAccount, 1, field, criteria, 0, &count));
+        },
+        [] { ClearFilters(); });
 }
+
+// --- Reconciling
 
 // No mask fits: all 2^20 - 1 of them are tried.
 void FullSearch(benchmark::State &run) {
     ResetState();
     state.CandidateCount = MostCandidates;
-    for (int i = 0; i < MostCandidates; ++i)
-        state.Candidates[i] = {i + 1, 2 * (1000 + i * i * 7919), 0, 0};
+    for (int i = 0; i < MostCandidates; ++i) {
+        state.Candidates[i] = {};
+        state.Candidates[i].Position = i + 1;
+        state.Candidates[i].Sum = 2 * (1000 + i * i * 7919);
+    }
     state.Discrepancy = 1;
     for (auto _ : run)
         SearchReconcile();
-    if (state.ReconcileState != ReconcileStep::Impossible)
-        std::abort();
+    Must(state.ReconcileState == ReconcileStep::Impossible);
+}
+
+void MarkCandidates(bool reconciled) {
+    for (int i = 0; i < MostCandidates; ++i) {
+        state.Candidates[i] = {};
+        state.Candidates[i].Position = (i + 1) * 10;
+        state.Candidates[i].Selected = 1;
+    }
+    state.CandidateCount = MostCandidates;
+    state.ReconcileState = ReconcileStep::Solved;
+    if (reconciled)
+        return;
+    for (int i = 0; i < MostCandidates; ++i) {
+        TRec row;
+        Must(FetchRecord(BenchRows, (i + 1) * 10, &row));
+        row.Cleared = 0;
+        Must(ChangeRecord(BenchRows, (i + 1) * 10, row));
+    }
+    MarkCandidates(true);
+}
+
+// The most rows that a solution can have, without the balances.
+void ApplyMostReconciled(benchmark::State &run) {
+    const AccountOnDisk account(1000);
+    MarkCandidates(true);
+    Measure(
+        run, account.Root, 1000, Against::Reading, [] { Must(ApplyReconcile(BenchRows)); },
+        [] { MarkCandidates(false); });
 }
 
 #define ON_ALL_SIZES(name)                                                                                             \
@@ -247,11 +212,12 @@ ON_ALL_SIZES(CalcNoneChanging);
 ON_ALL_SIZES(EntryAtEnd);
 ON_ALL_SIZES(EntryInMiddle);
 BENCHMARK(OpenAtEnd)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(ArchiveHalf)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(UnarchiveHalf)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(FilterRows)->Arg(0)->Arg(1)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(ArchiveHalf)->Arg(0)->Arg(1)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(UnarchiveHalf)->Arg(0)->Arg(1)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(DeleteRange)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(EmptyBinOf5000)->UseManualTime()->Unit(benchmark::kMicrosecond);
-BENCHMARK(CheckItems)->Arg(100)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(FilterRows)->Arg(0)->Arg(1)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(FullSearch)->Unit(benchmark::kMicrosecond);
+BENCHMARK(ApplyMostReconciled)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 } // namespace

@@ -1,61 +1,60 @@
 // The record operations, against reading and writing the same file once.
-#include "frame/changes.h"
 #include "rows.h"
-#include <benchmark/benchmark.h>
 
 namespace {
 
 void ReferenceReading(benchmark::State &run) {
-    const RowsOnDisk rows(static_cast<int32_t>(run.range(0)));
+    const RowsOnDisk rows(CountIn(run));
     for (auto _ : run)
-        PassOver(static_cast<int32_t>(run.range(0)), false);
+        PassOver(rows.Root, CountIn(run), Against::Reading);
 }
 
 void ReferenceReadingAndWriting(benchmark::State &run) {
-    const RowsOnDisk rows(static_cast<int32_t>(run.range(0)));
+    const RowsOnDisk rows(CountIn(run));
     for (auto _ : run)
-        PassOver(static_cast<int32_t>(run.range(0)), true);
+        PassOver(rows.Root, CountIn(run), Against::ReadingAndWriting);
+}
+
+void Add(int32_t position) {
+    TRec row;
+    InitTRec(&row);
+    Must(AddRecFile(BenchAccount, position, &row, 1));
 }
 
 // `part` of 2: where in the file.
-void AddAndTakeBack(benchmark::State &run, int part, bool timeAdding) {
-    const auto count = static_cast<int32_t>(run.range(0));
-    const RowsOnDisk rows(count);
-    const int32_t position = count / 2 * part + 1;
-    TRec row;
-    InitTRec(&row);
-    for (auto _ : run) {
-        if (!timeAdding)
-            run.PauseTiming();
-        AddRecFile(BenchAccount, position, &row, 1);
-        if (timeAdding)
-            run.PauseTiming();
-        else
-            run.ResumeTiming();
-        DeleteRecFile(BenchAccount, position);
-        if (timeAdding)
-            run.ResumeTiming();
-    }
+void AddThere(benchmark::State &run, int part) {
+    const RowsOnDisk rows(CountIn(run));
+    const int32_t position = CountIn(run) / 2 * part + 1;
+    Measure(
+        run, rows.Root, CountIn(run), Against::Reading, [=] { Add(position); },
+        [=] { Must(DeleteRecFile(BenchAccount, position)); });
 }
 void AddAtEnd(benchmark::State &run) {
-    AddAndTakeBack(run, 2, true);
+    AddThere(run, 2);
 }
 void AddInMiddle(benchmark::State &run) {
-    AddAndTakeBack(run, 1, true);
+    AddThere(run, 1);
 }
+
 void DeleteInMiddle(benchmark::State &run) {
-    AddAndTakeBack(run, 1, false);
+    const RowsOnDisk rows(CountIn(run));
+    const int32_t position = CountIn(run) / 2;
+    Measure(
+        run, rows.Root, CountIn(run), Against::Reading, [=] { Must(DeleteRecFile(BenchAccount, position)); },
+        [=] { Add(position); });
 }
 
 void ChangeInMiddle(benchmark::State &run) {
-    const auto count = static_cast<int32_t>(run.range(0));
-    const RowsOnDisk rows(count);
+    const RowsOnDisk rows(CountIn(run));
     TRec row;
     InitTRec(&row);
-    for (auto _ : run) {
-        ++row.Value; // so that every total behind it changes
-        ModRecFile(BenchAccount, count / 2, &row);
-    }
+    Measure(
+        run, rows.Root, CountIn(run), Against::Reading,
+        [&] {
+            ++row.Value;
+            Must(ModRecFile(BenchAccount, CountIn(run) / 2, &row));
+        },
+        Nothing);
 }
 
 void WindowAtEnd(benchmark::State &run) {
@@ -69,10 +68,10 @@ void WindowAtEnd(benchmark::State &run) {
 #define ON_ALL_SIZES(name) BENCHMARK(name)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMicrosecond)
 ON_ALL_SIZES(ReferenceReading);
 ON_ALL_SIZES(ReferenceReadingAndWriting);
-ON_ALL_SIZES(AddAtEnd);
-ON_ALL_SIZES(AddInMiddle);
-ON_ALL_SIZES(DeleteInMiddle);
-ON_ALL_SIZES(ChangeInMiddle);
+ON_ALL_SIZES(AddAtEnd)->UseManualTime();
+ON_ALL_SIZES(AddInMiddle)->UseManualTime();
+ON_ALL_SIZES(DeleteInMiddle)->UseManualTime();
+ON_ALL_SIZES(ChangeInMiddle)->UseManualTime();
 ON_ALL_SIZES(WindowAtEnd);
 
 } // namespace

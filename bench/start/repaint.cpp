@@ -5,6 +5,7 @@
 #include "hosts/qt/start.h"
 #include "platform/files.h"
 #include "program/door.h"
+#include "resources/geometry.h"
 #include "state/state.h"
 #include <QApplication>
 #include <QElapsedTimer>
@@ -17,7 +18,7 @@
 // The median of what one event takes at each scale.
 static void Measure(const char *what, const Event &event, int rounds, int toReach) {
     for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
-        host.Frame->resize(qRound(DeviceWidth * scale), qRound(DeviceHeight * scale));
+        host.Frame->resize(qRound(ScreenWidth * scale), qRound(ScreenHeight * scale));
         QApplication::processEvents();
         std::vector<double> taken;
         for (int round = 0; round < rounds; ++round) {

@@ -1,17 +1,31 @@
-// The bar that shows how far a long archiving has come.
+// The bar that shows how far a long job has come.
 #include "forms/progress.h"
 #include "drawing/colours.h"
 #include "drawing/geometry.h"
 #include "frame/form.h"
 #include "platform/surface.h"
+#include <algorithm>
+#include <iterator>
 
 namespace {
+
+constexpr struct Job {
+    int Dialog;
+    const char16_t *Title;
+} Jobs[] = {{ArchiveDialog, u"ARCHIVING"}, {UnarchiveDialog, u"UNARCHIVING"}, {PostingDialog, u"RECURRING ITEMS"}};
+
+// -1 for a dialog that shows no progress.
+int JobOf(int dialog) {
+    const auto *found =
+        std::find_if(std::begin(Jobs), std::end(Jobs), [=](const Job &j) { return j.Dialog == dialog; });
+    return found == std::end(Jobs) ? -1 : static_cast<int>(found - Jobs);
+}
 
 void Decor(int mask) {
     if (!(mask & DecorLabels))
         return;
-    PaintText(DialogWindow, state.ActiveDialog == ArchiveDialog ? u"ARCHIVING" : u"UNARCHIVING",
-              {0, 20, ScreenWidth, 33}, Align::Centre, Font::Bold, Black);
+    PaintText(DialogWindow, Jobs[JobOf(state.ActiveDialog)].Title, {0, 20, ScreenWidth, 33}, Align::Centre, Font::Bold,
+              Black);
     PaintText(DialogWindow, state.Restructuring ? u"Restructuring ..." : u"Please wait", {0, 40, ScreenWidth, 53},
               Align::Centre, Font::Bold, Black);
 }
@@ -30,7 +44,8 @@ constexpr Form FormOf(int dialog) {
             .Tapped = nullptr,
             .Decor = Decor};
 }
-constexpr Form ArchiveForm = FormOf(ArchiveDialog), UnarchiveForm = FormOf(UnarchiveDialog);
+constexpr Form Forms[] = {FormOf(Jobs[0].Dialog), FormOf(Jobs[1].Dialog), FormOf(Jobs[2].Dialog)};
+static_assert(std::size(Forms) == std::size(Jobs));
 
 } // namespace
 
@@ -39,7 +54,7 @@ int OpenProgressForm(int dialog) {
     if (state.OpenedForm || state.ActiveDialog != NoDialog)
         return 0;
     state.ActiveDialog = dialog;
-    state.OpenedForm = dialog == ArchiveDialog ? &ArchiveForm : &UnarchiveForm;
+    state.OpenedForm = &Forms[JobOf(dialog)];
     state.ArchiveProgress = 0;
     state.Restructuring = 0;
     OpenForm(state.OpenedForm->Controls);
@@ -56,7 +71,7 @@ void TellProgress(int percent) {
 }
 
 void CloseProgressForm() {
-    if (state.ActiveDialog != ArchiveDialog && state.ActiveDialog != UnarchiveDialog)
+    if (JobOf(state.ActiveDialog) < 0)
         return;
     CloseForm();
     state.OpenedForm = nullptr;

@@ -4,7 +4,6 @@
 #include "ledger/bin.h"
 #include "ledger/filter.h"
 #include "ledger/order.h"
-#include "ledger/recurring.h"
 #include "platform/shell.h"
 #include "resources/deeds.h"
 #include "state/greys.h"
@@ -126,23 +125,5 @@ void ClearFiltersAndRecompute() {
     CalcTotals(LiveRows(state.CurAccount.ID));
     RefreshAccounts();
     LoadTranFile(state.SelectedPos[AccountList], state.TopPos[TransactionList]);
-    RepaintScreen();
-}
-
-void CheckDDs() {
-    if (!AnItemIsDue())
-        return;
-    ClearFilters(); // the entries must reach the real files
-    const int32_t selection = state.SelectedPos[TransactionList];
-    if (PostDueItems() == 0)
-        return;
-    NameDeed(Deed::Posted);
-    CheckT1totals();
-    RefreshAccounts();
-    LoadCurrentAccount();
-    ReloadList(state.CurrentScreen, state.TopPos[state.CurrentScreen]);
-    CountTransactions();
-    state.SelectedPos[TransactionList] = selection;
-    Beep(Sound::Exclamation);
     RepaintScreen();
 }

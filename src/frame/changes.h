@@ -74,7 +74,3 @@ int FilterAccount(uint32_t accountID, int keep, FilterBy field, const FilterCrit
 int ClearFilters();
 // The same for the transaction screen, with balances computed anew.
 void ClearFiltersAndRecompute();
-
-// The batch pass over the recurring items, with filters lifted when an item fires. Leaves screen, account, row and
-// view.
-void CheckDDs();

@@ -1,6 +1,7 @@
 // Old rows move to an account's archive and back, with every balance kept.
 #pragma once
 
+#include "ledger/progress.h"
 #include "records/records.h"
 
 inline constexpr int32_t ShowProgressFrom = 11; // rows; a smaller job is silent
@@ -10,9 +11,7 @@ inline constexpr int32_t ShowProgressFrom = 11; // rows; a smaller job is silent
 enum class ArchiveResult : uint8_t { Refused, NotYet, Done };
 
 // Archives rows 1 to `position` of an account's live file, but none from the first one dated after today on, so that
-// the balances as of today stay. `tell` is called with 0 to 100 as the work goes on (null: silent) and must touch no
-// record; state.Restructuring says when a merge moves rows.
-using ProgressTeller = void (*)(int percent);
+// the balances as of today stay. state.Restructuring says when a merge moves rows.
 ArchiveResult Archive(uint32_t accountID, int32_t position, ProgressTeller tell);
 
 // Returns rows `position` to the end of the archive to the live file.

@@ -1,4 +1,5 @@
 #include "ledger/bin.h"
+#include "cipher/hooks.h"
 #include "ledger/balance.h"
 #include "ledger/bin_record.h"
 #include "ledger/markers.h"
@@ -8,7 +9,9 @@
 #include "store/catalogue.h"
 #include "store/index.h"
 #include "store/operations.h"
+#include "store/runs.h"
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -52,18 +55,27 @@ int EraseFilesOfRows(int32_t first, int32_t last) {
     return erased;
 }
 
-// Appends the range to the bin. 0 when the bin can't take it.
+// Appends the range to the bin, some rows at a time: as they are read in the first half of the one buffer, their bin
+// rows in the second. 0 when the bin can't take it.
 int CopyRangeToBin(const Place &place, int32_t first, int32_t last) {
+    constexpr int32_t AtOnce = RunBytes / 2 / static_cast<int32_t>(sizeof(BinRecFile)); // the widest kind
     const FileKind kind = KindOfList(place.List);
+    const int size = RecordSize(kind);
     const int64_t ownerType = TypeOfOwner(place);
     const int source = OpenPlace(place, OpenExisting), bin = OpenDataFile(FileKind::Bin, OpenOrCreate);
-    const int32_t before = CountRecords(bin, FileKind::Bin);
+    int32_t to = CountRecords(bin, FileKind::Bin) + 1;
     int copied = source >= 0 && bin >= 0;
-    for (int32_t position = first; copied && position <= last; ++position) {
-        RecordBuffer record;
-        BinRecFile row = {};
-        copied = ReadRecord(source, kind, position, record.Bytes) && RecordToBin(place, ownerType, record, &row.Rec) &&
-                 WriteRecord(bin, FileKind::Bin, before + 1 + position - first, &row);
+    for (int32_t read = 0; copied && first <= last; first += read, to += read) {
+        read = ReadRecords(source, kind, first, std::min(AtOnce, last - first + 1), state.RunBuffer);
+        copied = read > 0;
+        for (int32_t index = 0; copied && index < read; ++index) {
+            RecordBuffer record;
+            std::memcpy(record.Bytes, state.RunBuffer + index * size, static_cast<size_t>(size));
+            BinRecFile *row = RunRecord<BinRec>(AtOnce + index);
+            *row = {};
+            copied = RecordToBin(place, ownerType, record, &row->Rec) && EncipherRecord(FileKind::Bin, row);
+        }
+        copied = copied && WriteRun(bin, FileKind::Bin, AtOnce, read, to);
     }
     if (!copied)
         ReportError(In::DeleteRecRange, bin < 0 ? Trouble::BcreateFail : Trouble::BwriteFail);

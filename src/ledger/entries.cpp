@@ -170,9 +170,9 @@ int QueueEntry(const Place &place, const TRec &row) {
     return 1;
 }
 
-int PlaceQueuedEntries() {
-    WaitingEntry *next = state.WaitingEntries, *end = next + state.WaitingCount;
-    std::sort(next, end, ComesFirst);
+int PlaceQueuedEntries(ProgressTeller tell) {
+    WaitingEntry *const begin = state.WaitingEntries, *const end = begin + state.WaitingCount, *next = begin;
+    std::sort(begin, end, ComesFirst);
     state.WaitingCount = 0;
     while (next < end) {
         WaitingEntry *behind =
@@ -188,6 +188,8 @@ int PlaceQueuedEntries() {
         }
         CalcTotals(place);
         next = behind;
+        if (tell)
+            tell(static_cast<int>((next - begin) * 100 / (end - begin)));
     }
     return 1;
 }

@@ -1,6 +1,7 @@
 // Where entries are made: one by one with the other side of their transfer, or many at once.
 #pragma once
 
+#include "ledger/progress.h"
 #include "records/place.h"
 #include "records/records.h"
 
@@ -22,5 +23,6 @@
 // placed when there is room for no more. 0 when refused.
 [[nodiscard]] int QueueEntry(const Place &place, const TRec &row);
 // Places what waits: each account's file is gone through once, from the end to the earliest new entry, which lands
-// where PositionByDate would have put it in its turn. Balances are right afterwards. 0 when refused.
-[[nodiscard]] int PlaceQueuedEntries();
+// where PositionByDate would have put it in its turn. Balances are right afterwards. `tell` hears what part is placed.
+// 0 when refused.
+[[nodiscard]] int PlaceQueuedEntries(ProgressTeller tell = nullptr);

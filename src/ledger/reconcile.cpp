@@ -7,6 +7,7 @@
 #include "store/operations.h"
 #include "store/runs.h"
 #include <bit>
+#include <cstring>
 
 namespace {
 
@@ -104,15 +105,22 @@ bool IsReconcileCandidate(int32_t position) {
 int ApplyReconcile(const Place &place) {
     if (state.ReconcileState != ReconcileStep::Solved)
         return 0;
-    for (int i = 0; i < state.CandidateCount; ++i) {
-        TRec row;
-        if (!state.Candidates[i].Selected)
+    const int handle = OpenPlace(place, OpenExisting);
+    int applied = handle >= 0;
+    for (int i = 0; applied && i < state.CandidateCount; ++i) {
+        const Candidate &candidate = state.Candidates[i];
+        TRecFile record;
+        if (!candidate.Selected)
             continue;
-        if (!FetchRecord(place, state.Candidates[i].Position, &row))
-            return 0;
-        row.Cleared = 1;
-        if (!ChangeRecord(place, state.Candidates[i].Position, row))
-            return 0;
+        applied = ReadRecord(handle, Kind, candidate.Position, &record);
+        record.Rec.Cleared = 1;
+        std::memset(record.Tail, 0, sizeof record.Tail);
+        applied = applied && WriteRecord(handle, Kind, candidate.Position, &record);
+    }
+    CloseFile(handle);
+    if (!applied) {
+        ReportError(In::ModRecFile, Trouble::TwriteFail);
+        return 0;
     }
     state.ReconcileState = ReconcileStep::Idle;
     return 1;

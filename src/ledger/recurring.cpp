@@ -206,20 +206,21 @@ int AddDDEntry(const DDRec &item) {
     return QueueEntry(LiveRows(account->ID), row);
 }
 
-bool AnItemIsDue() {
+int32_t EntriesDue() {
     LoadTodaysDate(&state.SharedToday);
-    bool due = false;
+    int32_t due = 0;
     if (!state.DataUsable)
-        return false;
+        return 0;
     KnowAccounts();
-    ForEachItem(In::CheckDDs, [&](int, int32_t, const DDRec &item) {
-        due = IsDue(item, Horizon());
-        return !due;
+    ForEachItem(In::CheckDDs, [&](int, int32_t, DDRec &item) {
+        for (int fired = 0; fired < EntriesAPass && IsDue(item, Horizon()); ++fired, ++due)
+            Advance(&item);
+        return true;
     });
     return due;
 }
 
-int PostDueItems() {
+int PostDueItems(ProgressTeller tell) {
     LoadTodaysDate(&state.SharedToday);
     if (!state.DataUsable)
         return 0;
@@ -234,7 +235,7 @@ int PostDueItems() {
         return !refused;
     });
     if (!refused && fired > 0)
-        refused = !PlaceQueuedEntries() || !RestoreDateOrder();
+        refused = !PlaceQueuedEntries(tell) || !RestoreDateOrder();
     if (!refused)
         return fired;
     state.WaitingCount = 0;

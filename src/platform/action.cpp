@@ -170,10 +170,11 @@ void EndAction(int shadows) {
 
 // Makes the action durable. 0 when it is to be dropped.
 int WriteAction(int *anything) {
-    const int alone = OverlayStandsAlone();
     // When a shadow has taken a name, or a directory is gone, earlier changes to what bore the name may not be made
-    // once more. So these come to the disk for good before, and the action itself right after.
-    if (alone && JournalBytes() > 0 && !SyncApplied())
+    // once more. So these come to the disk for good before. A journal that has grown long is no such reason: when the
+    // files can't be synced the next action tries again.
+    const int alone = OverlayHasShadow() || OverlayDropsDirectory();
+    if (JournalBytes() > (alone ? 0 : JournalLimit) && !SyncApplied() && (alone || !JournalSound()))
         return 0;
     if (!SealShadows() || !ReserveRoom())
         return 0;
@@ -209,7 +210,7 @@ int CommitAction() {
         return 1;
     }
     int anything = 0;
-    const int alone = OverlayStandsAlone();
+    const int drops = OverlayDropsDirectory();
     BeginKeeping(action.Label ? Keeping::Kept : Keeping::Silent);
     if (!WriteAction(&anything)) {
         EndKeeping(0, 0);
@@ -224,7 +225,7 @@ int CommitAction() {
     EndAction(!anything);
     if (!applied)
         return 1;
-    if (alone || JournalBytes() > JournalLimit)
+    if (drops)                            // it may come again by the same name, which no start may take away
         static_cast<void>(SyncApplied()); // when it fails, the next action tries again
     return 1;
 }

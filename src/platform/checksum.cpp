@@ -27,11 +27,7 @@ constexpr Table MakeTable() {
 constexpr Table Carry = MakeTable();
 static_assert(std::endian::native == std::endian::little);
 
-} // namespace
-
-uint32_t Checksum(uint32_t before, const void *data, int64_t bytes) {
-    const auto *at = static_cast<const uint8_t *>(data);
-    uint32_t sum = ~before;
+uint32_t SumByTable(uint32_t sum, const uint8_t *at, int64_t bytes) {
     for (; bytes >= AtOnce; bytes -= AtOnce, at += AtOnce) {
         uint64_t word;
         std::memcpy(&word, at, sizeof word);
@@ -42,5 +38,40 @@ uint32_t Checksum(uint32_t before, const void *data, int64_t bytes) {
     }
     for (; bytes > 0; --bytes, ++at)
         sum = sum >> 8 ^ Carry[0][(sum ^ *at) & 255];
-    return ~sum;
+    return sum;
+}
+
+#if defined(__x86_64__) && defined(__GNUC__)
+// The machine's own instruction for this polynomial, four times as fast; not every machine has it.
+__attribute__((target("sse4.2"))) uint32_t SumByMachine(uint32_t sum, const uint8_t *at, int64_t bytes) {
+    uint64_t wide = sum;
+    for (; bytes >= AtOnce; bytes -= AtOnce, at += AtOnce) {
+        uint64_t word;
+        std::memcpy(&word, at, sizeof word);
+        wide = __builtin_ia32_crc32di(wide, word);
+    }
+    sum = static_cast<uint32_t>(wide);
+    for (; bytes > 0; --bytes, ++at)
+        sum = __builtin_ia32_crc32qi(sum, *at);
+    return sum;
+}
+bool MachineSums() {
+    static const bool sums = __builtin_cpu_supports("sse4.2");
+    return sums;
+}
+#else
+constexpr auto SumByMachine = SumByTable;
+constexpr bool MachineSums() {
+    return false;
+}
+#endif
+
+} // namespace
+
+uint32_t ChecksumByTable(uint32_t before, const void *data, int64_t bytes) {
+    return ~SumByTable(~before, static_cast<const uint8_t *>(data), bytes);
+}
+
+uint32_t Checksum(uint32_t before, const void *data, int64_t bytes) {
+    return ~(MachineSums() ? SumByMachine : SumByTable)(~before, static_cast<const uint8_t *>(data), bytes);
 }

@@ -26,8 +26,11 @@ int DiskClose(int handle);
 // Takes the room that a later write of these bytes needs; the length stays. 1 also where the file system can't promise
 // any; 0 when there is no room.
 [[nodiscard]] int DiskReserve(int handle, int64_t offset, int64_t bytes);
-// The first `bytes` of one file into another, to the same place; shares or moves them inside the machine where it can.
-[[nodiscard]] int DiskCopy(int from, int to, int64_t bytes);
+// Bytes of one file into another, to the same place; shares or moves them inside the machine where it can. 0 also when
+// the file has fewer.
+[[nodiscard]] int DiskCopy(int from, int to, int64_t offset, int64_t bytes);
+// These bytes will be synced soon: the disk may begin with them. Promises nothing.
+void DiskHasten(int handle, int64_t offset, int64_t bytes);
 // Waits until what was written through any handle of this file would survive a loss of power. 0 when that is not
 // known.
 [[nodiscard]] int DiskSync(int handle);

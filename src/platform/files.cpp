@@ -1,6 +1,7 @@
 #include "platform/files.h"
 #include "platform/action.h"
 #include "platform/disk.h"
+#include "platform/journal.h"
 #include "platform/overlay.h"
 #include "platform/painting.h"
 #include "platform/paths.h"
@@ -406,7 +407,10 @@ int SyncFiles() {
     }
     if (!FilesMayBeRead())
         return 0;
-    return AllSynced() || (ReadyForActions() && SyncApplied());
+    if (!AllSynced() && !(ReadyForActions() && SyncApplied()))
+        return 0;
+    CleanJournal();
+    return 1;
 }
 
 void FindNames(FileWalk *walk, const char *directory, const char *prefix) {

@@ -4,7 +4,8 @@
 //
 // What is done to files below "\Program Files\Zentrik" belongs to the action that runs (platform/action.h): it is held
 // in memory, and reads see it. Within an action a file is opened on the disk once, however often it is opened here,
-// and no such file is open on the disk between two actions. A handle may outlive an action: it stands for the path.
+// and between two actions none is open on the disk, but for what a large action replaced, which is let go at the next
+// rest. A handle may outlive an action: it stands for the path.
 #pragma once
 
 #include <cstdint>

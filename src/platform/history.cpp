@@ -51,23 +51,41 @@ int64_t StartOf(const Stack &stack) {
     return stack.Count == 0 ? RoomBytes : stack.Entries[stack.Count - 1].From;
 }
 
-// The oldest action that can be undone is given up.
-void DropOldest() {
+// The oldest actions that can be undone are given up. Their room comes back with Compact.
+void DropOldest(int count) {
     Stack &done = stacks[Done];
-    const int64_t bytes = done.Count > 1 ? done.Entries[1].From : 0;
-    if (done.Count > 1)
-        std::memmove(Room, Room + bytes, static_cast<size_t>(EndOf(done) - bytes));
-    for (int i = 1; i < done.Count; ++i) {
-        done.Entries[i - 1] = done.Entries[i];
-        done.Entries[i - 1].From -= bytes;
-    }
-    --done.Count;
+    done.Count -= count;
+    for (int i = 0; i < done.Count; ++i)
+        done.Entries[i] = done.Entries[i + count];
 }
 
+int64_t StartOfDone() {
+    return stacks[Done].Count > 0 ? stacks[Done].Entries[0].From : 0;
+}
+
+// What can be undone goes to the begin of the room.
+void Compact() {
+    const int64_t before = StartOfDone();
+    if (before == 0)
+        return;
+    std::memmove(Room, Room + before, static_cast<size_t>(EndOf(stacks[Done]) - before));
+    for (int i = 0; i < stacks[Done].Count; ++i)
+        stacks[Done].Entries[i].From -= before;
+}
+
+// Half of what the room holds of them.
 void DropHalf() {
-    const int64_t goal = EndOf(stacks[Done]) / 2;
-    while (stacks[Done].Count > 0 && EndOf(stacks[Done]) > goal)
-        DropOldest();
+    const int64_t middle = StartOfDone() + (EndOf(stacks[Done]) - StartOfDone()) / 2;
+    int count = 0;
+    while (count < stacks[Done].Count && stacks[Done].Entries[count].From < middle)
+        ++count;
+    DropOldest(count);
+}
+
+// What was kept at `at` goes where it is to stay.
+void Settle(int64_t at, int64_t to, int64_t bytes) {
+    if (at != to)
+        std::memmove(Room + to, Room + at, static_cast<size_t>(bytes));
 }
 
 bool Overlaps(const ChangeView &a, const ChangeView &b) {
@@ -208,18 +226,21 @@ void KeepReplaced(const ChangeView &change) {
         return;
     }
     while (!filling.TooLarge && !PutChange(Room + filling.At, filling.Limit, &filling.Used, change)) {
-        // A new action ends what could be done again, and pushes the oldest out; if that helps nothing it is too large.
-        if (IsTurn() || filling.Used + ChangeRoom(change.Path, change.Bytes) > RoomBytes / 2 ||
-            stacks[Done].Count + stacks[Undone].Count == 0) {
-            filling.TooLarge = 1;
-            return;
+        const int64_t used = filling.Used, at = filling.At, needed = used + ChangeRoom(change.Path, change.Bytes);
+        if (StartOfDone() == 0) {
+            // A new action ends what could be done again, and pushes the oldest out; if that helps nothing it is too
+            // large.
+            if (IsTurn() || needed > RoomBytes / 2 || stacks[Done].Count + stacks[Undone].Count == 0) {
+                filling.TooLarge = 1;
+                return;
+            }
+            stacks[Undone].Count = 0;
+            if (filling.Limit == RoomBytes - at || filling.Limit < needed)
+                DropHalf();
         }
-        const int64_t used = filling.Used, at = filling.At;
-        stacks[Undone].Count = 0;
-        if (filling.Limit == RoomBytes - at || filling.Limit < used + ChangeRoom(change.Path, change.Bytes))
-            DropHalf();
+        Compact();
         FindRoom();
-        std::memmove(Room + filling.At, Room + at, static_cast<size_t>(used));
+        Settle(at, filling.At, used);
         filling.Used = used;
     }
 }
@@ -253,17 +274,13 @@ void EndKeeping(int done, int label) {
     }
     Stack &stack = stacks[filling.To];
     if (filling.To == Done) {
-        if (stack.Count == MostActions) {
-            const int64_t gone = stack.Entries[1].From;
-            DropOldest();
-            std::memmove(Room + filling.At - gone, Room + filling.At, static_cast<size_t>(filling.Used));
-            filling.At -= gone;
-        }
-        std::memmove(Room + EndOf(stack), Room + filling.At, static_cast<size_t>(filling.Used));
+        if (stack.Count == MostActions)
+            DropOldest(1);
+        Settle(filling.At, EndOf(stack), filling.Used);
         stack.Entries[stack.Count] = {EndOf(stack), filling.Used, label};
     } else {
         const int64_t from = (StartOf(stack) - filling.Used) / 8 * 8;
-        std::memmove(Room + from, Room + filling.At, static_cast<size_t>(filling.Used));
+        Settle(filling.At, from, filling.Used);
         stack.Entries[stack.Count] = {from, filling.Used, label};
     }
     ++stack.Count;

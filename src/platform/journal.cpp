@@ -37,6 +37,7 @@ struct Journal {
     int64_t End;        // behind the last whole action
     int64_t FileLength; // of the journal's file
     int64_t Reserved;   // behind FileLength, for the files
+    int64_t Entered;    // up to here the file may hold bytes of actions that do not count any more
     uint64_t Round, Base, Next;
     // The action that is appended, or was sealed last
     int64_t Start, At; // its first record, where the next one goes
@@ -51,6 +52,10 @@ Journal journal;
 
 int64_t Least(int64_t a, int64_t b) {
     return a < b ? a : b;
+}
+
+int64_t Most(int64_t a, int64_t b) {
+    return a > b ? a : b;
 }
 
 template <typename Kind> uint32_t SumBehindMark(const Kind &head) {
@@ -129,10 +134,12 @@ int FindEnd() {
     int inAction = 0;
     journal.End = FirstRecord;
     for (;;) {
-        RecordHead head;
+        RecordHead head = {};
         const int whole = ReadRecordAt(at, &head);
         if (whole < 0)
             return 0;
+        if (at == FirstRecord && head.Mark != 0)
+            journal.Entered = journal.FileLength; // whatever ran last was not given the time to clean it
         if (!whole || head.Number <= last || head.First == inAction)
             break;
         last = head.Number;
@@ -182,6 +189,8 @@ int FlushRecord(int last) {
     journal.Touched = 1;
     if (!DiskWrite(journal.Disk, journal.At, Record, bytes))
         return 0;
+    if (!last)
+        DiskHasten(journal.Disk, journal.At, bytes);
     journal.At += bytes;
     ++journal.Records;
     journal.Used = 0;
@@ -292,6 +301,7 @@ int SealRecords() {
 }
 
 void DropRecords() {
+    journal.Entered = Most(journal.Entered, journal.At + int64_t{sizeof Record});
     journal.At = journal.Start;
     if (!journal.Touched)
         return;
@@ -339,19 +349,27 @@ void ReleaseRoom() {
 int CutJournal() {
     if (journal.Disk < 0)
         return 1;
-    const int64_t used = journal.End;
     journal.Base = journal.Next;
     journal.Unsound = 1; // until it is known which head stands on the disk
     if (!WriteHead() || !DiskSync(journal.Disk))
         return 0;
     journal.Unsound = 0;
+    journal.Entered = Most(journal.Entered, journal.End);
     journal.End = journal.Start = journal.At = FirstRecord;
     journal.Records = 0;
-    // Nothing of what was entered stays behind in the journal. No start reads there any more, so a failure is harmless.
-    if (journal.FileLength > JournalLimit && DiskCut(journal.Disk, FirstRecord + PreparedStep))
-        journal.FileLength = FirstRecord + PreparedStep;
-    static_cast<void>(WriteZeros(FirstRecord, Least(used, journal.FileLength)));
     return 1;
+}
+
+void CleanJournal() {
+    if (journal.Disk < 0 || journal.End != FirstRecord || journal.Entered <= FirstRecord)
+        return;
+    // Room that was used once is kept: a file that has its blocks and its length is synced in half the time.
+    if (journal.FileLength > JournalLimit && DiskCut(journal.Disk, JournalLimit))
+        journal.FileLength = JournalLimit;
+    constexpr int64_t Second = FirstRecord + HeadDistance; // the first bytes go last: a start sees by them what is left
+    if (WriteZeros(Second, Least(journal.Entered, journal.FileLength)) && WriteZeros(FirstRecord, Second) &&
+        DiskSync(journal.Disk))
+        journal.Entered = FirstRecord;
 }
 
 uint64_t JournalNumber() {

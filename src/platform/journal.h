@@ -44,5 +44,8 @@ void ReleaseRoom();
 
 // All actions so far are in the files for good: the journal is empty again. 0 when the machine refuses.
 [[nodiscard]] int CutJournal();
+// Nothing of what was entered stays behind in a journal that was cut: zeros over it, down to the disk. For a time when
+// nobody waits. No start reads there, so a failure is harmless; the next call tries again.
+void CleanJournal();
 // A number that no action before had, for the names of its shadows.
 uint64_t JournalNumber();

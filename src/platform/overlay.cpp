@@ -11,6 +11,7 @@ namespace {
 
 constexpr int MostFiles = 4096;
 constexpr int MostDisk = 96; // files open on the disk; the others are opened again when they are wanted
+constexpr int MostReplaced = 8;
 constexpr int PagesHeld = 2048;
 constexpr int Chains = 4096;
 constexpr int32_t None = -1;
@@ -29,6 +30,7 @@ uint64_t ShadowSeries; // the journal's number when the first shadow was made
 int32_t NameChain[Chains], PageChain[Chains];
 Page Pages[PagesHeld];
 alignas(64) uint8_t Bytes[PagesHeld][PageBytes];
+int Replaced[MostReplaced], ReplacedCount;
 int32_t SparePage = None; // chain of the pages that were used before, over NextInChain
 int32_t PagesUsed;
 bool ChainsReady;
@@ -144,6 +146,16 @@ void CloseDisk(OverlayFile *file) {
         }
 }
 
+// The last handle of what a shadow has replaced: when it goes the machine gives the room of the whole file back, which
+// takes longer than everything else that an action waits for. So it goes when the owner rests.
+void CloseLater(OverlayFile *file) {
+    if (file->Disk < 0 || ReplacedCount == MostReplaced)
+        return;
+    Replaced[ReplacedCount++] = file->Disk;
+    file->Disk = Closed;
+    --DiskOpenCount;
+}
+
 void DropRow(int32_t row) {
     OverlayFile &file = Files[row];
     CloseDisk(&file);
@@ -246,22 +258,76 @@ void DropShadow(OverlayFile *file) {
     file->ShadowDisk = Closed;
 }
 
-// From here on the file is written to a shadow, which begins with what it holds now.
+// The shadow takes over, as they are, the disk's bytes between two offsets as far as they count.
+int FillShadow(OverlayFile *file, int64_t from, int64_t to) {
+    const int64_t bytes = Least(to, file->BaseLength) - from;
+    return bytes <= 0 || (OverlayDisk(file) >= 0 && DiskCopy(file->Disk, ShadowOf(file), from, bytes));
+}
+
+// What a shadow holds is one stretch: what lies between it and what is written now comes in with it.
+int WriteShadow(OverlayFile *file, int64_t offset, const uint8_t *from, int64_t bytes) {
+    if (file->FilledFrom == file->FilledTo)
+        file->FilledFrom = file->FilledTo = offset;
+    if (ShadowOf(file) >= 0 && FillShadow(file, file->FilledTo, offset) &&
+        FillShadow(file, offset + bytes, file->FilledFrom) && DiskWrite(file->ShadowDisk, offset, from, bytes)) {
+        file->FilledFrom = Least(file->FilledFrom, offset);
+        file->FilledTo = Most(file->FilledTo, offset + bytes);
+        return 1;
+    }
+    RefuseActionFor(WriteRefused);
+    return 0;
+}
+
+int64_t ReadShadow(OverlayFile *file, int64_t offset, uint8_t *to, int64_t bytes) {
+    const int64_t from = Most(offset, file->FilledFrom), end = Least(offset + bytes, file->FilledTo);
+    if (from >= end)
+        return ReadBase(file, offset, to, bytes) ? bytes : -1;
+    const int64_t read = ShadowOf(file) < 0 ? -1 : DiskRead(file->ShadowDisk, from, to + (from - offset), end - from);
+    if (read < 0) {
+        RefuseActionFor(ReadRefused);
+        return -1;
+    }
+    std::memset(to + (from - offset) + read, 0, static_cast<size_t>(end - from - read)); // grown by a length alone
+    return ReadBase(file, offset, to, from - offset) && ReadBase(file, end, to + (end - offset), offset + bytes - end)
+               ? bytes
+               : -1;
+}
+
+// The file's pages by number. How many.
+int32_t PagesInOrder(const OverlayFile &file, int32_t *order) {
+    int32_t count = 0;
+    for (int32_t page = file.FirstPage; page != None; page = Pages[page].NextOfFile)
+        order[count++] = page;
+    std::sort(order, order + count, [](int32_t a, int32_t b) { return Pages[a].Number < Pages[b].Number; });
+    return count;
+}
+
+int WritePages(OverlayFile *file) {
+    static int32_t order[PagesHeld];
+    const int32_t count = PagesInOrder(*file, order);
+    for (int32_t first = 0, behind; first < count; first = behind) {
+        behind = first + 1;
+        while (behind < count && order[behind] == order[behind - 1] + 1 &&
+               Pages[order[behind]].Number == Pages[order[behind - 1]].Number + 1)
+            ++behind;
+        const int64_t at = Pages[order[first]].Number * PageBytes;
+        const int64_t bytes = Least(int64_t{behind - first} * PageBytes, file->Length - at);
+        if (bytes > 0 && !WriteShadow(file, at, Bytes[order[first]], bytes))
+            return 0;
+    }
+    return 1;
+}
+
+// From here on the file is written to a shadow.
 int MakeShadow(OverlayFile *file) {
     char path[PathRoom];
     if (ShadowCount == 0)
         ShadowSeries = JournalNumber();
     file->Shadow = ++ShadowCount;
+    file->FilledFrom = file->FilledTo = 0;
     ShadowPath(path, *file);
     file->ShadowDisk = std::strlen(path) < PathRoom - 1 ? OpenCounted(path, 1) : DiskRefused;
-    int made = file->ShadowDisk >= 0 && DiskCut(file->ShadowDisk, 0);
-    if (made && file->BaseLength > 0)
-        made = OverlayDisk(file) >= 0 && DiskCopy(file->Disk, file->ShadowDisk, file->BaseLength);
-    for (int32_t page = file->FirstPage; made && page != None; page = Pages[page].NextOfFile) {
-        const int64_t at = Pages[page].Number * PageBytes;
-        made = DiskWrite(file->ShadowDisk, at, Bytes[page], Least(PageBytes, Most(0, file->Length - at)));
-    }
-    if (!made) {
+    if (file->ShadowDisk < 0 || !DiskCut(file->ShadowDisk, 0) || !WritePages(file)) {
         DropShadow(file);
         RefuseActionFor(WriteRefused);
         return 0;
@@ -278,23 +344,6 @@ int SpillLargest() {
         if (Files[row].Path[0] && (!largest || Files[row].PageCount > largest->PageCount))
             largest = &Files[row];
     return largest && MakeShadow(largest);
-}
-
-int64_t ReadShadow(OverlayFile *file, int64_t offset, uint8_t *to, int64_t bytes) {
-    const int64_t read = ShadowOf(file) < 0 ? -1 : DiskRead(file->ShadowDisk, offset, to, bytes);
-    if (read < 0) {
-        RefuseActionFor(ReadRefused);
-        return -1;
-    }
-    std::memset(to + read, 0, static_cast<size_t>(bytes - read)); // grown by a length alone
-    return bytes;
-}
-
-int WriteShadow(OverlayFile *file, int64_t offset, const uint8_t *from, int64_t bytes) {
-    if (ShadowOf(file) >= 0 && DiskWrite(file->ShadowDisk, offset, from, bytes))
-        return 1;
-    RefuseActionFor(WriteRefused);
-    return 0;
 }
 
 // --- Writing by pages
@@ -434,13 +483,15 @@ int OverlayCut(OverlayFile *file, int64_t length) {
         return 1;
     }
     file->Length = length;
+    file->BaseLength = Least(file->BaseLength, length);
     if (file->Shadow) {
+        file->FilledFrom = Least(file->FilledFrom, length);
+        file->FilledTo = Least(file->FilledTo, length);
         if (ShadowOf(file) >= 0 && DiskCut(file->ShadowDisk, length))
             return 1;
         RefuseActionFor(WriteRefused);
         return 0;
     }
-    file->BaseLength = Least(file->BaseLength, length);
     const int64_t kept = (length + PageBytes - 1) / PageBytes;
     if (file->PageCount > 0 && file->HighPage >= kept)
         DropPages(file, kept);
@@ -473,6 +524,8 @@ int OverlayMove(OverlayFile *from, OverlayFile *to) {
     to->Length = from->Length;
     to->Shadow = from->Shadow;
     to->ShadowDisk = from->ShadowDisk;
+    to->FilledFrom = from->FilledFrom;
+    to->FilledTo = from->FilledTo;
     from->Shadow = 0;
     from->ShadowDisk = Closed;
     for (int32_t page = from->FirstPage; page != None;) {
@@ -489,28 +542,34 @@ int OverlayMove(OverlayFile *from, OverlayFile *to) {
 
 int VisitPages(OverlayFile *file, int (*visit)(OverlayFile *, const PageChange &)) {
     constexpr int32_t Near = PageBytes / 2; // equal bytes between two pages that are shown with them, so that they join
+    constexpr int32_t AtOnce = 64;          // pages behind each other that are read by one call
     static int32_t order[PagesHeld];
-    static uint8_t before[2][PageBytes];
-    int32_t count = 0;
-    for (int32_t page = file->FirstPage; page != None; page = Pages[page].NextOfFile)
-        order[count++] = page;
-    std::sort(order, order + count, [](int32_t a, int32_t b) { return Pages[a].Number < Pages[b].Number; });
+    static uint8_t before[AtOnce * PageBytes];
+    const int32_t count = PagesInOrder(*file, order);
     PageChange waiting = {};
-    for (int32_t index = 0; index < count; ++index) {
+    for (int32_t index = 0, first = 0, behind = 0; index < count; ++index) {
         const Page &page = Pages[order[index]];
         const uint8_t *bytes = Bytes[order[index]];
-        uint8_t *old = before[index % 2];
         const int64_t start = page.Number * PageBytes;
+        if (index == behind) {
+            if (waiting.Count && !visit(file, waiting))
+                return 0;
+            waiting = {};
+            first = index;
+            do
+                ++behind;
+            while (behind < count && behind - first < AtOnce &&
+                   Pages[order[behind]].Number == page.Number + behind - first);
+            if (!ReadBase(file, start, before, int64_t{behind - first} * PageBytes))
+                return 0;
+        }
+        const uint8_t *old = before + int64_t{index - first} * PageBytes;
         int32_t from = page.From, to = static_cast<int32_t>(Least(page.To, file->Length - start));
-        if (from >= to)
-            continue;
-        if (!ReadBase(file, start, old, PageBytes))
-            return 0;
         while (from < to && bytes[from] == old[from])
             ++from;
         while (to > from && bytes[to - 1] == old[to - 1])
             --to;
-        if (from == to)
+        if (from >= to)
             continue;
         if (const int64_t end = waiting.Offset + waiting.Count; waiting.Count && from <= Near && start - end <= Near) {
             waiting.Count += static_cast<int32_t>(start - end);
@@ -529,8 +588,15 @@ int SealShadow(OverlayFile *file) {
     char directory[PathRoom], host[HostPathRoom];
     DirectoryOf(directory, file->Path);
     HostPath(host, directory);
-    return ShadowOf(file) >= 0 && DiskCut(file->ShadowDisk, file->Length) && DiskSync(file->ShadowDisk) &&
-           DiskSyncDirectory(host);
+    if (ShadowOf(file) < 0)
+        return 0;
+    DiskHasten(file->ShadowDisk, file->FilledFrom, file->FilledTo - file->FilledFrom);
+    if (!FillShadow(file, 0, file->FilledFrom) || !FillShadow(file, file->FilledTo, file->Length) ||
+        !DiskCut(file->ShadowDisk, file->Length))
+        return 0;
+    file->FilledFrom = 0;
+    file->FilledTo = file->Length;
+    return DiskSync(file->ShadowDisk) && DiskSyncDirectory(host);
 }
 
 void ShadowPath(char *to, const OverlayFile &file) {
@@ -540,13 +606,14 @@ void ShadowPath(char *to, const OverlayFile &file) {
                   static_cast<unsigned long long>(ShadowSeries), static_cast<unsigned>(file.Shadow));
 }
 
-int OverlayStandsAlone() {
-    for (int32_t row = 0; row < FilesUsed; ++row) {
-        const OverlayFile &file = Files[row];
-        if (file.Path[0] && (file.Shadow || (file.OnDisk == Stands::Directory && file.Now != Stands::Directory)))
-            return 1;
-    }
-    return 0;
+int OverlayHasShadow() {
+    return std::any_of(Files, Files + FilesUsed, [](const OverlayFile &file) { return file.Path[0] && file.Shadow; });
+}
+
+int OverlayDropsDirectory() {
+    return std::any_of(Files, Files + FilesUsed, [](const OverlayFile &file) {
+        return file.Path[0] && file.OnDisk == Stands::Directory && file.Now != Stands::Directory;
+    });
 }
 
 int OverlayDisk(OverlayFile *file) {
@@ -577,6 +644,8 @@ void ClearOverlay(int shadows) {
             continue;
         if (shadows)
             DropShadow(&Files[row]);
+        else if (Files[row].Shadow)
+            CloseLater(&Files[row]);
         CloseDisk(&Files[row]);
         *NameChainOf(Files[row].Path) = None;
         for (int32_t page = Files[row].FirstPage; page != None; page = Pages[page].NextOfFile)
@@ -586,6 +655,11 @@ void ClearOverlay(int shadows) {
     FilesUsed = PagesUsed = 0;
     SparePage = None;
     ShadowCount = 0;
+}
+
+void CloseReplaced() {
+    while (ReplacedCount > 0)
+        DiskClose(Replaced[--ReplacedCount]);
 }
 
 int OverlayEmpty() {

@@ -14,17 +14,18 @@ struct OverlayFile {
     int32_t NextOfName;  // in the chain of names, -1 at the end
     int32_t FirstPage;   // of its pages, in no order, -1 for none
     int32_t PageCount;
-    int64_t LowPage, HighPage; // its pages lie between these, ends included
-    int Disk;                  // handle of disk.h, below 0 for none
-    int ShadowDisk;            // the same of its shadow
-    int32_t Shadow;            // number of its shadow, 0 for none; a file with a shadow has no pages
-    int64_t DiskLength;        // bytes on the disk
-    int64_t BaseLength;        // bytes of these that still count
-    int64_t Length;            // as the action sees it
-    int32_t Users;             // open handles
+    int64_t LowPage, HighPage;    // its pages lie between these, ends included
+    int Disk;                     // handle of disk.h, below 0 for none
+    int ShadowDisk;               // the same of its shadow
+    int32_t Shadow;               // number of its shadow, 0 for none; a file with a shadow has no pages
+    int64_t FilledFrom, FilledTo; // what the shadow holds of it; around that the disk's bytes count, up to BaseLength
+    int64_t DiskLength;           // bytes on the disk
+    int64_t BaseLength;           // bytes of these that still count
+    int64_t Length;               // as the action sees it
+    int32_t Users;                // open handles
     Stands OnDisk, Now;
     bool Changed;
-    bool Emptied; // of what the disk holds nothing counts, not even its name
+    bool Emptied; // what the disk holds under its name goes as a whole
 };
 
 // The row of a path, which it gets with the first question: -1 when the machine refuses or there are too many files,
@@ -54,12 +55,14 @@ struct PageChange {
 };
 [[nodiscard]] int VisitPages(OverlayFile *file, int (*visit)(OverlayFile *file, const PageChange &change));
 
-// The shadow gets its length and is made durable, with its name. 1, also for a file without a shadow.
+// The shadow gets what it does not hold yet, and its length, and is made durable, with its name. 1, also for a file
+// without a shadow.
 [[nodiscard]] int SealShadow(OverlayFile *file);
 // The plain path of a file's shadow. Room of PathRoom.
 void ShadowPath(char *to, const OverlayFile &file);
-// 1 when a file has a shadow, or a directory goes: what may not be done again once something else bears the name.
-int OverlayStandsAlone();
+// 1 when a file has a shadow, or a directory goes: earlier changes to what bears the name may not be done after it.
+int OverlayHasShadow();
+int OverlayDropsDirectory();
 
 // The handle of a file on the disk, opened when it is not; DiskMissing or DiskRefused.
 [[nodiscard]] int OverlayDisk(OverlayFile *file);
@@ -71,7 +74,9 @@ int OverlayGone(const char *plain);
 // Rises whenever rows cease to be: a row from another series is not to be used.
 uint32_t OverlaySeries();
 
-// Forgets everything and closes what it opened. With `shadows` 1 it also deletes the shadows, which nobody took.
+// Forgets everything and closes what it opened. With `shadows` 1 it also deletes the shadows, which nobody took;
+// otherwise what they replaced is closed by CloseReplaced.
 void ClearOverlay(int shadows);
+void CloseReplaced();
 // 1 when it holds nothing.
 int OverlayEmpty();

@@ -119,7 +119,9 @@ int ApplyTake(const ChangeView &change) {
     HostPath(shadow, reinterpret_cast<const char *>(change.Data));
     HostPath(host, change.Path);
     RememberNameOf(change.Path);
-    return DiskRename(shadow, host) || (DiskKind(shadow) == 0 && DiskKind(host) == 1); // taken before
+    // A shadow and its name were durable before the journal spoke of it: one that is not there was taken before,
+    // whatever became of the file since.
+    return DiskRename(shadow, host) || DiskKind(shadow) == 0;
 }
 
 int ApplyDeletion(const ChangeView &change) {
@@ -189,6 +191,7 @@ int Recover() {
 void ForgetAll() {
     CloseTarget();
     ClearOverlay(0);
+    CloseReplaced();
     CloseJournal();
     ForgetHistory();
     recovery.Recovered = recovery.Changeable = recovery.StandsIn = recovery.Doubtful = 0;
@@ -287,6 +290,7 @@ int SyncApplied() {
     recovery.Doubtful = 0;
     if (!CutJournal())
         return 0;
+    CloseReplaced();
     recovery.Files.Used = recovery.Directories.Used = 0;
     return 1;
 }

@@ -6,6 +6,7 @@
 #include "cipher/keys.h"
 #include "drawing/cells.h"
 #include "drawing/palette.h"
+#include "forms/due_items.h"
 #include "forms/pass_code.h"
 #include "frame/changes.h"
 #include "frame/command_bar.h"

@@ -46,6 +46,7 @@ enum Dialog : int {
     PassCodeDialog = 22,
     ArchiveDialog = 23,
     UnarchiveDialog = 24,
+    PostingDialog = 25,
 };
 
 // What must come after the present event; the start-up floor reads it.

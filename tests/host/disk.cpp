@@ -160,10 +160,12 @@ int DiskReserve(int handle, int64_t offset, int64_t bytes) {
     return !disk.Switches.Full || offset + bytes <= LengthOf(handle);
 }
 
-int DiskCopy(int from, int to, int64_t bytes) {
+int DiskCopy(int from, int to, int64_t offset, int64_t bytes) {
     std::vector<uint8_t> whole(static_cast<size_t>(bytes));
-    return DiskRead(from, 0, whole.data(), bytes) == bytes && DiskWrite(to, 0, whole.data(), bytes);
+    return DiskRead(from, offset, whole.data(), bytes) == bytes && DiskWrite(to, offset, whole.data(), bytes);
 }
+
+void DiskHasten(int, int64_t, int64_t) {}
 
 int DiskSync(int handle) {
     if (EndsHere())

@@ -20,7 +20,7 @@ std::string Lines() {
 std::string Ids() {
     std::string ids;
     for (const int16_t id : state.MessageLine)
-        ids += (ids.empty() ? "" : ",") + std::to_string(id);
+        ids.append(ids.empty() ? "" : ",").append(std::to_string(id));
     return ids;
 }
 

@@ -2,6 +2,7 @@
 // read back as their bytes lie, not through the program.
 #pragma once
 
+#include "forms/due_items.h"
 #include "frame/changes.h"
 #include "host/rows.h"
 #include "ledger/archive.h"

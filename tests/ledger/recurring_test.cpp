@@ -82,6 +82,18 @@ TEST_F(Ledger, ALongForgottenItemCatchesUpInSteps) {
     EXPECT_EQ(machine.Exclamations, 3);
 }
 
+TEST_F(Ledger, APassOfManyEntriesShowsHowFarItHasCome) {
+    const uint32_t a = NewAccount(BankAccount), b = NewAccount(BankAccount);
+    for (const size_t items : {size_t{39}, size_t{40}}) {
+        while (Items().size() < items)
+            PutItem(ItemOf("Bread", -60, Items().size() % 2 ? a : b, -100, "Day(s)", 1, ForEver));
+        machine.ShownNow = 0;
+        CheckDDs();
+        EXPECT_EQ(machine.ShownNow, items < 40 ? 0 : 1 + 2) << "opened, and each account";
+        EXPECT_EQ(form.Resource + state.ActiveDialog, 0);
+    }
+}
+
 TEST_F(Ledger, TheFirstOccurrenceHasItsOwnAmountAndAccount) {
     const uint32_t a = NewAccount(BankAccount), b = NewAccount(BankAccount);
     DDRec item = ItemOf("Credit", 0, a, 2000000, "Day(s)", 7, 3);

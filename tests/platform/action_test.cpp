@@ -40,7 +40,10 @@ std::string Get(const std::string &name) {
 class Actions : public testing::Test {
 protected:
     Actions() { Root.MakeDataDirectory(); }
-    ~Actions() override { EXPECT_EQ(disk.OpenHandles, 0); }
+    ~Actions() override {
+        EXPECT_TRUE(SyncFiles());
+        EXPECT_EQ(disk.OpenHandles, 0);
+    }
     std::string OnDisk(const std::string &name) {
         const std::vector<uint8_t> bytes = ReadBytes(Root.DataFile(name));
         return {bytes.begin(), bytes.end()};

@@ -50,6 +50,17 @@ TEST(Start, EmptiedListsStayEmptyAndMissingOnesAreFilled) {
     EXPECT_EQ(state.EntryCount[AccountList], 3);
 }
 
+TEST(Start, ATabThatShowsNothingNewWritesNothing) {
+    TestRoot root;
+    ASSERT_TRUE(StartProgram());
+    for (const bool again : {false, true})
+        for (int screen = AccountList; screen < ListCount; ++screen) {
+            ResetDisk();
+            ShowScreen(screen);
+            EXPECT_TRUE(!again || disk.WriteCalls + disk.Syncs + disk.Reserves == 0) << screen;
+        }
+}
+
 TEST(Start, DataThatCanNotBeUsedAreRefusedInWordsAndLeftAlone) {
     static constexpr char Future[] = "Warning! | Wrong (future) version data | Can't use xx_Data directory | "
                                      "To exit Help mode, tap the eyes below";

@@ -86,22 +86,27 @@ int DiskReserve(int handle, int64_t offset, int64_t bytes) {
     return errno == EOPNOTSUPP || errno == ENOSYS;
 }
 
-int DiskCopy(int from, int to, int64_t bytes) {
-    off_t source = 0, target = 0;
-    while (source < bytes) {
+int DiskCopy(int from, int to, int64_t offset, int64_t bytes) {
+    off_t source = offset, target = offset;
+    const off_t end = offset + bytes;
+    while (source < end) {
         const ssize_t part =
-            Retry([&] { return copy_file_range(from, &source, to, &target, static_cast<size_t>(bytes - source), 0); });
+            Retry([&] { return copy_file_range(from, &source, to, &target, static_cast<size_t>(end - source), 0); });
         if (part <= 0)
             break;
     }
     static char buffer[1 << 16];
-    while (source < bytes) { // between file systems, or where the machine has no such call
-        const int64_t wanted = bytes - source < static_cast<off_t>(sizeof buffer) ? bytes - source : sizeof buffer;
+    while (source < end) { // between file systems, or where the machine has no such call
+        const int64_t wanted = end - source < static_cast<off_t>(sizeof buffer) ? end - source : sizeof buffer;
         if (DiskRead(from, source, buffer, wanted) != wanted || !DiskWrite(to, source, buffer, wanted))
             return 0;
         source += wanted;
     }
     return 1;
+}
+
+void DiskHasten(int handle, int64_t offset, int64_t bytes) {
+    static_cast<void>(sync_file_range(handle, offset, bytes, SYNC_FILE_RANGE_WRITE));
 }
 
 int DiskSync(int handle) {
