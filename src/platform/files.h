@@ -53,10 +53,14 @@ int ReleaseFile(int handle);
 [[nodiscard]] int DeleteFileAt(const char *path);
 // Replaces an existing target.
 [[nodiscard]] int MoveFileTo(const char *from, const char *to);
-// Copies whole; on failure no half target is left.
+// Copies whole; on failure no half target is left. The bytes of a copy to where no action reaches are on the disk for
+// good, its name is after SyncDirectory.
 [[nodiscard]] int CopyFileTo(const char *from, const char *to);
 [[nodiscard]] int MakeDirectory(const char *path);
 [[nodiscard]] int RemoveEmptyDirectory(const char *path);
+// Waits until the names in a directory are on the disk for good. For one that belongs to no action; in the others the
+// action sees to it, and there is nothing to do. 1, or 0 when the machine refuses.
+[[nodiscard]] int SyncDirectory(const char *path);
 // 1, 0, or -1 on an error that is not absence.
 [[nodiscard]] int FileThere(const char *path);
 [[nodiscard]] int DirectoryThere(const char *path);
