@@ -181,10 +181,12 @@ int DiskSyncDirectory(const char *path) {
 }
 
 int DiskRename(const char *from, const char *to) {
+    KeepInode(to);
     return MayWrite() && rename(from, to) == 0;
 }
 
 int DiskDelete(const char *path) {
+    KeepInode(path);
     return MayWrite() && unlink(path) == 0;
 }
 
@@ -193,6 +195,7 @@ int DiskMakeDirectory(const char *path) {
 }
 
 int DiskRemoveDirectory(const char *path) {
+    KeepInode(path);
     return MayWrite() && rmdir(path) == 0;
 }
 
