@@ -22,6 +22,7 @@ struct OpenSlot {
     char Path[PathRoom];  // plain
 };
 OpenSlot Open[MostOpen];
+int ReadLast; // slot
 
 OpenSlot *SlotOf(int handle) {
     return handle >= 0 && handle < MostOpen && Open[handle].Used ? &Open[handle] : nullptr;
@@ -288,12 +289,17 @@ int64_t ReadFileAt(int handle, int64_t offset, void *buffer, int64_t bytes) {
         return 0;
     if (!slot || offset < 0 || bytes < 0)
         return RefusedRead();
+    ReadLast = handle;
     if (slot->InActions && ThroughOverlay()) {
         OverlayFile *file = RowOf(slot);
         return file && file->Now == Stands::File ? OverlayRead(file, offset, buffer, bytes) : RefusedRead();
     }
     const int64_t arrived = DiskOf(slot) < 0 ? -1 : DiskRead(slot->Disk, offset, buffer, bytes);
     return arrived >= 0 || TellsTrouble(slot->Path) ? arrived : RefusedRead();
+}
+
+const char *FileReadLast() {
+    return Open[ReadLast].Path;
 }
 
 int WriteFileAt(int handle, int64_t offset, const void *buffer, int64_t bytes) {

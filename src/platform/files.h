@@ -42,6 +42,8 @@ const char *DeviceRoot();
 int ReleaseFile(int handle);
 // Bytes read from `offset`, fewer only at the end of the file, so 0 for NoFile; -1 on an error and for a bad handle.
 [[nodiscard]] int64_t ReadFileAt(int handle, int64_t offset, void *buffer, int64_t bytes);
+// The plain path of the file that was asked for bytes last, for whoever finds out later that they are no good.
+const char *FileReadLast();
 // 1 when all bytes stand in the file. Writing at the end makes the file grow, behind it leaves zeros between.
 [[nodiscard]] int WriteFileAt(int handle, int64_t offset, const void *buffer, int64_t bytes);
 // Bytes; 0 for NoFile, -1 on an error and for a bad handle.

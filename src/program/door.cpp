@@ -43,6 +43,8 @@ void HandleEvent(const Event &event) {
         ShutDown(state.Next == NextStep::LeaveFiltered);
         state.Next = NextStep::Left;
     }
+    if (state.Next != NextStep::Left)
+        static_cast<void>(TellBrokenRecord());
     inside = false;
 }
 

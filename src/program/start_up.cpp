@@ -7,6 +7,7 @@
 #include "drawing/cells.h"
 #include "drawing/palette.h"
 #include "forms/pass_code.h"
+#include "frame/refusal.h"
 #include "frame/changes.h"
 #include "frame/command_bar.h"
 #include "frame/header.h"
@@ -269,7 +270,8 @@ void ShowFirstScreen(int loaded) {
     SetGreys(AccountList);
     PlaceListScrollBar();
     doAccounts(ListWindow, PaintAll);
-    ForceHelp(writable ? Help::TapAnItem : Help::NotWritable);
+    if (!TellBrokenRecord())
+        ForceHelp(writable ? Help::TapAnItem : Help::NotWritable);
 }
 
 void ShowData() {

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 inline constexpr int MessageLines = 6; // of the message window
-inline constexpr int MessageRoom = 40, LastMessage = 546;
+inline constexpr int MessageRoom = 40, LastMessage = 570;
 
 struct Message {
     int16_t Id;
@@ -513,5 +513,16 @@ inline constexpr Message Messages[] = {
     {544, u"There are entries of accounts,"},
     {545, u"but the list of the accounts is empty"},
     {546, u"The file can't be written!"},
+    {560, u"A record can't be read! It is of"},
+    {561, u"an account in the bin"},
+    {562, u"It is kept; its row is shown blank"},
+    {563, u"An earlier backup may have it whole"},
+    {564, u"the notepad"},
+    {565, u"the list of the accounts"},
+    {566, u"the recurring items"},
+    {567, u"the templates"},
+    {568, u"the bin"},
+    {569, u"the categories"},
+    {570, u"the conversions"},
 };
 // clang-format on
