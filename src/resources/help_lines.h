@@ -208,7 +208,7 @@ enum class AddedLine : int16_t {
     SET(TooManyCodes,                 0,       520,         0,       521,       522,         0)  \
     SET(RecordUndeciphered,           0,       523,       524,         0,         0,         0)  \
     SET(RecordBroken,                 0,       560, AddedHere,         0,       562,       563)  \
-    SET(RecordBrokenHere,           524,         0,       560, AddedHere,       562,       563)  \
+    SET(RecordBrokenHere,           560, AddedHere,       524,         0,       562,       563)  \
     SET(NoKeyMade,                    0,       527,       524,         0,         0,         0)  \
     SET(Backup,                     175,       176,       177,       178,         0,         0)  \
     SET(Restore,                    179,       180,         0,       184,       185,         0)  \
