@@ -122,8 +122,6 @@ int TellBrokenRecord() {
 }
 
 int FinishAction() {
-    if (ActionDoubted()) // what the form was to do may rest on it
-        RefuseActionFor(DoubtRefused);
     if (!CommitAction()) {
         GiveActionUp();
         return 0;

@@ -252,10 +252,6 @@ void DoubtAction() {
     action.Doubted = 1;
 }
 
-int ActionDoubted() {
-    return action.Doubted;
-}
-
 int ActionRuns() {
     return action.Begun;
 }

@@ -47,7 +47,6 @@ void RefuseActionFor(ActionRefusal reason);
 // What was read can't be relied on: it may be shown, but from now on the action may not have changed anything, or it is
 // refused at its end.
 void DoubtAction();
-int ActionDoubted();
 
 // 1 between BeginAction and its end.
 int ActionRuns();

@@ -1,7 +1,11 @@
 // A record that was damaged under its seal: everything else stays at hand, and its bytes are never lost.
 #include "care.h"
 #include "exchange/export.h"
+#include "ledger/entries.h"
 #include "platform/text.h"
+#include "store/index.h"
+#include "store/operations.h"
+#include "store/windows.h"
 
 namespace fs = std::filesystem;
 using namespace testhost;
@@ -223,4 +227,62 @@ TEST_F(BrokenSeal, TheOtherEntriesAreExportedAndWhatIsDueElsewhereIsPosted) {
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 4) << text;
     OpenRow(2);
     EXPECT_EQ(state.EntryCount[TransactionList], 5) << "the monthly credit";
+}
+
+TEST_F(BrokenSeal, WhatMayBeTheBrokenRecordIsNotTakenForMissing) {
+    const CoveredFile accounts = {"E1_01IND", FileKind::Accounts}, templates = {"E1_05FAV", FileKind::Templates},
+                      categories = {"E1_07CAT", FileKind::Categories};
+    struct {
+        const char *What;
+        const CoveredFile &File;
+        void (*Do)();
+    } const rows[] = {
+        {"a partner", accounts,
+         [] {
+             TRec row;
+             InitTRec(&row);
+             row.TransferID = 2;
+             EXPECT_GT(EnterEntry(LiveRows(1), 0, &row), 0);
+         }},
+        {"the accounts of items", accounts,
+         [] {
+             KnowAccounts();
+             EXPECT_TRUE(RemoveRecord(Place{TemplateList}, 1));
+         }},
+        {"a category", categories,
+         [] {
+             EXPECT_LT(CatIDToPosition(12345), 1);
+             EXPECT_TRUE(RemoveRecord(Place{TemplateList}, 1));
+         }},
+        {"the record itself", templates, [] { EXPECT_FALSE(RemoveRecord(Place{TemplateList}, 2)); }},
+    };
+    Keep();
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.What);
+        Break(row.File, 2);
+        const auto before = Snapshot(root.DataFile(""));
+        EXPECT_FALSE(AsAction(row.Do));
+        EXPECT_EQ(ActionRefused(), DoubtRefused);
+        EXPECT_TRUE(Snapshot(root.DataFile("")) == before);
+        BringBack();
+    }
+}
+
+TEST_F(BrokenSeal, StoredTotalsStayAsTheyWere) {
+    const std::string accounts = root.DataFile("E1_01IND");
+    Start();
+    StrokeRow(2); // a Total marker
+    QuitProgram();
+    for (const CoveredFile &file : {CoveredFile{"E1_01IND", FileKind::Accounts}, {"E1_02A2", FileKind::Transactions}}) {
+        const Bytes broken = Break(file, file.Kind == FileKind::Accounts ? 1 : 0);
+        QuitProgram();
+        Bytes before = ReadBytes(accounts);
+        SetClock(2026, 3, 3); // the totals are told anew each day
+        Start();
+        for (const int screen : {RecurringList, AccountList})
+            ShowScreen(screen);
+        EXPECT_TRUE(ReadBytes(accounts) == before) << file.Name;
+        SetClock(2026, 3, 2);
+        QuitProgram();
+    }
 }
