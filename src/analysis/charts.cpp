@@ -233,11 +233,12 @@ template <typename Visit> void WalkEntries(int file, Visit visit) {
     TRecFile records[AtOnce];
     int32_t read = AtOnce;
     for (int32_t first = 1; read == AtOnce; first += read) {
-        read = ReadRecords(file, FileKind::Transactions, first, AtOnce, records);
-        if (first == 1 && read > 0 && !AcceptVersion(records[0].Rec.Version, In::ConvertRecToGRec))
+        read = ReadRecords(file, FileKind::Transactions, first, AtOnce, records, Broken::Shows);
+        if (first == 1 && read > 0 && !IsBroken(records) &&
+            !AcceptVersion(records[0].Rec.Version, In::ConvertRecToGRec))
             return;
         for (int32_t i = 0; i < read; ++i)
-            if (records[i].Rec.RowKind == EntryRow)
+            if (records[i].Rec.RowKind == EntryRow && !IsBroken(&records[i]))
                 visit(records[i].Rec);
     }
 }

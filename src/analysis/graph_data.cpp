@@ -28,7 +28,7 @@ int OpenRows(const Place &place, uint32_t *filtered) {
 // All of a stretch of records, or 0: a read may give fewer than were asked for.
 int ReadRows(int file, int32_t first, int32_t count, TRecFile *rows) {
     for (int32_t done = 0; done < count;) {
-        const int32_t read = ReadRecords(file, Kind, first + done, count - done, rows + done);
+        const int32_t read = ReadRecords(file, Kind, first + done, count - done, rows + done, Broken::Shows);
         if (read < 1)
             return 0;
         done += read;
@@ -52,7 +52,7 @@ int WalkBack(int file) {
             break;
         for (; last >= first && slot > 1; --last) {
             const TRec &row = rows[last - first].Rec;
-            if (row.RowKind == DayMarker)
+            if (row.RowKind == DayMarker || IsBroken(&row))
                 continue;
             state.SamplePos[--slot] = last;
             state.SampleRow[slot] = blank;
@@ -72,7 +72,8 @@ void CloseUp(int slot) {
 // The account's file is of a version that can be used, or empty.
 int VersionServes(int file) {
     TRecFile record;
-    return !ReadRecord(file, Kind, 1, &record) || AcceptVersion(record.Rec.Version, In::LoadTranFile);
+    return !ReadRecord(file, Kind, 1, &record, Broken::Shows) || IsBroken(&record) ||
+           AcceptVersion(record.Rec.Version, In::LoadTranFile);
 }
 
 // --- Scaling

@@ -112,13 +112,14 @@ int HoldsBackup(const char *directory) {
     return whole && files >= FewestFiles;
 }
 
-// The new copy takes the place of the one before, which is never deleted before the new one bears its name.
+// The new copy takes the place of the one before, which is not touched before the new one is on the disk for good, and
+// not deleted before the new one bears its name for good.
 int Exchange(const char *directory) {
     char backup[JoinedRoom], work[JoinedRoom], aside[JoinedRoom];
     Join(backup, directory, BackupName);
     Join(work, directory, WorkName);
     Join(aside, directory, AsideName);
-    if (!DeleteDirectory(aside))
+    if (!SyncDirectory(work) || !SyncDirectory(directory) || !DeleteDirectory(aside))
         return 0;
     const int stands = DirectoryThere(backup);
     if (stands < 0 || (stands == 1 && !MoveFileTo(backup, aside)))
@@ -127,6 +128,8 @@ int Exchange(const char *directory) {
         BringBackAside(directory);
         return 0;
     }
+    if (!SyncDirectory(directory))
+        return 0;
     static_cast<void>(DeleteDirectory(aside)); // told by the log; the backup is made
     return 1;
 }

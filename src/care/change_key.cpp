@@ -13,6 +13,7 @@
 #include "store/side_files.h"
 #include <cstdio>
 #include <cstring>
+#include <initializer_list>
 #include <iterator>
 
 namespace {
@@ -20,7 +21,7 @@ namespace {
 // Behind the transaction files, in this order. The configuration, CHART and COL never hold a cipher.
 constexpr FileKind FixedFiles[] = {FileKind::Notepad, FileKind::Accounts,   FileKind::Recurring,   FileKind::Templates,
                                    FileKind::Bin,     FileKind::Categories, FileKind::Conversions, FileKind::Check};
-constexpr char TransactionPrefix[] = "E1_02";
+constexpr char TransactionPrefix[] = "E1_02", WorkName[] = "KEY~";
 
 struct Change {
     int32_t From, To; // keys
@@ -64,32 +65,41 @@ int WriteCheckRecord(const Change &change) {
     return written;
 }
 
-KeyChange RekeyOpened(const Change &change, FileKind kind, int file) {
-    const int32_t count = CountRecords(file, kind);
+// What is no whole record means nothing, and is left behind.
+KeyChange RekeyRecords(const Change &change, FileKind kind, int from, int to) {
+    const int32_t count = CountRecords(from, kind);
     for (int32_t first = 1; first <= count;) {
-        const int32_t run = ReadRun(file, kind, first, count - first + 1);
+        const int32_t run = ReadRun(from, kind, first, count - first + 1);
         if (run == 0)
             return KeyChange::Unwritten;
         if (!RekeyRun(change, kind, run, first == 1))
             return KeyChange::Damaged;
-        if (!WriteRun(file, kind, 0, run, first))
+        if (!WriteRun(to, kind, 0, run, first))
             return KeyChange::Unwritten;
         first += run;
     }
-    // What is no whole record means nothing; under the new key it would stand in the old one.
-    const int64_t whole = int64_t{count} * RecordSize(kind);
-    return FileLength(file) == whole || CutFile(file, whole) ? KeyChange::Done : KeyChange::Unwritten;
+    return KeyChange::Done;
+}
+
+// Into a file of its own that then takes the place: a large one is so written once, from its beginning to its end.
+KeyChange RekeyByMove(const Change &change, FileKind kind, const char *path) {
+    char work[PathRoom];
+    std::snprintf(work, sizeof work, "%s\\%s", DataDirectory, WorkName);
+    const int from = OpenFile(path, OpenExisting), to = from < 0 ? NoFile : OpenFile(work, OpenOrCreate);
+    KeyChange result = to < 0 ? KeyChange::Unwritten : RekeyRecords(change, kind, from, to);
+    for (const int file : {from, to})
+        if (file >= 0)
+            ReleaseFile(file);
+    if (result == KeyChange::Done && !MoveFileTo(work, path))
+        result = KeyChange::Unwritten;
+    return result;
 }
 
 void RekeyFile(Change *change, FileKind kind, const char *path) {
     if (change->Result != KeyChange::Done)
         return;
-    if (FileThere(path) == 1) {
-        const int file = OpenFile(path, OpenExisting);
-        change->Result = file < 0 ? KeyChange::Unwritten : RekeyOpened(*change, kind, file);
-        if (file >= 0)
-            ReleaseFile(file);
-    }
+    if (FileThere(path) == 1)
+        change->Result = RekeyByMove(*change, kind, path);
     if (change->Result == KeyChange::Damaged)
         TraceNarrow(path);
     change->Tell(++change->Done * 100 / change->Steps);

@@ -2,7 +2,9 @@
 #include "cipher/keys.h"
 #include "platform/action.h"
 #include "platform/cipher.h"
+#include "platform/files.h"
 #include "state/error_log.h"
+#include <cstdio>
 #include <cstring>
 
 namespace {
@@ -43,6 +45,12 @@ int UnsealRecord(int32_t key, FileKind kind, void *record) {
     return 1;
 }
 
+// The name without its directory.
+void NoteBrokenFile() {
+    const char *path = FileReadLast(), *name = std::strrchr(path, '\\');
+    std::snprintf(state.BrokenFile, sizeof state.BrokenFile, "%s", name ? name + 1 : path);
+}
+
 } // namespace
 
 int EncipherUnder(int32_t key, FileKind kind, void *record) {
@@ -76,9 +84,17 @@ int EncipherRecord(FileKind kind, void *record) {
     return 0;
 }
 
-int DecipherRecord(FileKind kind, void *record) {
+int DecipherRecord(FileKind kind, void *record, Broken then) {
     if (DecipherUnder(state.CurrentKey, kind, record))
         return 1;
-    RefuseActionFor(ReadRefused);
+    if (CipherOfKey(state.CurrentKey) == Cipher::Blocks) { // which know of no broken records: the machine fails
+        RefuseActionFor(ReadRefused);
+        return 0;
+    }
+    NoteBrokenFile();
+    if (then == Broken::Refuses)
+        RefuseActionFor(DoubtRefused);
+    if (then == Broken::Doubts)
+        DoubtAction();
     return 0;
 }

@@ -22,13 +22,14 @@ int WriteRows(int source, LineWriter *writer, const ExportFormat &format, const 
     int told = 0;
     for (int32_t first = 1; first <= count;) {
         const int32_t left = count - first + 1;
-        const int32_t read = ReadRecords(source, Kind, first, left < RowsARead ? left : RowsARead, records);
+        const int32_t read =
+            ReadRecords(source, Kind, first, left < RowsARead ? left : RowsARead, records, Broken::Shows);
         if (read == 0)
             return 0;
         for (int32_t i = 0; i < read; ++i) {
             TRec &row = records[i].Rec;
             row.Name[TextRoom - 1] = row.Memo[TextRoom - 1] = 0; // a damaged text ends within its field
-            if (Chosen(row.Date.DayNumber, day, mode))
+            if (!IsBroken(&row) && Chosen(row.Date.DayNumber, day, mode))
                 format.WriteRow(writer, account, row);
         }
         first += read;

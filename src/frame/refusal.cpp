@@ -1,14 +1,18 @@
 #include "frame/refusal.h"
 #include "frame/form.h"
+#include "frame/message_window.h"
 #include "frame/shown.h"
 #include "platform/action.h"
+#include "platform/shell.h"
 #include "resources/deeds.h"
 #include "state/greys.h"
 #include "state/messages.h"
 #include "state/state.h"
+#include "store/catalogue.h"
 #include "store/index.h"
 #include "store/windows.h"
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -78,6 +82,57 @@ void ReloadShown() {
     state.CurrentScreen = screen;
 }
 
+namespace {
+
+// The action that was refused leaves nothing.
+void ReadAnew() {
+    AbortAction();
+    BeginAction();
+    ReloadShown();
+    if (state.ActiveDialog == NoDialog && state.FileAccessReady) {
+        SetGreys(state.CurrentScreen);
+        RepaintScreen();
+    }
+}
+
+// The list or the account that a data file belongs to, as a line of its own.
+AddedLine PlaceOfFile(const char *name) {
+    uint32_t accountID;
+    if (AccountOfFile(name, &accountID)) {
+        if (AccountThere(accountID))
+            NameMessage(static_cast<int>(AddedLine::BrokenInAccount), AccountIdToName(accountID));
+        return AddedLine::BrokenInAccount;
+    }
+    const int kind = name[4] - '0';
+    return static_cast<AddedLine>(static_cast<int>(kind < 2 ? AddedLine::BrokenInNotepad : AddedLine::BrokenInItems) +
+                                  (kind < 2 ? kind : kind - static_cast<int>(FileKind::Recurring)));
+}
+
+// The file that holds the record, and that it has been told of.
+void SayBroken(Help help, const char *broken) {
+    char name[DataNameRoom];
+    std::memcpy(name, broken, sizeof name);
+    if (!state.HelpMode)
+        ToggleEyes();
+    Beep();
+    ShowHelp(help, PlaceOfFile(name));
+    std::memcpy(state.BrokenTold[state.BrokenToldCount % MostBrokenTold], name, sizeof name);
+    state.BrokenToldCount = std::min(state.BrokenToldCount + 1, MostBrokenTold);
+    state.BrokenFile[0] = 0;
+}
+
+} // namespace
+
+int TellBrokenRecord() {
+    for (int32_t told = 0; told < state.BrokenToldCount; ++told)
+        if (std::strcmp(state.BrokenTold[told], state.BrokenFile) == 0)
+            state.BrokenFile[0] = 0;
+    if (!state.BrokenFile[0] || !state.DataUsable)
+        return 0;
+    SayBroken(Help::RecordBroken, state.BrokenFile);
+    return 1;
+}
+
 int FinishAction() {
     if (!CommitAction()) {
         GiveActionUp();
@@ -89,16 +144,17 @@ int FinishAction() {
 }
 
 void GiveActionUp() {
+    if (ActionRefused() == DoubtRefused) {
+        char name[DataNameRoom]; // before what is shown is read anew
+        std::memcpy(name, state.BrokenFile, sizeof name);
+        ReadAnew();
+        SayBroken(Help::RecordBrokenHere, name);
+        return;
+    }
     GiveActionUp(ActionRefused() == ReadRefused ? Help::NotRead : Help::NotWritten);
 }
 
 void GiveActionUp(Help help) {
-    AbortAction();
-    BeginAction();
-    ReloadShown();
-    if (state.ActiveDialog == NoDialog && state.FileAccessReady) {
-        SetGreys(state.CurrentScreen);
-        RepaintScreen();
-    }
+    ReadAnew();
     RefuseTick(help);
 }

@@ -14,6 +14,10 @@ void NameDeed(Deed deed);
 // starts.
 void NoteShown();
 
+// Tells the owner which list or account holds a record that can't be read, when one was met that he has not been told
+// of in this run. 1 when it was told. After each action, and last of all.
+int TellBrokenRecord();
+
 // Ends the action that runs, for a form that has done its work: 1 when it is durable; the next action then runs. 0 when
 // it was refused: the rows stand as before, the owner has been told, and the next action runs.
 [[nodiscard]] int FinishAction();

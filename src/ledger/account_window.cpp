@@ -36,7 +36,8 @@ struct RowsRead {
 };
 
 void ReadShown(int handle, RowsRead *window) {
-    window->Count = ReadRecords(handle, Kind, state.TopPos[TransactionList], state.RowCount, window->Records);
+    window->Count =
+        ReadRecords(handle, Kind, state.TopPos[TransactionList], state.RowCount, window->Records, Broken::Shows);
 }
 
 // A Day marker in the window that is not today's; the last one, when there are several. Its position, 0 for none.
@@ -59,6 +60,8 @@ void ShowRows(const RowsRead &window) {
         if (row > window.Count)
             continue;
         const TRec &record = window.Records[row - 1].Rec;
+        if (IsBroken(&record))
+            continue; // its row stays blank
         CopyFields(FieldsOfList(TransactionList), &record, &shown.Rec);
         if (record.Version != RecordVersion)
             ReportDamagedRow(record.Name);
@@ -75,6 +78,19 @@ void MoveDayMarker(const Place &place, int32_t position, const RecDate &today, T
         CalcTotals(place);
 }
 
+// 1 when every row can be read. Without a key nothing is looked at.
+int AllRead(int handle) {
+    TRecFile records[MostRows];
+    int32_t read = state.CurrentKey == NoKey ? 0 : MostRows;
+    for (int32_t first = 1; read == MostRows; first += read) {
+        read = ReadRecords(handle, Kind, first, MostRows, records, Broken::Shows);
+        for (int32_t row = 0; row < read; ++row)
+            if (IsBroken(&records[row]))
+                return 0;
+    }
+    return 1;
+}
+
 int OpenRows(const Place &place) {
     const int handle = OpenPlace(place, OpenOrCreate, &state.FilterView);
     if (handle < 0)
@@ -84,7 +100,8 @@ int OpenRows(const Place &place) {
 
 int AcceptFile(int handle) {
     TRecFile record;
-    return !ReadRecord(handle, Kind, 1, &record) || AcceptVersion(record.Rec.Version, In::LoadTranFile);
+    return !ReadRecord(handle, Kind, 1, &record, Broken::Shows) || IsBroken(&record) ||
+           AcceptVersion(record.Rec.Version, In::LoadTranFile);
 }
 
 } // namespace
@@ -110,7 +127,7 @@ int LoadRows(const Place &place, int32_t top) {
     RowsRead window;
     ReadShown(handle, &window);
     const int32_t stale = place.Of == View::Live ? StaleDayMarker(window, today, &marker) : 0;
-    if (stale > 0) {
+    if (stale > 0 && AllRead(handle)) { // the move goes through the totals, which a row that can't be read stops
         CloseFile(handle);
         MoveDayMarker(place, stale, today, &marker);
         handle = OpenRows(place);

@@ -277,14 +277,17 @@ FixedAmount CalcFile(const Place &place, int withMarker) {
     return today.Balance;
 }
 
-// Walks a file back from its end to the row whose totals are those as of today; 0 rows leave `row` alone. In the live
+// Walks a file back from its end to the row whose totals are those as of today; 0 rows leave `row` alone. -1 when one
+// can't be read on the way. In the live
 // file every row dated today or later is watched on the way, and raises the account's flags.
 int TotalsAsOfToday(int handle, uint32_t today, int live, ARec *account, TRec *row) {
     TRecFile record;
     int found = 0;
     for (int32_t position = CountRecords(handle, FileKind::Transactions); position > 0; --position) {
-        if (!ReadRecord(handle, FileKind::Transactions, position, &record))
+        if (!ReadRecord(handle, FileKind::Transactions, position, &record, Broken::Shows))
             break;
+        if (IsBroken(&record))
+            return -1;
         const uint32_t day = record.Rec.Date.DayNumber;
         if (live || day <= today) {
             *row = record.Rec;
@@ -330,7 +333,7 @@ void CheckT1totals() {
             return true;
         const ARec before = account;
         account.Balance = account.ClearedBalance = account.ArcBalance = account.ArcClearedBalance = 0;
-        int known = 1; // of a future version no total can be told: the stored ones stay
+        int known = 1; // of a future version, or past a row that can't be read, no total can be told: the stored stay
         for (const View view : {View::Live, View::Archive}) {
             const bool archive = view == View::Archive;
             const int handle = OpenPlace(RowsOf(account.ID, view, Rows::All), OpenExisting);
@@ -341,10 +344,14 @@ void CheckT1totals() {
             if (handle < 0)
                 continue; // no rows
             TRecFile first;
-            if (ReadRecord(handle, FileKind::Transactions, 1, &first) && first.Rec.Version != RecordVersion)
+            if (ReadRecord(handle, FileKind::Transactions, 1, &first, Broken::Shows) && !IsBroken(&first) &&
+                first.Rec.Version != RecordVersion)
                 known = 0;
             TRec row;
-            if (TotalsAsOfToday(handle, today.DayNumber, !archive, &account, &row))
+            const int found = TotalsAsOfToday(handle, today.DayNumber, !archive, &account, &row);
+            if (found < 0)
+                known = 0;
+            if (found > 0)
                 TakeTotals(&account, view, {RowBalance(row, account.AccType, 0), RowBalance(row, account.AccType, 1)});
             CloseFile(handle);
         }

@@ -141,7 +141,7 @@ template <typename Visit> void ForEachItem(In function, Visit visit) {
     bool more = handle >= 0;
     int32_t read = AtOnce;
     for (int32_t first = 1; more && read == AtOnce; first += read) {
-        read = ReadRecords(handle, Kind, first, AtOnce, records);
+        read = ReadRecords(handle, Kind, first, AtOnce, records, Broken::Shows);
         for (int32_t index = 0; more && index < read; ++index)
             more = visit(handle, first + index, records[index].Rec);
     }
@@ -249,6 +249,8 @@ int DDFileCheck() {
     KnowAccounts();
     int clean = 1;
     ForEachItem(In::DDFileCheck, [&](int handle, int32_t position, DDRec &item) {
+        if (IsBroken(&item))
+            return true; // it stays as it is
         const uint32_t before = item.ItemStatus;
         const DDBlock &block = BlockOf(item);
         const bool missing = !KnownAccountOf(block.Account) || (block.Transfer != 0 && !KnownAccountOf(block.Transfer));

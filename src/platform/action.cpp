@@ -12,6 +12,7 @@ namespace {
 struct Running {
     int Begun;
     ActionRefusal Refusal;
+    int Doubted;
     int Label;
 };
 Running action;
@@ -201,6 +202,8 @@ void BeginAction() {
 int CommitAction() {
     if (!action.Begun)
         return 0;
+    if (action.Doubted && ActionChanged())
+        RefuseActionFor(DoubtRefused);
     if (action.Refusal != NotRefused) {
         AbortAction();
         return 0;
@@ -246,6 +249,10 @@ void RefuseAction() {
 void RefuseActionFor(ActionRefusal reason) {
     if (action.Begun && action.Refusal == NotRefused)
         action.Refusal = reason;
+}
+
+void DoubtAction() {
+    action.Doubted = 1;
 }
 
 int ActionRuns() {

@@ -36,12 +36,17 @@ enum ActionRefusal : int {
     NotRefused = 0,
     ReadRefused = 1,  // something could not be read
     WriteRefused = 2, // something could not be written, or has no room
+    DoubtRefused = 3, // a change rested on what can't be relied on
 };
 int ActionRefused();
 
 // Marks the action that runs as refused; the first reason stays.
 void RefuseAction();
 void RefuseActionFor(ActionRefusal reason);
+
+// What was read can't be relied on: it may be shown, but from now on the action may not have changed anything, or it is
+// refused at its end.
+void DoubtAction();
 
 // 1 between BeginAction and its end.
 int ActionRuns();

@@ -25,6 +25,7 @@ struct OpenSlot {
     char Path[PathRoom];  // plain
 };
 OpenSlot Open[MostOpen];
+int ReadLast; // slot
 
 OpenSlot *SlotOf(int handle) {
     return handle >= 0 && handle < MostOpen && Open[handle].Used ? &Open[handle] : nullptr;
@@ -162,6 +163,8 @@ int KindAt(const char *path) {
 int CopyBetween(int source, int target) {
     static char buffer[CopyBytes];
     const int64_t length = FileLength(source);
+    if (length > 0 && Open[source].Disk >= 0 && Open[target].Disk >= 0 && !Open[target].InActions)
+        return DiskCopy(Open[source].Disk, Open[target].Disk, length);
     for (int64_t at = 0; at < length;) {
         const int64_t bytes = ReadFileAt(source, at, buffer, CopyBytes);
         if (bytes <= 0 || !WriteFileAt(target, at, buffer, bytes))
@@ -181,13 +184,21 @@ int CopyOpened(const char *from, const char *to) {
     return copied;
 }
 
+// What stands in a file that belongs to no action, to the disk for good.
+int SyncOutside(const char *path) {
+    const int file = OpenFile(path, OpenExisting);
+    const int synced = file >= 0 && DiskSync(DiskOf(&Open[file]));
+    ReleaseFile(file);
+    return synced;
+}
+
 // To where no action reaches: by way of a file beside the target, so that a copy that fails leaves an earlier target
 // whole.
 int CopyOut(const char *from, const char *to) {
     char beside[PathRoom];
     if (std::snprintf(beside, sizeof beside, "%s~", to) >= PathRoom)
         return 0;
-    if (CopyOpened(from, beside) && MoveFileTo(beside, to))
+    if (CopyOpened(from, beside) && SyncOutside(beside) && MoveFileTo(beside, to))
         return 1;
     static_cast<void>(DeleteFileAt(beside)); // it may never have come to be
     return 0;
@@ -289,12 +300,17 @@ int64_t ReadFileAt(int handle, int64_t offset, void *buffer, int64_t bytes) {
         return 0;
     if (!slot || offset < 0 || bytes < 0)
         return RefusedRead();
+    ReadLast = handle;
     if (slot->InActions && ThroughOverlay()) {
         OverlayFile *file = RowOf(slot);
         return file && file->Now == Stands::File ? OverlayRead(file, offset, buffer, bytes) : RefusedRead();
     }
     const int64_t arrived = DiskOf(slot) < 0 ? -1 : DiskRead(slot->Disk, offset, buffer, bytes);
     return arrived >= 0 || TellsTrouble(slot->Path) ? arrived : RefusedRead();
+}
+
+const char *FileReadLast() {
+    return Open[ReadLast].Path;
 }
 
 int WriteFileAt(int handle, int64_t offset, const void *buffer, int64_t bytes) {
@@ -389,6 +405,14 @@ int MakeDirectory(const char *path) {
 }
 int RemoveEmptyDirectory(const char *path) {
     return ChangeDirectory(path, Stands::Nothing);
+}
+
+int SyncDirectory(const char *path) {
+    char plain[PathRoom], host[HostPathRoom];
+    if (!TakePath(plain, path))
+        return 0;
+    HostPath(host, plain);
+    return BelongsToActions(plain) || DiskSyncDirectory(host);
 }
 
 int FileThere(const char *path) {

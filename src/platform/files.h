@@ -45,6 +45,8 @@ int ReleaseFile(int handle);
 int FilesOpen();
 // Bytes read from `offset`, fewer only at the end of the file, so 0 for NoFile; -1 on an error and for a bad handle.
 [[nodiscard]] int64_t ReadFileAt(int handle, int64_t offset, void *buffer, int64_t bytes);
+// The plain path of the file that was asked for bytes last, for whoever finds out later that they are no good.
+const char *FileReadLast();
 // 1 when all bytes stand in the file. Writing at the end makes the file grow, behind it leaves zeros between.
 [[nodiscard]] int WriteFileAt(int handle, int64_t offset, const void *buffer, int64_t bytes);
 // Bytes; 0 for NoFile, -1 on an error and for a bad handle.
@@ -56,10 +58,14 @@ int FilesOpen();
 [[nodiscard]] int DeleteFileAt(const char *path);
 // Replaces an existing target.
 [[nodiscard]] int MoveFileTo(const char *from, const char *to);
-// Copies whole; on failure no half target is left.
+// Copies whole; on failure no half target is left. The bytes of a copy to where no action reaches are on the disk for
+// good, its name is after SyncDirectory.
 [[nodiscard]] int CopyFileTo(const char *from, const char *to);
 [[nodiscard]] int MakeDirectory(const char *path);
 [[nodiscard]] int RemoveEmptyDirectory(const char *path);
+// Waits until the names in a directory are on the disk for good. For one that belongs to no action; in the others the
+// action sees to it, and there is nothing to do. 1, or 0 when the machine refuses.
+[[nodiscard]] int SyncDirectory(const char *path);
 // 1, 0, or -1 on an error that is not absence.
 [[nodiscard]] int FileThere(const char *path);
 [[nodiscard]] int DirectoryThere(const char *path);

@@ -66,6 +66,8 @@ void HandleEvent(const Event &event) {
         ShutDown(state.Next == NextStep::LeaveFiltered);
         state.Next = NextStep::Left;
     }
+    if (state.Next != NextStep::Left)
+        static_cast<void>(TellBrokenRecord());
     const bool moves = event.Kind == EventKind::PointerMove || event.Kind == EventKind::Paint;
     if (!moves && state.Next != NextStep::Left)
         SettleHub();

@@ -8,6 +8,7 @@
 #include "drawing/palette.h"
 #include "forms/due_items.h"
 #include "forms/pass_code.h"
+#include "frame/refusal.h"
 #include "frame/changes.h"
 #include "frame/command_bar.h"
 #include "frame/header.h"
@@ -262,7 +263,8 @@ void ShowFirstScreen(int loaded) {
     SetGreys(AccountList);
     PlaceListScrollBar();
     doAccounts(ListWindow, PaintAll);
-    ForceHelp(writable ? Help::TapAnItem : Help::NotWritable);
+    if (!TellBrokenRecord())
+        ForceHelp(writable ? Help::TapAnItem : Help::NotWritable);
 }
 
 void ShowData() {

@@ -32,6 +32,10 @@ enum class AddedLine : int16_t {
     FirstOrder       = 420, // likewise
     PercentOfBars    = 432,
     Filtered         = 462,
+    BrokenInAccount  = 561, // where the record is that can't be read
+    BrokenInNotepad  = 564, // of the lists, in the order of their files; the transactions have none
+    BrokenInAccounts = 565,
+    BrokenInItems    = 566,
 };
 
 // ORDER HELP
@@ -210,6 +214,8 @@ enum class AddedLine : int16_t {
     SET(WrongCode,                    0,       520,         0,         0,         0,         0)  \
     SET(TooManyCodes,                 0,       520,         0,       521,       522,         0)  \
     SET(RecordUndeciphered,           0,       523,       524,         0,         0,         0)  \
+    SET(RecordBroken,                 0,       560, AddedHere,         0,       562,       563)  \
+    SET(RecordBrokenHere,           560, AddedHere,       524,         0,       562,       563)  \
     SET(NoKeyMade,                    0,       527,       524,         0,         0,         0)  \
     SET(Backup,                     175,       176,       177,       178,         0,         0)  \
     SET(Restore,                    179,       180,         0,       184,       185,         0)  \

@@ -1,4 +1,5 @@
 #include "state/messages.h"
+#include "platform/text.h"
 #include "state/state.h"
 #include <cstring>
 #include <iterator>
@@ -41,6 +42,10 @@ void LoadHelp() {
 
 const char16_t *MessageText(int id) {
     return id > 0 && id <= LastMessage ? Slots[id] : u"";
+}
+
+void NameMessage(int id, const char16_t *text) {
+    CopyText(Slots[id], MessageRoom, text);
 }
 
 void ShowHelpMessage(int align, int force, int line1, int line2, int line3, int line4, int line5, int line6) {

@@ -22,6 +22,7 @@ inline constexpr int MostCandidates = 20;   // of the reconcile search: 2^20 sub
 inline constexpr int MostSamples = 100;     // of a plot: more would stand on one pixel of x
 inline constexpr int AxisRoom = 18;
 inline constexpr int32_t NoKey = 2000000;                                // CurrentKey when nothing is enciphered
+inline constexpr int MostBrokenTold = 16, DataNameRoom = 24;             // files with a record that can't be read
 inline constexpr int PassRoom = 32;                                      // units of a pass code, terminator included
 inline constexpr int MostDirectories = 1000, DirectoryNamesRoom = 40000; // of one directory that the browser shows
 
@@ -171,7 +172,10 @@ struct State {
     int32_t MovieSpeed, PercentLink;
     uint32_t ConfSpare;
     uint32_t PasswordOn;
-    int32_t CurrentKey;   // number of a key that the machine keeps, or NoKey: nothing is enciphered
+    int32_t CurrentKey;            // number of a key that the machine keeps, or NoKey: nothing is enciphered
+    char BrokenFile[DataNameRoom]; // the name of the data file whose record could not be deciphered last, "" for none
+    char BrokenTold[MostBrokenTold][DataNameRoom]; // of which the owner has been told in this run
+    int32_t BrokenToldCount;
     uint32_t CipherSuite; // of the data, while PasswordOn is 1
     uint8_t KeySalt[16];
     // Pixel positions of the column dividers; [0] is 0 and the last is 226.

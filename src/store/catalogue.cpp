@@ -101,22 +101,36 @@ int32_t CountRecords(int handle, FileKind kind) {
     return count > INT32_MAX ? INT32_MAX : static_cast<int32_t>(count);
 }
 
-int ReadRecord(int handle, FileKind kind, int32_t position, void *record) {
+int ReadRecord(int handle, FileKind kind, int32_t position, void *record, Broken then) {
     const int size = RecordSize(kind);
     if (ReadFileAt(handle, (position - int64_t{1}) * size, record, size) != size)
         return 0;
-    static_cast<void>(DecipherRecord(kind, record));
+    static_cast<void>(DecipherRecord(kind, record, then));
     return 1;
 }
 
-int32_t ReadRecords(int handle, FileKind kind, int32_t first, int32_t most, void *records) {
+int IsBroken(const void *record) {
+    return state.CurrentKey != NoKey && *static_cast<const uint8_t *>(record) == 0;
+}
+
+int32_t ReadRecords(int handle, FileKind kind, int32_t first, int32_t most, void *records, Broken then) {
     const int size = RecordSize(kind);
     auto *bytes = static_cast<uint8_t *>(records);
     const int64_t arrived = ReadFileAt(handle, (first - int64_t{1}) * size, bytes, int64_t{most} * size);
     const auto read = arrived < 0 ? 0 : static_cast<int32_t>(arrived / size);
     for (int32_t index = 0; index < read; ++index)
-        static_cast<void>(DecipherRecord(kind, bytes + int64_t{index} * size));
+        static_cast<void>(DecipherRecord(kind, bytes + int64_t{index} * size, then));
     return read;
+}
+
+int MayGo(int handle, FileKind kind, int32_t first, int32_t last) {
+    alignas(8) uint8_t record[LargestRecord];
+    const int size = RecordSize(kind);
+    for (; state.CurrentKey != NoKey && first <= last; ++first)
+        if (ReadFileAt(handle, (first - int64_t{1}) * size, record, size) == size &&
+            !DecipherRecord(kind, record))
+            return 0;
+    return 1;
 }
 
 int WriteRecord(int handle, FileKind kind, int32_t position, void *record) {

@@ -2,6 +2,7 @@
 // operations.
 #pragma once
 
+#include "cipher/hooks.h"
 #include "platform/files.h"
 #include "records/place.h"
 #include "records/records.h"
@@ -42,11 +43,18 @@ int32_t CountRecords(int handle, FileKind kind);
 
 // One record at a 1-based position into a buffer of RecordSize(kind), deciphered. 0 on a short read, buffer undefined.
 // A record that can't be deciphered arrives as zeros, here and below (cipher/hooks.h).
-[[nodiscard]] int ReadRecord(int handle, FileKind kind, int32_t position, void *record);
+[[nodiscard]] int ReadRecord(int handle, FileKind kind, int32_t position, void *record, Broken then = Broken::Doubts);
+// 1 for the zeros that a record with a version byte arrives as when it can't be deciphered.
+int IsBroken(const void *record);
 
 // Up to `most` whole records from a 1-based position on by one read, deciphered, into a buffer of that many
 // RecordSize(kind). Returns how many arrived.
-int32_t ReadRecords(int handle, FileKind kind, int32_t first, int32_t most, void *records);
+int32_t ReadRecords(int handle, FileKind kind, int32_t first, int32_t most, void *records,
+                    Broken then = Broken::Doubts);
+
+// 1 when the records between two positions, ends included, can be read: those that are about to be written over or
+// removed. What is broken is never lost without a word, so 0 has refused the action. Without a key nothing is read.
+[[nodiscard]] int MayGo(int handle, FileKind kind, int32_t first, int32_t last);
 
 // One record to a 1-based position, enciphered in place: the buffer is not to be read again. The caller reports.
 [[nodiscard]] int WriteRecord(int handle, FileKind kind, int32_t position, void *record);

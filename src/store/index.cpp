@@ -1,4 +1,5 @@
 #include "store/index.h"
+#include "platform/action.h"
 #include "platform/text.h"
 #include "state/error_log.h"
 #include "state/state.h"
@@ -12,14 +13,18 @@ namespace {
 // The position of the first account that matches, with its row; 0 for none.
 template <typename Matches> int32_t FindRow(In function, ARec *row, Matches matches) {
     int32_t found = 0;
+    bool broken = false;
     ForEachAccount(function, [&](int32_t position, const ARec &account) {
-        if (matches(account)) {
+        broken = broken || IsBroken(&account);
+        if (!IsBroken(&account) && matches(account)) {
             found = position;
             if (row)
                 *row = account;
         }
         return found == 0;
     });
+    if (found == 0 && broken)
+        DoubtAction(); // it may be the one that can't be read
     return found;
 }
 
@@ -54,7 +59,7 @@ int OpenIndex(In function) {
 
 int32_t ReadIndex(int handle, int32_t first, ARec *rows) {
     ARecFile records[IndexBlock];
-    const int32_t read = ReadRecords(handle, FileKind::Accounts, first, IndexBlock, records);
+    const int32_t read = ReadRecords(handle, FileKind::Accounts, first, IndexBlock, records, Broken::Shows);
     for (int32_t index = 0; index < read; ++index) {
         rows[index] = {};
         CopyFields(FieldsOfList(AccountList), &records[index], &rows[index]); // a damaged name ends within its field
@@ -105,6 +110,8 @@ int FindAccount(uint32_t accountID, ARec *row, int32_t *position) {
 void KnowAccounts() {
     state.KnownAccountCount = 0;
     ForEachAccount(In::IDtoRec, [](int32_t position, const ARec &row) {
+        if (IsBroken(&row))
+            DoubtAction(); // whoever asks for that account is told that there is none
         if (row.RowKind != HeadingRow && row.ID != 0)
             state.KnownAccounts[state.KnownAccountCount++] = {row.ID, row.AccType, position};
         return state.KnownAccountCount < MostKnownAccounts;
@@ -163,9 +170,12 @@ void SumHeadings() {
     FixedAmount ARec::*const totals[] = {&ARec::Balance, &ARec::ClearedBalance, &ARec::ArcBalance,
                                          &ARec::ArcClearedBalance};
     ARec sums = {};
+    bool known = true; // what stands between two headings
     ForEachAccount(In::AccountNameToId, [&](int32_t position, ARec &row) {
-        if (position == 1 && row.Version != RecordVersion)
+        if (position == 1 && row.Version != RecordVersion && !IsBroken(&row))
             return false; // the loader is about to refuse this file
+        known = known && !IsBroken(&row);
+        const bool heading = row.RowKind == HeadingRow && !IsBroken(&row), keeps = heading && !known;
         int changed = 0;
         for (const auto total : totals) {
             if (row.RowKind != HeadingRow) {
@@ -176,6 +186,7 @@ void SumHeadings() {
             row.*total = sums.*total;
             sums.*total = 0;
         }
-        return !changed || WriteAccount(position, row, In::AccountNameToId);
+        known = known || heading;
+        return !changed || keeps || WriteAccount(position, row, In::AccountNameToId);
     });
 }

@@ -68,7 +68,8 @@ int ChangeBytes(const Place &place, int32_t position, RecordBuffer record) {
     }
     if (place.List == TransactionList)
         state.ReconcileState = ReconcileStep::Idle;
-    return Done(file, kind, WriteRecord(file, kind, position, record.Bytes), In::ModRecFile);
+    return Done(file, kind, MayGo(file, kind, position, position) && WriteRecord(file, kind, position, record.Bytes),
+                In::ModRecFile);
 }
 
 int RemoveRecords(const Place &place, int32_t first, int32_t last) {
@@ -82,7 +83,7 @@ int RemoveRecords(const Place &place, int32_t first, int32_t last) {
         return 0;
     }
     ForgetFindings(place);
-    const int removed = MoveRun(file, kind, last + 1, count - last, first) &&
+    const int removed = MayGo(file, kind, first, last) && MoveRun(file, kind, last + 1, count - last, first) &&
                         CutFile(file, int64_t{count - (last - first + 1)} * RecordSize(kind));
     return Done(file, kind, removed, In::DeleteRecFile);
 }

@@ -71,7 +71,7 @@ int SaveNote(const char16_t *text) {
         return 0;
     NoteFile whole = {};
     CopyText(whole.Rec.Text, NoteRoom, text);
-    const int written = WriteRecord(file, FileKind::Notepad, 1, &whole);
+    const int written = MayGo(file, FileKind::Notepad, 1, 1) && WriteRecord(file, FileKind::Notepad, 1, &whole);
     if (!written)
         ReportError(In::DiaProcNote, Trouble::NwriteFail);
     CloseFile(file);

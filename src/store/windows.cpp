@@ -1,4 +1,5 @@
 #include "store/windows.h"
+#include "platform/action.h"
 #include "platform/clock.h"
 #include "platform/text.h"
 #include "state/error_log.h"
@@ -43,13 +44,16 @@ int TrimBin(int file, int32_t count) {
 // The first record decides whether the file may be used.
 int AcceptFile(int file, const ListFacts &list) {
     RecordBuffer record;
-    return !ReadRecord(file, list.Kind, 1, record.Bytes) || AcceptVersion(record.Bytes[0], list.Loader);
+    return !ReadRecord(file, list.Kind, 1, record.Bytes, Broken::Shows) || IsBroken(record.Bytes) ||
+           AcceptVersion(record.Bytes[0], list.Loader);
 }
 
 void ReadWindow(int file, const ListFacts &list) {
     alignas(8) uint8_t records[MostRows * sizeof(BinRecFile)]; // the widest kind that a list shows
-    const int32_t read = ReadRecords(file, list.Kind, state.TopPos[list.List], state.RowCount, records);
+    const int32_t read = ReadRecords(file, list.Kind, state.TopPos[list.List], state.RowCount, records, Broken::Shows);
     for (int i = 0; i < read; ++i) {
+        if (IsBroken(records + i * RecordSize(list.Kind)))
+            continue; // its row stays blank
         uint8_t *row = WindowRow(list, i);
         CopyFields(FieldsOfList(list.List), records + i * RecordSize(list.Kind), row);
         if (row[0] != RecordVersion)
@@ -177,10 +181,16 @@ int32_t CatIDToPosition(int64_t catID) {
     }
     int32_t found = -1;
     CatRecFile record;
-    for (int32_t position = 1; found < 0 && ReadRecord(file, FileKind::Categories, position, &record); ++position)
+    bool broken = false;
+    for (int32_t position = 1; found < 0 && ReadRecord(file, FileKind::Categories, position, &record, Broken::Shows);
+         ++position) {
+        broken = broken || IsBroken(&record);
         if (record.Rec.CatID == catID)
             found = position;
+    }
     CloseFile(file);
+    if (found < 0 && broken)
+        DoubtAction(); // it may be the one that can't be read
     return found;
 }
 

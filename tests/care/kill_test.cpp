@@ -1,5 +1,6 @@
 // Killed, refused or full at every write of a change of key, a backup and a restore: nothing is lost.
 #include "care.h"
+#include "host/power.h"
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -73,19 +74,49 @@ protected:
                 TapDigits(code);
     }
     // Starts on the copy and does the deed on a disk that behaves as told. The write-like calls that it made.
-    static int DoOn(const std::string &device, const DiskSwitches &switches) {
+    static int DoOn(const std::string &device, const DiskSwitches &switches, const Ending &ending = {}) {
         const TestRoot again(device);
         if (!StartProgram())
             _exit(1);
         Enter();
         ResetDisk();
         disk.Switches = switches;
+        WatchPower(device, ending);
         GetParam().Do();
-        const int calls = disk.WriteCalls;
+        if (ending.At > 0)
+            EndHere(); // what was told as done
+        const int calls = ending.At < 0 ? PowerCalls() : disk.WriteCalls;
+        WatchPower("", {});
         ResetDisk();
         QuitProgram();
         return calls;
     }
+    // In a process of its own, which ends on the way.
+    void EndOn(const DiskSwitches &switches, const Ending &ending) {
+        Copied();
+        const pid_t child = fork();
+        if (child == 0) {
+            DoOn(copy, switches, ending);
+            _exit(0);
+        }
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        ASSERT_TRUE(WIFEXITED(status));
+        kills += WEXITSTATUS(status) == DiedExitCode;
+        ExpectAllThere();
+    }
+    int kills = 0;
+
+    // A backup that stands, or has to stand, holds what the accounts hold.
+    void ExpectBackup(bool hasTo) const {
+        const std::string backup = copy + "/Card/Zentk_Backup";
+        EXPECT_TRUE(!hasTo || fs::exists(backup));
+        for (const char *file : {"/E1_02A1", "/E1_02A2", "/E1_06BIN"})
+            if (fs::exists(backup)) {
+                EXPECT_EQ(ReadBytes(backup + file), ReadBytes(root.DataFile(file))) << file;
+            }
+    }
+
     // Every entry, template and category stands, and a backup that stood stands or is the new one.
     void ExpectAllThere() const {
         const bool spoiled = GetParam().Prepare == CopyAndSpoil;
@@ -116,26 +147,34 @@ protected:
 } // namespace
 
 TEST_P(Kill, AtAnyWriteTheDataAreWhole) {
-    int kills = 0, total = 0;
     Copied();
-    total = DoOn(copy, {});
+    const int total = DoOn(copy, {});
     // A change of key has as many writes as files and records: every one of the first and last, a sample between.
     for (int n = 1; n <= total; n += n < 6 || n > total - 12 ? 1 : 1 + total / 8) {
         SCOPED_TRACE(testing::Message() << "write " << n << " of " << total);
-        Copied();
-        const pid_t child = fork();
-        if (child == 0) {
-            DiskSwitches switches;
-            switches.DieAt = n;
-            DoOn(copy, switches);
-            _exit(0);
-        }
-        int status = 0;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
-        ASSERT_TRUE(WIFEXITED(status));
-        kills += WEXITSTATUS(status) == DiedExitCode;
-        ExpectAllThere();
+        DiskSwitches switches;
+        switches.DieAt = n;
+        EndOn(switches, {});
     }
+    EXPECT_GE(kills, 3);
+}
+
+TEST_P(Kill, WhateverALossOfPowerTakesTheDataAreWhole) {
+    Copied();
+    const int total = DoOn(copy, {}, {-1});
+    const Ending ways[] = {{0, Tear::Before, Bytes::Go, Names::Go},
+                           {0, Tear::AtPage, Bytes::Go, Names::Stay},
+                           {0, Tear::AtOddByte, Bytes::ByFile, Names::Go}};
+    // Behind the last call, too: what was told as done is done.
+    for (int n = 1; n <= total + 1; n += n > total - 20 ? 1 : 1 + total / 8)
+        for (Ending way : ways) {
+            way.At = n;
+            way.Seed = static_cast<unsigned>(n);
+            SCOPED_TRACE(testing::Message()
+                         << "call " << n << " of " << total << ", way " << static_cast<int>(way.How));
+            EndOn({}, way);
+            ExpectBackup(n > total && GetParam().Do == CopyAway);
+        }
     EXPECT_GE(kills, 3);
 }
 

@@ -184,10 +184,12 @@ int DiskSyncDirectory(const char *path) {
 }
 
 int DiskRename(const char *from, const char *to) {
+    KeepInode(to);
     return MayWrite() && rename(from, to) == 0;
 }
 
 int DiskDelete(const char *path) {
+    KeepInode(path);
     return MayWrite() && unlink(path) == 0;
 }
 
@@ -196,6 +198,7 @@ int DiskMakeDirectory(const char *path) {
 }
 
 int DiskRemoveDirectory(const char *path) {
+    KeepInode(path);
     return MayWrite() && rmdir(path) == 0;
 }
 

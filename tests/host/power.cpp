@@ -1,7 +1,8 @@
 #include "power.h"
 #include "test_host.h"
+#include <fcntl.h>
 #include <filesystem>
-#include <fstream>
+#include <set>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -17,16 +18,41 @@ Ending ending;
 std::string watched;
 int calls;
 std::map<ino_t, Content> durable; // bytes of each file at its last sync
-std::map<std::string, ino_t> durableNames;
+struct Entry {
+    ino_t Inode;
+    bool IsDirectory;
+};
+std::map<ino_t, std::map<std::string, Entry>> durableNames; // of each directory at its last sync
+
+ino_t InodeOf(const std::string &path) {
+    struct stat about;
+    return stat(path.c_str(), &about) == 0 ? about.st_ino : 0;
+}
+
+void TakeNames(const std::string &directory) {
+    auto &names = durableNames[InodeOf(directory)];
+    names.clear();
+    for (const fs::directory_entry &entry : fs::directory_iterator(directory))
+        names[entry.path().filename().string()] = {InodeOf(entry.path().string()), entry.is_directory()};
+}
 
 std::map<std::string, ino_t> NamesNow() {
     std::map<std::string, ino_t> names;
-    for (const fs::directory_entry &entry : fs::recursive_directory_iterator(watched)) {
-        struct stat about;
-        if (entry.is_regular_file() && stat(entry.path().c_str(), &about) == 0)
-            names[entry.path().string()] = about.st_ino;
-    }
+    for (const fs::directory_entry &entry : fs::recursive_directory_iterator(watched))
+        if (entry.is_regular_file())
+            names[entry.path().string()] = InodeOf(entry.path().string());
     return names;
+}
+
+// The files that the names on the disk for good lead to, and the directories.
+void FollowNames(const std::string &path, ino_t inode, std::map<std::string, ino_t> *files,
+                 std::set<fs::path> *places) {
+    places->insert(path);
+    for (const auto &[name, entry] : durableNames[inode])
+        if (entry.IsDirectory)
+            FollowNames(path + "/" + name, entry.Inode, files, places);
+        else
+            (*files)[path + "/" + name] = entry.Inode;
 }
 
 bool Goes(unsigned number) {
@@ -57,9 +83,15 @@ void LosePower() {
     std::map<ino_t, Content> present;
     for (const auto &[path, file] : now)
         present[file] = ReadBytes(path);
+    std::map<std::string, ino_t> names = now;
+    std::set<fs::path> places;
+    if (ending.Renamed == Names::Go) {
+        names.clear();
+        FollowNames(watched, InodeOf(watched), &names, &places);
+    }
     std::map<std::string, Content> left;
     unsigned number = 0;
-    for (const auto &[path, file] : ending.Renamed == Names::Stay ? now : durableNames) {
+    for (const auto &[path, file] : names) {
         ++number;
         const Content &old = durable[file];
         const Content &last = present.count(file) ? present[file] : old;
@@ -71,6 +103,16 @@ void LosePower() {
             fs::remove(path);
     for (const auto &[path, content] : left)
         WriteInPlace(path, content);
+    if (ending.Renamed == Names::Stay)
+        return;
+    std::set<fs::path> extra;
+    for (const fs::directory_entry &entry : fs::recursive_directory_iterator(watched))
+        if (entry.is_directory() && !places.count(entry.path()))
+            extra.insert(entry.path());
+    for (const fs::path &path : extra)
+        fs::remove_all(path);
+    for (const fs::path &path : places)
+        fs::create_directories(path);
 }
 
 } // namespace
@@ -83,9 +125,12 @@ void WatchPower(const std::string &hostDirectory, const Ending &how) {
     durableNames.clear();
     if (watched.empty())
         return;
-    durableNames = NamesNow();
-    for (const auto &[path, file] : durableNames)
+    for (const auto &[path, file] : NamesNow())
         durable[file] = ReadBytes(path);
+    TakeNames(watched);
+    for (const fs::directory_entry &entry : fs::recursive_directory_iterator(watched))
+        if (entry.is_directory())
+            TakeNames(entry.path().string());
 }
 
 int PowerCalls() {
@@ -121,13 +166,13 @@ void NoteSync(int handle) {
 }
 
 void NoteDirectorySync(const char *hostDirectory) {
-    if (watched.empty() || ending.At == 0)
-        return;
-    const fs::path directory = hostDirectory;
-    std::erase_if(durableNames, [&](const auto &name) { return fs::path(name.first).parent_path() == directory; });
-    for (const auto &name : NamesNow())
-        if (fs::path(name.first).parent_path() == directory)
-            durableNames.insert(name);
+    if (!watched.empty() && ending.At != 0 && fs::is_directory(hostDirectory))
+        TakeNames(hostDirectory);
+}
+
+void KeepInode(const char *path) {
+    if (!watched.empty() && ending.At != 0)
+        static_cast<void>(open(path, O_PATH | O_CLOEXEC)); // until the process ends
 }
 
 void RestoreFiles(const std::string &hostDirectory, const std::string &copy) {

@@ -29,6 +29,8 @@ bool EndsHere();
 long long TornAt(long long offset, long long bytes);
 void NoteSync(int handle);
 void NoteDirectorySync(const char *hostDirectory);
+// What loses its name keeps its inode, so that no other file is taken for it.
+void KeepInode(const char *path);
 
 // The directory's files as they were: rewritten in place, so that open handles lead to them.
 void RestoreFiles(const std::string &hostDirectory, const std::string &copy);
