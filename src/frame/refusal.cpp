@@ -14,6 +14,7 @@ namespace {
 struct Shown {
     int32_t CurrentScreen;
     uint32_t AccountID;
+    const struct Form *OpenedForm;
     int32_t TopPos[ScreenCount + 1], SelectedPos[ScreenCount + 1];
 };
 Shown noted;
@@ -61,11 +62,27 @@ void ReloadNoted() {
     state.CurrentScreen = screen;
 }
 
+// On a disk that can't be read now this is done again before the next event.
+void ReadNoted() {
+    ReloadNoted();
+    if (state.FormUnread && state.OpenedForm && ActionRefused() == NotRefused) {
+        state.OpenedForm->Fill(1);
+        DrawDialogDecor(DecorAll);
+    }
+    state.ShownUnread = ActionRefused() != NotRefused;
+    state.FormUnread = state.FormUnread && state.ShownUnread;
+}
+
 } // namespace
 
 void NoteShown() {
+    if (state.ShownUnread) { // what was noted still holds; it is read before anything else is done
+        ReadNoted();
+        return;
+    }
     noted.CurrentScreen = state.CurrentScreen;
     noted.AccountID = state.CurAccount.ID;
+    noted.OpenedForm = state.OpenedForm;
     std::copy(std::begin(state.TopPos), std::end(state.TopPos), noted.TopPos);
     std::copy(std::begin(state.SelectedPos), std::end(state.SelectedPos), noted.SelectedPos);
 }
@@ -87,10 +104,20 @@ void GiveActionUp() {
 void GiveActionUp(Help help) {
     AbortAction();
     BeginAction();
-    ReloadNoted();
+    ReadNoted();
     if (state.ActiveDialog == NoDialog && state.FileAccessReady) {
         SetGreys(state.CurrentScreen);
         RepaintScreen();
     }
     RefuseTick(help);
+}
+
+void GiveEventUp() {
+    if (state.OpenedForm && !noted.OpenedForm)
+        Dialog_End();
+    const int32_t screen = noted.CurrentScreen;
+    if (!state.ShownUnread)
+        state.FormUnread = state.OpenedForm && state.OpenedForm->Fill && screen == state.CurrentScreen &&
+                           state.SelectedPos[screen] != noted.SelectedPos[screen];
+    GiveActionUp();
 }

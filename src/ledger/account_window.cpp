@@ -109,7 +109,8 @@ int LoadRows(const Place &place, int32_t top) {
     TRec marker;
     RowsRead window;
     ReadShown(handle, &window);
-    const int32_t stale = place.Of == View::Live ? StaleDayMarker(window, today, &marker) : 0;
+    // An open form is for a row at a position: rows keep their places as long.
+    const int32_t stale = place.Of == View::Live && !state.OpenedForm ? StaleDayMarker(window, today, &marker) : 0;
     if (stale > 0) {
         CloseFile(handle);
         MoveDayMarker(place, stale, today, &marker);

@@ -1,4 +1,5 @@
 #include "ledger/bin.h"
+#include "ledger/archive.h"
 #include "ledger/balance.h"
 #include "ledger/bin_record.h"
 #include "ledger/markers.h"
@@ -125,9 +126,16 @@ int32_t RestoreRecord(const BinRec &bin, Place *where) {
         *where = bin.WasArchive == 1 && CountOf(archive) > 0 ? archive : LiveRows(bin.OwnerID, Rows::All);
     }
     int32_t position = CountOf(*where) + 1;
+    bool standsForArchive = false;
     if (where->List == TransactionList) {
         TRec row;
         UnpackRow(record, &row);
+        // A second marker would count the archive twice; what the first one stood for comes back as it was.
+        standsForArchive = row.RowKind == ArchiveMarker && CountOf(archive) > 0 && !ArchiveMarked(bin.OwnerID);
+        if (row.RowKind == ArchiveMarker && !standsForArchive) {
+            CallDeletedMarker(&row);
+            record = PackRow(row);
+        }
         position = PositionByDate(*where, row.Date, row.Rank);
     } else if (where->List == RecurringList) {
         DDRec item;
@@ -136,7 +144,9 @@ int32_t RestoreRecord(const BinRec &bin, Place *where) {
     }
     position = AddBytes(*where, position, record);
     if (position > 0 && where->List == TransactionList)
-        CalcTotals(*where);
+        CalcTotals(standsForArchive ? archive : *where);
+    if (position > 0 && where->List == AccountList)
+        CheckT1totals(); // days have passed since it was deleted
     return position;
 }
 
