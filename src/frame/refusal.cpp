@@ -64,6 +64,7 @@ void ReloadNoted() {
 
 // On a disk that can't be read now this is done again before the next event.
 void ReadNoted() {
+    state.ShownUnread = 1;
     ReloadNoted();
     if (state.FormUnread && state.OpenedForm && ActionRefused() == NotRefused) {
         state.OpenedForm->Fill(1);

@@ -109,8 +109,10 @@ int LoadRows(const Place &place, int32_t top) {
     TRec marker;
     RowsRead window;
     ReadShown(handle, &window);
-    // An open form is for a row at a position: rows keep their places as long.
-    const int32_t stale = place.Of == View::Live && !state.OpenedForm ? StaleDayMarker(window, today, &marker) : 0;
+    // Rows keep their places as long as a form is open, which is for one of them, and when they are read anew after a
+    // refusal.
+    const bool mayMove = place.Of == View::Live && !state.OpenedForm && !state.ShownUnread;
+    const int32_t stale = mayMove ? StaleDayMarker(window, today, &marker) : 0;
     if (stale > 0) {
         CloseFile(handle);
         MoveDayMarker(place, stale, today, &marker);
