@@ -51,13 +51,19 @@ protected:
     uint32_t today = FirstDay;
     int made = 0; // names given
     Files files;
-    Books books;
+    Books books, previous;
     std::map<std::string, std::string> whole; // by its line in the bin, the line of what is no transaction
     std::vector<std::string> log;
     bool ill = false; // the disk may fail
 
+    // The trace and what lies in the device's root belong to no action.
+    Files OnDisk() {
+        Files all = Snapshot(root->Path());
+        std::erase_if(all, [](const auto &file) { return file.first.find("E1_Data") == std::string::npos; });
+        return all;
+    }
     void Look() {
-        files = Snapshot(root->Path());
+        files = OnDisk();
         books = BooksOf(files);
     }
     std::string NewName(const char *kind) { return kind + std::to_string(++made); }
@@ -87,6 +93,7 @@ protected:
         if (orElse)
             orElse(other);
         const Books before = books;
+        previous = books;
         const Files bytes = files;
         const int history = HistoryCount(), beeps = machine.Beeps;
         const bool faulty = ill && Once(8);
@@ -108,15 +115,6 @@ protected:
         }
         EXPECT_EQ(Mistake(books, today), "");
         EXPECT_EQ(WrongOnScreen(), "");
-        if (HasFailure() && getenv("DUMP") && *getenv("DUMP"))
-            for (const Books *b : {&before, (const Books *)&books})
-                for (size_t f = 0; f < 2; ++f) {
-                    printf("--- file %zu of %u\n", f, Own());
-                    for (const TRec &r : const_cast<Books *>(b)->Rows[Own()][f])
-                        printf("%d %s %u units %d value %ld cleared %u/%ld cash %u %ld cat %d run %ld %ld\n", r.RowKind,
-                               Utf8(r.Name).c_str(), r.Date.DayNumber, r.Units, r.Value, r.Cleared, r.ClearedValue,
-                               r.Cash, r.CashAmount, r.CatSlot, r.RunTotal, r.RunCleared);
-                }
         EXPECT_EQ(disk.OpenHandles, 0);
         if (state.ShownUnread && form.Resource == 0) {
             SendEvent({.Kind = EventKind::Paint}); // anything reads anew what could not be read
@@ -130,9 +128,9 @@ protected:
     void TakeBack(const Files &before) {
         log.back() += ", taken back and done again";
         EXPECT_EQ(UndoAction() && SyncFiles(), 1);
-        EXPECT_TRUE(Snapshot(root->Path()) == before) << "not what was before";
+        EXPECT_TRUE(OnDisk() == before) << "not what was before";
         EXPECT_EQ(RedoAction() && SyncFiles(), 1);
-        EXPECT_TRUE(Snapshot(root->Path()) == files) << "not what was done";
+        EXPECT_TRUE(OnDisk() == files) << "not what was done";
     }
     bool SameBooks(const Books &other) const {
         const auto money = [](const Books &all) {
@@ -283,7 +281,7 @@ protected:
         if (position < state.TopPos[screen] || position >= state.TopPos[screen] + state.RowCount)
             Scroll(ScrollCode::ThumbTrack, position);
         TapRow(position - state.TopPos[screen] + 1);
-        EXPECT_EQ(Selected(), position);
+        EXPECT_EQ(Selected(), position) << "screen " << screen << " now " << state.CurrentScreen << " top " << state.TopPos[screen] << " rows " << state.RowCount << " count " << state.EntryCount[screen] << " bar " << machine.Scroll.Shown << machine.Scroll.High << Lines() << state.MessageWindowOn;
         Look();
     }
     // The rows of an account, by its row on the first screen.
@@ -579,17 +577,32 @@ protected:
                     Erase(all, row);
             });
     }
+    // An owner may date an archived row after live ones, even after today: the Archive marker brings it to account early,
+    // and shares are worth the price seen last.
+    bool OutOfTurn(uint32_t id) {
+        uint32_t earliest = today;
+        for (const TRec &row : books.Rows[id][LiveFile])
+            if (row.RowKind != ArchiveMarker && books.Share[id])
+                earliest = std::min(earliest, row.Date.DayNumber);
+        return std::any_of(books.Rows[id][ArchiveFile].begin(), books.Rows[id][ArchiveFile].end(),
+                           [=](const TRec &row) { return row.Date.DayNumber > earliest; });
+    }
     // Nothing that only rearranges changes a balance.
     void Rearrange(const std::string &what, const std::function<void()> &act) {
         const std::vector<ARec> before = books.Accounts;
+        std::map<uint32_t, bool> exempt;
+        for (const ARec &account : before)
+            exempt[account.ID] = account.AccType == ListAccount || OutOfTurn(account.ID);
         Event(what, act);
         if (books.Accounts.size() != before.size())
             return;
         for (const ARec &was : before) {
             const ARec *now = books.Account(was.ID);
-            if (now && was.AccType != ListAccount) {
+            if (now && !exempt[was.ID]) {
 
-                EXPECT_TRUE(now->Balance == was.Balance && now->ClearedBalance == was.ClearedBalance) << was.ID;
+                EXPECT_TRUE(now->Balance == was.Balance && now->ClearedBalance == was.ClearedBalance)
+                    << was.ID << ": " << now->Balance << " (" << now->ClearedBalance << ") instead of " << was.Balance
+                    << " (" << was.ClearedBalance << ")";
             }
         }
     }
@@ -1050,6 +1063,15 @@ protected:
                     break;
                 }
         }
+        if (HasFailure() && getenv("DUMP") && *getenv("DUMP"))
+            for (Books *b : {&previous, &books})
+                for (size_t f = 0; f < 4; ++f) {
+                    printf("--- file %zu of %u\n", f, Own());
+                    for (const TRec &r : b->Rows[Own()][f])
+                        printf("%d %s %u units %d value %ld cleared %u/%ld cash %u %ld/%ld cat %d run %ld %ld sh %d %d\n", r.RowKind,
+                               Utf8(r.Name).c_str(), r.Date.DayNumber, r.Units, r.Value, r.Cleared, r.ClearedValue,
+                               r.Cash, r.CashAmount, r.ClearedCashAmount, r.CatSlot, r.RunTotal, r.RunCleared, r.RunUnits, r.RunClearedUnits);
+                }
         if (HasFailure()) {
             std::string last = "life " + std::to_string(seed) + ", event " + std::to_string(log.size());
             for (size_t n = log.size() > 14 ? log.size() - 14 : 0; n < log.size(); ++n)
