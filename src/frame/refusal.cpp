@@ -8,6 +8,7 @@
 #include "store/index.h"
 #include "store/windows.h"
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -106,11 +107,13 @@ void GiveActionUp(Help help) {
     AbortAction();
     BeginAction();
     ReadNoted();
+    const uint32_t unread = std::exchange(state.ShownUnread, 1U); // no row moves until the owner has been told
     if (state.ActiveDialog == NoDialog && state.FileAccessReady) {
         SetGreys(state.CurrentScreen);
         RepaintScreen();
     }
     RefuseTick(help);
+    state.ShownUnread = unread;
 }
 
 void GiveEventUp() {

@@ -129,6 +129,11 @@ protected:
         log.back() += ", taken back and done again";
         EXPECT_EQ(UndoAction() && SyncFiles(), 1);
         EXPECT_TRUE(OnDisk() == before) << "not what was before";
+        if (RedoCount() == 0) { // it had no room
+            EXPECT_TRUE(StartProgram());
+            Look();
+            return;
+        }
         EXPECT_EQ(RedoAction() && SyncFiles(), 1);
         EXPECT_TRUE(OnDisk() == files) << "not what was done";
     }
@@ -161,8 +166,8 @@ protected:
     // The balances that stand in the rows of the screen.
     std::string WrongOnScreen() {
         const int screen = state.CurrentScreen;
-        if (state.ActiveDialog != NoDialog || state.HubState || state.ShownUnread || !ProgramRuns() || !state.DataUsable ||
-            (screen != AccountList && screen != TransactionList))
+        if (state.ActiveDialog != NoDialog || state.HubState || state.ShownUnread || !ProgramRuns() ||
+            !state.DataUsable || (screen != AccountList && screen != TransactionList))
             return "";
         const int count = static_cast<int>(screen == AccountList ? books.Accounts.size() : Shown().size());
         std::array<int64_t, 4> above{};
@@ -281,7 +286,10 @@ protected:
         if (position < state.TopPos[screen] || position >= state.TopPos[screen] + state.RowCount)
             Scroll(ScrollCode::ThumbTrack, position);
         TapRow(position - state.TopPos[screen] + 1);
-        EXPECT_EQ(Selected(), position) << "screen " << screen << " now " << state.CurrentScreen << " top " << state.TopPos[screen] << " rows " << state.RowCount << " count " << state.EntryCount[screen] << " bar " << machine.Scroll.Shown << machine.Scroll.High << Lines() << state.MessageWindowOn;
+        EXPECT_EQ(Selected(), position) << "screen " << screen << " now " << state.CurrentScreen << " top "
+                                        << state.TopPos[screen] << " rows " << state.RowCount << " count "
+                                        << state.EntryCount[screen] << " bar " << machine.Scroll.Shown
+                                        << machine.Scroll.High << Lines() << state.MessageWindowOn;
         Look();
     }
     // The rows of an account, by its row on the first screen.
@@ -577,13 +585,15 @@ protected:
                     Erase(all, row);
             });
     }
-    // An owner may date an archived row after live ones, even after today: the Archive marker brings it to account early,
-    // and shares are worth the price seen last.
+    // An owner may date an archived row after live ones, even after today, and a live one before the Archive marker:
+    // the marker brings it to account in its own turn, and shares are worth the price seen last.
     bool OutOfTurn(uint32_t id) {
         uint32_t earliest = today;
-        for (const TRec &row : books.Rows[id][LiveFile])
-            if (row.RowKind != ArchiveMarker && books.Share[id])
-                earliest = std::min(earliest, row.Date.DayNumber);
+        const std::vector<TRec> &live = books.Rows[id][LiveFile];
+        for (const TRec &row : live)
+            if (books.Share[id])
+                earliest =
+                    std::min(earliest, row.RowKind == ArchiveMarker && &row != live.data() ? 0 : row.Date.DayNumber);
         return std::any_of(books.Rows[id][ArchiveFile].begin(), books.Rows[id][ArchiveFile].end(),
                            [=](const TRec &row) { return row.Date.DayNumber > earliest; });
     }
@@ -939,10 +949,14 @@ protected:
             return;
         }
         SendKey(Key::FlagPart); // all of it
-        TickForm("imported", [&](Books &all) {
-            for (const TRec &row : rows)
-                all.Put(own, row);
-        });
+        Event(
+            "imported", [] { Tick(); },
+            [&](Books &all) {
+                for (const TRec &row : rows)
+                    all.Put(own, row);
+            });
+        if (form.Resource) // a refusal lists the files anew, as far as they can be read
+            Cross();
     }
     void FromHub() {
         const int position = InAccount() && !OwnShare() ? Choose(Shown(), IsEntry) : 0;
@@ -1068,9 +1082,11 @@ protected:
                 for (size_t f = 0; f < 4; ++f) {
                     printf("--- file %zu of %u\n", f, Own());
                     for (const TRec &r : b->Rows[Own()][f])
-                        printf("%d %s %u units %d value %ld cleared %u/%ld cash %u %ld/%ld cat %d run %ld %ld sh %d %d\n", r.RowKind,
-                               Utf8(r.Name).c_str(), r.Date.DayNumber, r.Units, r.Value, r.Cleared, r.ClearedValue,
-                               r.Cash, r.CashAmount, r.ClearedCashAmount, r.CatSlot, r.RunTotal, r.RunCleared, r.RunUnits, r.RunClearedUnits);
+                        printf(
+                            "%d %s %u units %d value %ld cleared %u/%ld cash %u %ld/%ld cat %d run %ld %ld sh %d %d\n",
+                            r.RowKind, Utf8(r.Name).c_str(), r.Date.DayNumber, r.Units, r.Value, r.Cleared,
+                            r.ClearedValue, r.Cash, r.CashAmount, r.ClearedCashAmount, r.CatSlot, r.RunTotal,
+                            r.RunCleared, r.RunUnits, r.RunClearedUnits);
                 }
         if (HasFailure()) {
             std::string last = "life " + std::to_string(seed) + ", event " + std::to_string(log.size());
