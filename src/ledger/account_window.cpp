@@ -65,30 +65,14 @@ void ShowRows(const RowsRead &window) {
     }
 }
 
-// The selection stays on its row while another one moves.
-void KeepSelection(int32_t from, int32_t landing) {
-    int32_t *selected = &state.SelectedPos[TransactionList];
-    if (*selected == from)
-        *selected = landing;
-    else if (*selected > from && *selected <= landing)
-        --*selected;
-    else if (*selected < from && *selected >= landing)
-        ++*selected;
-}
-
 // The marker follows the calendar: it moves to where today's belongs.
 void MoveDayMarker(const Place &place, int32_t position, const RecDate &today, TRec *marker) {
     SetMarkerDay(marker, today);
     marker->Rank = DayRank;
     marker->Cleared = 0;
     const int32_t to = PositionByDate(place, today, DayRank);
-    if (!ChangeRecord(place, position, *marker))
-        return;
-    const int32_t landing = MoveRecord(place, position, to);
-    if (landing == 0)
-        return;
-    KeepSelection(position, landing);
-    CalcTotals(place);
+    if (ChangeRecord(place, position, *marker) && MoveRecord(place, position, to))
+        CalcTotals(place);
 }
 
 int OpenRows(const Place &place) {

@@ -3,7 +3,7 @@
 // event each record stands where it belongs with all that was written into it, every total is the plain sum of the
 // rows, and an event that was refused has changed no byte.
 //
-//     ZENTRIK_LIVES=200       that many lives instead of a few
+//     ZENTRIK_LIVES=200       that many years instead of a part of one
 //     ZENTRIK_LIVES=37-37     the 37th alone
 #include "books.h"
 #include "day.h"
@@ -22,7 +22,6 @@ namespace {
 using Change = std::function<void(Books &)>; // what an event is to do to the books
 void Nothing(Books &) {}
 
-constexpr int Days = 365;
 constexpr uint32_t FirstDay = 155289; // 2 March 2026
 
 std::chrono::year_month_day CalendarDay(uint32_t day) {
@@ -51,7 +50,7 @@ protected:
     uint32_t today = FirstDay;
     int made = 0; // names given
     Files files;
-    Books books, previous;
+    Books books;
     std::map<std::string, std::string> whole; // by its line in the bin, the line of what is no transaction
     std::vector<std::string> log;
     bool ill = false; // the disk may fail
@@ -93,7 +92,6 @@ protected:
         if (orElse)
             orElse(other);
         const Books before = books;
-        previous = books;
         const Files bytes = files;
         const int history = HistoryCount(), beeps = machine.Beeps;
         const bool faulty = ill && Once(8);
@@ -286,10 +284,7 @@ protected:
         if (position < state.TopPos[screen] || position >= state.TopPos[screen] + state.RowCount)
             Scroll(ScrollCode::ThumbTrack, position);
         TapRow(position - state.TopPos[screen] + 1);
-        EXPECT_EQ(Selected(), position) << "screen " << screen << " now " << state.CurrentScreen << " top "
-                                        << state.TopPos[screen] << " rows " << state.RowCount << " count "
-                                        << state.EntryCount[screen] << " bar " << machine.Scroll.Shown
-                                        << machine.Scroll.High << Lines() << state.MessageWindowOn;
+        EXPECT_EQ(Selected(), position);
         Look();
     }
     // The rows of an account, by its row on the first screen.
@@ -964,17 +959,18 @@ protected:
             return;
         const uint32_t own = Own();
         Select(position);
-        const TRec was = Shown()[size_t(position) - 1];
+        Event("the hub", [] { SendCommand(CommandHub); });
+        if (Selected() > int(Shown().size())) // a Day marker has moved meanwhile
+            return;
+        const TRec was = Shown()[size_t(Selected()) - 1];
         TRec now = was;
         now.Units = 1;
-        now.Cash = 0;
-        const bool works = !state.FilterShown && !was.Cash;
-        Event("the hub", [] { SendCommand(CommandHub); });
+        const bool works = !state.FilterShown && IsEntry(was);
         const int digits = 1 + Any(5);
         for (int n = 0; n < digits; ++n)
             SendKey(static_cast<Key>(int(Key::Digit1) + Any(9)));
         now.Value = state.CalcX;
-        if (state.HubState == SmallHub && !was.Cash)
+        if (state.HubState == SmallHub && IsEntry(was))
             Event(
                 "the hub's number into " + Utf8(was.Name),
                 [] { SendKey(static_cast<Key>(int(Key::HubKeys) + WriteKey)); },
@@ -1037,7 +1033,7 @@ protected:
         ill = failing;
     }
 
-    void Live(uint64_t seed) {
+    void Live(uint64_t seed, int days) {
         dice = Dice(seed * 7919);
         root = nullptr;
         root = std::make_unique<TestRoot>();
@@ -1065,7 +1061,7 @@ protected:
         int often = 0;
         for (const auto &act : acts)
             often += act.Often;
-        while (today < FirstDay + Days && !HasFailure()) {
+        while (today < FirstDay + uint32_t(days) && !HasFailure()) {
             if (Once(4)) {
                 NextDay();
                 continue;
@@ -1077,17 +1073,6 @@ protected:
                     break;
                 }
         }
-        if (HasFailure() && getenv("DUMP") && *getenv("DUMP"))
-            for (Books *b : {&previous, &books})
-                for (size_t f = 0; f < 4; ++f) {
-                    printf("--- file %zu of %u\n", f, Own());
-                    for (const TRec &r : b->Rows[Own()][f])
-                        printf(
-                            "%d %s %u units %d value %ld cleared %u/%ld cash %u %ld/%ld cat %d run %ld %ld sh %d %d\n",
-                            r.RowKind, Utf8(r.Name).c_str(), r.Date.DayNumber, r.Units, r.Value, r.Cleared,
-                            r.ClearedValue, r.Cash, r.CashAmount, r.ClearedCashAmount, r.CatSlot, r.RunTotal,
-                            r.RunCleared, r.RunUnits, r.RunClearedUnits);
-                }
         if (HasFailure()) {
             std::string last = "life " + std::to_string(seed) + ", event " + std::to_string(log.size());
             for (size_t n = log.size() > 14 ? log.size() - 14 : 0; n < log.size(); ++n)
@@ -1101,10 +1086,12 @@ protected:
 } // namespace
 
 TEST_F(Life, NothingIsLostDoubledOrMiscounted) {
-    int first = 1, last = 1;
-    if (const char *lives = getenv("ZENTRIK_LIVES"))
+    int first = 1, last = 1, days = 100;
+    if (const char *lives = getenv("ZENTRIK_LIVES")) {
+        days = 365;
         if (sscanf(lives, "%d-%d", &first, &last) == 1)
             last = std::exchange(first, 1);
+    }
     for (int seed = first; seed <= last && !HasFailure(); ++seed)
-        Live(static_cast<uint64_t>(seed));
+        Live(static_cast<uint64_t>(seed), days);
 }
