@@ -169,8 +169,12 @@ int AddAccount(ARec *row) {
 int ChangeAccount(const ARec &row) {
     if (!ModRecFile(0, state.SelectedPos[AccountList], &row))
         return 0;
-    if (row.RowKind != HeadingRow)
+    if (row.RowKind != HeadingRow) {
+        // By its kind every row is counted anew, and the live ones watched, whatever is shown.
+        CalcTotals(RowsOf(row.ID, View::Archive, Rows::All));
+        CalcOneView(LiveRows(row.ID, Rows::All));
         CalcBalance(row.ID);
+    }
     CheckT1totals();
     return 1;
 }

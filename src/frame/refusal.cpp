@@ -13,12 +13,14 @@
 #include "store/windows.h"
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace {
 
 struct Shown {
     int32_t CurrentScreen;
     uint32_t AccountID;
+    const struct Form *OpenedForm;
     int32_t TopPos[ScreenCount + 1], SelectedPos[ScreenCount + 1];
 };
 Shown noted;
@@ -43,13 +45,6 @@ void HoldInside(int list) {
 
 void NameDeed(Deed deed) {
     NameAction(static_cast<int>(deed));
-}
-
-void NoteShown() {
-    noted.CurrentScreen = state.CurrentScreen;
-    noted.AccountID = state.CurAccount.ID;
-    std::copy(std::begin(state.TopPos), std::end(state.TopPos), noted.TopPos);
-    std::copy(std::begin(state.SelectedPos), std::end(state.SelectedPos), noted.SelectedPos);
 }
 
 void ReloadShown() {
@@ -84,15 +79,30 @@ void ReloadShown() {
 
 namespace {
 
-// The action that was refused leaves nothing.
-void ReadAnew() {
+// On a disk that can't be read now this is done again before the next event.
+void ReadNoted() {
+    state.ShownUnread = 1;
+    ReloadShown();
+    if (state.FormUnread && state.OpenedForm && ActionRefused() == NotRefused) {
+        state.OpenedForm->Fill(1);
+        DrawDialogDecor(DecorAll);
+    }
+    state.ShownUnread = ActionRefused() != NotRefused;
+    state.FormUnread = state.FormUnread && state.ShownUnread;
+}
+
+// Nothing of the action stays; no row moves until the owner has been told.
+template <typename Words> void GiveUp(const Words &tell) {
     AbortAction();
     BeginAction();
-    ReloadShown();
+    ReadNoted();
+    const uint32_t unread = std::exchange(state.ShownUnread, 1U);
     if (state.ActiveDialog == NoDialog && state.FileAccessReady) {
         SetGreys(state.CurrentScreen);
         RepaintScreen();
     }
+    tell();
+    state.ShownUnread = unread;
 }
 
 // The list or the account that a data file belongs to, as a line of its own.
@@ -123,6 +133,18 @@ void SayBroken(Help help, const char *broken) {
 
 } // namespace
 
+void NoteShown() {
+    if (state.ShownUnread) { // what was noted still holds; it is read before anything else is done
+        ReadNoted();
+        return;
+    }
+    noted.CurrentScreen = state.CurrentScreen;
+    noted.AccountID = state.CurAccount.ID;
+    noted.OpenedForm = state.OpenedForm;
+    std::copy(std::begin(state.TopPos), std::end(state.TopPos), noted.TopPos);
+    std::copy(std::begin(state.SelectedPos), std::end(state.SelectedPos), noted.SelectedPos);
+}
+
 int TellBrokenRecord() {
     for (int32_t told = 0; told < state.BrokenToldCount; ++told)
         if (std::strcmp(state.BrokenTold[told], state.BrokenFile) == 0)
@@ -147,14 +169,22 @@ void GiveActionUp() {
     if (ActionRefused() == DoubtRefused) {
         char name[DataNameRoom]; // before what is shown is read anew
         std::memcpy(name, state.BrokenFile, sizeof name);
-        ReadAnew();
-        SayBroken(Help::RecordBrokenHere, name);
+        GiveUp([&name] { SayBroken(Help::RecordBrokenHere, name); });
         return;
     }
     GiveActionUp(ActionRefused() == ReadRefused ? Help::NotRead : Help::NotWritten);
 }
 
 void GiveActionUp(Help help) {
-    ReadAnew();
-    RefuseTick(help);
+    GiveUp([help] { RefuseTick(help); });
+}
+
+void GiveEventUp() {
+    if (state.OpenedForm && !noted.OpenedForm)
+        Dialog_End();
+    const int32_t screen = noted.CurrentScreen;
+    if (!state.ShownUnread)
+        state.FormUnread = state.OpenedForm && state.OpenedForm->Fill && screen == state.CurrentScreen &&
+                           state.SelectedPos[screen] != noted.SelectedPos[screen];
+    GiveActionUp();
 }

@@ -126,7 +126,10 @@ int LoadRows(const Place &place, int32_t top) {
     TRec marker;
     RowsRead window;
     ReadShown(handle, &window);
-    const int32_t stale = place.Of == View::Live ? StaleDayMarker(window, today, &marker) : 0;
+    // Rows keep their places as long as a form is open, which is for one of them, and when they are read anew after a
+    // refusal.
+    const bool mayMove = place.Of == View::Live && !state.OpenedForm && !state.ShownUnread;
+    const int32_t stale = mayMove ? StaleDayMarker(window, today, &marker) : 0;
     if (stale > 0 && AllRead(handle)) { // the move goes through the totals, which a row that can't be read stops
         CloseFile(handle);
         MoveDayMarker(place, stale, today, &marker);

@@ -135,6 +135,27 @@ int OpenAccount(uint32_t accountID, In function, Account *account) {
     return 0;
 }
 
+bool HasMarker(int handle, int32_t rows) {
+    for (int32_t first = 1, read; first <= rows && (read = ReadRows(handle, first, rows)) > 0; first += read)
+        for (int32_t index = 0; index < read; ++index)
+            if (const TRec *row = RowInRun(index); row && row->RowKind == ArchiveMarker)
+                return true;
+    return false;
+}
+
+// An archive whose marker its owner has deleted counts for nothing any more. Before rows come into it or leave it a
+// Deleted marker at its end takes away what they come to, so that no balance moves.
+int WriteOff(Account *account) {
+    TRecFile last;
+    if (account->ArchiveRows < 1 || HasMarker(account->Live, account->LiveRows))
+        return 1;
+    if (!ReadRecord(account->Archive, Kind, account->ArchiveRows, &last))
+        return 0;
+    MakeDeletedMarker(&last.Rec, account->Rec.AccType);
+    NegateDeletedMarker(&last.Rec, account->Rec.AccType);
+    return WriteRecord(account->Archive, Kind, ++account->ArchiveRows, &last);
+}
+
 // Merges a file's two parts into a work file that then takes the place of another.
 int MergeAs(TransactionFile work, TransactionFile real, uint32_t accountID, int source, int32_t first, int32_t split) {
     state.Restructuring = 1;
@@ -167,12 +188,12 @@ ArchiveResult Archive(uint32_t accountID, int32_t position, ProgressTeller tell)
         return ArchiveResult::Refused;
     position = LastDue(account.Live, std::min(position, account.LiveRows));
     TRecFile boundary;
-    const int32_t before = account.ArchiveRows;
     Copying copying = {IntoArchive, position, tell};
-    if (position < 1 || !ReadRecord(account.Live, Kind, position, &boundary)) {
+    if (position < 1 || !ReadRecord(account.Live, Kind, position, &boundary) || !WriteOff(&account)) {
         CloseAccount(account);
         return position < 1 ? ArchiveResult::NotYet : ArchiveResult::Refused;
     }
+    const int32_t before = account.ArchiveRows;
     const int32_t copied =
         CopyRows<Copying>(account.Live, 1, position, account.Archive, before + 1, ChooseRow, &copying);
     if (copied == 0 && before == 0) { // markers alone are nothing to archive
@@ -206,16 +227,29 @@ ArchiveResult Archive(uint32_t accountID, int32_t position, ProgressTeller tell)
     return ArchiveResult::Done;
 }
 
+int ArchiveMarked(uint32_t accountID) {
+    const int handle = OpenTransactions(TransactionFile::Live, accountID, OpenExisting);
+    const bool marked = HasMarker(handle, CountRecords(handle, Kind));
+    CloseFile(handle);
+    return marked;
+}
+
+int MarkArchive(uint32_t accountID, const TRec &row) {
+    TRec marker;
+    FillArchiveMarker(&marker, row, BankAccount, u"Auto created"); // its totals come with the archive's
+    return AddRecord(LiveRows(accountID, Rows::All), 1, marker) > 0;
+}
+
 ArchiveResult Unarchive(uint32_t accountID, int32_t position, ProgressTeller tell) {
     Account account;
     if (!OpenAccount(accountID, In::Unarchive, &account))
         return ArchiveResult::Refused;
-    const int32_t returning = account.ArchiveRows - position + 1;
     const int32_t head = position > 1 ? 1 : 0; // rows before those that return: the marker
-    if (position < 1 || returning < 1) {
+    if (position < 1 || position > account.ArchiveRows || !WriteOff(&account)) {
         CloseAccount(account);
         return ArchiveResult::Refused;
     }
+    const int32_t returning = account.ArchiveRows - position + 1;
     // The returning rows, then the live ones; in one file, which takes the live file's place.
     const int work = OpenWorkFile(TransactionFile::LiveFilterWork, accountID);
     int done = work >= 0;

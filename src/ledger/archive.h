@@ -14,5 +14,10 @@ enum class ArchiveResult : uint8_t { Refused, NotYet, Done };
 // the balances as of today stay. state.Restructuring says when a merge moves rows.
 ArchiveResult Archive(uint32_t accountID, int32_t position, ProgressTeller tell);
 
+// 1 when the account's live rows have an Archive marker, wherever it stands; 0 without one, or when refused.
+int ArchiveMarked(uint32_t accountID);
+// The marker of an archive whose first row this is, at the head of the live rows. 0 when refused.
+[[nodiscard]] int MarkArchive(uint32_t accountID, const TRec &row);
+
 // Returns rows `position` to the end of the archive to the live file.
 ArchiveResult Unarchive(uint32_t accountID, int32_t position, ProgressTeller tell);

@@ -1,5 +1,6 @@
 #include "ledger/bin.h"
 #include "cipher/hooks.h"
+#include "ledger/archive.h"
 #include "ledger/balance.h"
 #include "ledger/bin_record.h"
 #include "ledger/markers.h"
@@ -137,9 +138,16 @@ int32_t RestoreRecord(const BinRec &bin, Place *where) {
         *where = bin.WasArchive == 1 && CountOf(archive) > 0 ? archive : LiveRows(bin.OwnerID, Rows::All);
     }
     int32_t position = CountOf(*where) + 1;
+    bool standsForArchive = false;
     if (where->List == TransactionList) {
         TRec row;
         UnpackRow(record, &row);
+        // A second marker would count the archive twice; what the first one stood for comes back as it was.
+        standsForArchive = row.RowKind == ArchiveMarker && CountOf(archive) > 0 && !ArchiveMarked(bin.OwnerID);
+        if (row.RowKind == ArchiveMarker && !standsForArchive) {
+            CallDeletedMarker(&row);
+            record = PackRow(row);
+        }
         position = PositionByDate(*where, row.Date, row.Rank);
     } else if (where->List == RecurringList) {
         DDRec item;
@@ -148,7 +156,9 @@ int32_t RestoreRecord(const BinRec &bin, Place *where) {
     }
     position = AddBytes(*where, position, record);
     if (position > 0 && where->List == TransactionList)
-        CalcTotals(*where);
+        CalcTotals(standsForArchive ? archive : *where);
+    if (position > 0 && where->List == AccountList)
+        CheckT1totals(); // days have passed since it was deleted
     return position;
 }
 

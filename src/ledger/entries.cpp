@@ -1,5 +1,6 @@
 #include "ledger/entries.h"
 #include "cipher/hooks.h"
+#include "ledger/archive.h"
 #include "ledger/balance.h"
 #include "ledger/markers.h"
 #include "ledger/order.h"
@@ -109,8 +110,13 @@ int32_t EnterEntry(const Place &place, int32_t position, TRec *row) {
     const bool transfer = row->TransferID != 0 && FindAccount(row->TransferID, &partner, nullptr);
     if (!transfer)
         row->TransferID = 0;
+    const bool opensArchive =
+        place.Of == View::Archive && CountOf(RowsOf(place.Account, View::Archive, Rows::All)) == 0;
     position = AddRecord(place, position > 0 ? position : PositionByDate(place, row->Date, row->Rank), *row);
     if (position == 0)
+        return 0;
+    // What stands in an archive counts through the marker.
+    if (opensArchive && !ArchiveMarked(place.Account) && !MarkArchive(place.Account, *row))
         return 0;
     if (transfer) {
         TRec counter = *row;

@@ -52,7 +52,7 @@ void FillTotalMarker(ARec *row) {
     row->MaxLimit = 50000;
 }
 
-void MakeDeletedMarker(TRec *row, int64_t accountType) {
+void CallDeletedMarker(TRec *row) {
     row->RowKind = DeletedMarker;
     row->Rank = DeletedRank;
     row->CatSlot = 1; // KeepsCleared
@@ -64,6 +64,10 @@ void MakeDeletedMarker(TRec *row, int64_t accountType) {
     row->Flag = 0;
     row->TransferID = 0;
     row->CatID = 0;
+}
+
+void MakeDeletedMarker(TRec *row, int64_t accountType) {
+    CallDeletedMarker(row);
     if (IsShare(accountType)) { // the prices are those of the row
         row->Units = row->RunUnits;
         row->ClearedUnits = row->RunClearedUnits;
@@ -73,6 +77,18 @@ void MakeDeletedMarker(TRec *row, int64_t accountType) {
         row->Units = row->ClearedUnits = 1;
         row->Value = row->RunTotal;
         row->ClearedValue = row->RunCleared;
+    }
+}
+
+void NegateDeletedMarker(TRec *row, int64_t accountType) {
+    if (IsShare(accountType)) {
+        row->Units = -row->Units;
+        row->ClearedUnits = -row->ClearedUnits;
+        row->CashAmount = NegateAmount(row->CashAmount);
+        row->ClearedCashAmount = NegateAmount(row->ClearedCashAmount);
+    } else {
+        row->Value = NegateAmount(row->Value);
+        row->ClearedValue = NegateAmount(row->ClearedValue);
     }
 }
 

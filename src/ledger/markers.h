@@ -29,5 +29,10 @@ constexpr bool KeepsCleared(const TRec &row) {
     return row.RowKind == DeletedMarker && row.CatSlot == 1;
 }
 
+// The same of a row that carries such totals already.
+void CallDeletedMarker(TRec *row);
+// What a Deleted marker stands for, taken away instead.
+void NegateDeletedMarker(TRec *row, int64_t accountType);
+
 // A Day marker's date and name alone.
 void SetMarkerDay(TRec *row, const RecDate &date);

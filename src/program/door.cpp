@@ -53,7 +53,7 @@ void HandleEvent(const Event &event) {
     else
         WndProc(event);
     if (!CommitAction()) {
-        GiveActionUp();
+        GiveEventUp();
         AbortAction(); // what the reading anew would set right waits for a machine that takes it
     }
     if (state.Next == NextStep::LeaveFrontPage)

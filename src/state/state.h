@@ -207,6 +207,8 @@ struct State {
     uint32_t ArchiveView; // 1: kind 2 means the archive files
     uint32_t FilterView;  // 1 while a filter file is shown
     uint32_t FilterShown; // last result of LoadTranFile
+    uint32_t FormUnread;  // 1: likewise the row that the open form is for
+    uint32_t ShownUnread; // 1: after a refusal what is shown could not be read anew
     alignas(8) uint8_t RunBuffer[RunBytes];
 
     KnownAccount KnownAccounts[MostKnownAccounts]; // of one pass over many entries, by ID; see store/index.h
