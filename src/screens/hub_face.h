@@ -2,7 +2,10 @@
 // that state.HubState shows.
 #pragma once
 
+#include "drawing/spots.h"
 #include "resources/hub_keys.h"
+
+inline constexpr Rect PanelDisplay = {18, 42, 111, 76}, CalculatorDisplay = {40, 5, 234, 97};
 
 // The key under a point of the panel, or of the calculator. NoHubKey between the keys, AboveHub over the panel.
 int HubHit(int x, int y);
@@ -15,3 +18,6 @@ void DrawHubDisplay();
 void DrawHubArrows();
 // A key as it is, or pressed. A key that is not there draws nothing.
 void DrawHubKey(int key, bool pressed);
+
+// What stands on the window shown, in words.
+void ListHubSpots(SpotList *list);
