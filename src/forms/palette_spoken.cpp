@@ -1,5 +1,5 @@
+#include "forms/palette_spoken.h"
 #include "drawing/mixing.h"
-#include "forms/palette.h"
 #include "forms/palette_places.h"
 
 namespace {

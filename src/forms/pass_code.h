@@ -1,7 +1,6 @@
 // The pass-code screen: digits around a circle, or a box for a long code.
 #pragma once
 
-#include "drawing/spots.h"
 #include "platform/event.h"
 
 // ORDER PASSCODEMODE: what the screen is for; the numbers are those of the titles' table
@@ -17,9 +16,6 @@ enum PassCodeMode : int {
 int OpenPassCode(int mode);
 // "Off": takes the key off all files, where there is one. 0 when nothing was done.
 int TurnPassCodeOff();
-
-// What stands on it, in words: how many digits, never which.
-void ListPassCodeSpots(SpotList *list);
 
 // Every event while ActiveDialog is PassCodeDialog. 1 when it was the screen's.
 int HandlePassCodeEvent(const Event &event);

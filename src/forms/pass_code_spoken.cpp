@@ -1,4 +1,4 @@
-#include "forms/pass_code.h"
+#include "forms/pass_code_spoken.h"
 #include "forms/pass_code_places.h"
 
 namespace {

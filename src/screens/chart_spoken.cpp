@@ -1,6 +1,6 @@
+#include "screens/chart_spoken.h"
 #include "platform/text.h"
 #include "screens/chart_picture.h"
-#include "screens/chart_view.h"
 #include <algorithm>
 #include <cstdio>
 #include <iterator>

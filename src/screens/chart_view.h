@@ -2,7 +2,6 @@
 // are rows of the table of modes in graph_frame.cpp.
 #pragma once
 
-#include "drawing/spots.h"
 #include "platform/event.h"
 
 // 1 when the list's scroll bar belongs to the chart shown: debits against credits have no table.
@@ -16,6 +15,3 @@ void StrokeCharts(int x, int y);
 void ScrollCharts(ScrollCode code, int position);
 // 1 when the key was the chart's.
 int KeyCharts(Key key);
-
-// The chart, in words: heading, lists, and a row for each segment that shows.
-void ListChartSpots(SpotList *list);

@@ -2,7 +2,6 @@
 // that state.HubState shows.
 #pragma once
 
-#include "drawing/spots.h"
 #include "resources/hub_keys.h"
 
 inline constexpr Rect PanelDisplay = {18, 42, 111, 76}, CalculatorDisplay = {40, 5, 234, 97};
@@ -18,6 +17,3 @@ void DrawHubDisplay();
 void DrawHubArrows();
 // A key as it is, or pressed. A key that is not there draws nothing.
 void DrawHubKey(int key, bool pressed);
-
-// What stands on the window shown, in words.
-void ListHubSpots(SpotList *list);

@@ -1,3 +1,4 @@
+#include "screens/hub_spoken.h"
 #include "analysis/calculator.h"
 #include "screens/hub_face.h"
 #include "screens/hub_values.h"
