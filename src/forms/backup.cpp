@@ -3,6 +3,7 @@
 #include "care/directories.h"
 #include "drawing/colours.h"
 #include "drawing/geometry.h"
+#include "drawing/spots.h"
 #include "forms/forms.h"
 #include "frame/form.h"
 #include "platform/files.h"
@@ -18,7 +19,7 @@ constexpr Rect TitleBox = {0, 0, ScreenWidth, 13}, PathBox = {2, 13, ScreenWidth
 
 constexpr FormPart Parts[] = {
     {LabelItem, TitleBox, {}, u"Select 'Zentk_Backup' directory location:", Align::Centre},
-    {UpItem, UpBox, {0, 26, 20, 45}, nullptr},
+    {UpItem, UpBox, {0, 26, 20, 45}, u"The directory above"},
 };
 
 constexpr FieldHelp FieldHelps[] = {{DirectoryField, Help::DirectoryField}, {UpItem, Help::DirectoryUp}};
@@ -35,17 +36,29 @@ int Chosen(char *to) {
     return ChosenDirectory(to, SelectedControlItem(DirectoryField));
 }
 
-// The path as an owner of the host writes it.
-void PaintPath() {
+// The path as an owner of the host writes it; "" for none. Room of PathRoom.
+void WritePath(char16_t *to) {
     char path[PathRoom];
-    char16_t text[PathRoom] = {};
+    to[0] = 0;
     if (!Chosen(path))
         return;
-    WidenText(text, PathRoom, path);
-    for (char16_t *unit = text; text[0] == u'/' && *unit; ++unit)
+    WidenText(to, PathRoom, path);
+    for (char16_t *unit = to; to[0] == u'/' && *unit; ++unit)
         if (*unit == u'\\')
             *unit = u'/';
+}
+
+void PaintPath() {
+    char16_t text[PathRoom];
+    WritePath(text);
     PaintText(DialogWindow, text, PathBox, Align::Left, Font::Normal, Black, 1);
+}
+
+void SpeakPath(SpotList *list) {
+    char16_t text[PathRoom];
+    WritePath(text);
+    if (text[0])
+        AddSpot(list, SpotKind::Message, DialogWindow, PathBox, text);
 }
 
 void Decor(int mask) {
@@ -154,7 +167,8 @@ constexpr Form FormOf(int dialog) {
             .Cross = nullptr,
             .Changed = Changed,
             .Tapped = Tapped,
-            .Decor = Decor};
+            .Decor = Decor,
+            .Spoken = SpeakPath};
 }
 constexpr Form BackupForm = FormOf(BackupDialog), RestoreForm = FormOf(RestoreDialog);
 

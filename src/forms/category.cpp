@@ -29,9 +29,9 @@ constexpr FormPart Parts[] = {
     {DownItem,           {165, 0, 185, 18},      {165, 0, 186, 20},      nullptr},
     {TotalItem,          {188, 0, 218, 18},      {186, 0, 220, 18},      nullptr, Align::Left},
     {DuplicateItem,      {221, 0, 240, 20},      {220, 0, 240, 26},      nullptr},
-    {UpperBar,           {},                     UpperBox,               nullptr},
-    {ColourItem,         {},                     CentreBox,              nullptr},
-    {LowerBar,           {},                     LowerBox,               nullptr},
+    {UpperBar,           {},                     UpperBox,               u"Category before"},
+    {ColourItem,         {},                     CentreBox,              u"Colour of the category"},
+    {LowerBar,           {},                     LowerBox,               u"Category after"},
     {LabelItem,          {94, 126, 128, 146},    {90, 126, 130, 146},    u"Name", Align::Right, TextField},
     {LabelItem,          {0, 154, 35, 174},      {0, 154, 36, 174},      u"Ref",  Align::Right, DescriptionField},
 };

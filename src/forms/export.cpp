@@ -31,9 +31,9 @@ constexpr FormPart Parts[] = {
     {LabelItem,          {38, 91, 236, 107},     {},                     u"all",              Align::Left},
     {LabelItem,          {38, 116, 236, 132},    {},                     u"after (& inc)",    Align::Left},
     {LabelItem,          {38, 166, 236, 182},    {},                     u"before (& inc)",   Align::Left},
-    {FirstChoiceItem,    {},                     {17, 91, 168, 107},     nullptr},
-    {SecondChoiceItem,   {},                     {17, 116, 168, 132},    nullptr},
-    {ThirdChoiceItem,    {},                     {17, 166, 168, 182},    nullptr},
+    {FirstChoiceItem,    {},                     {17, 91, 168, 107},     u"all entries"},
+    {SecondChoiceItem,   {},                     {17, 116, 168, 132},    u"entries from the date on"},
+    {ThirdChoiceItem,    {},                     {17, 166, 168, 182},    u"entries up to the date"},
 };
 constexpr FieldHelp FieldHelps[] = {
     {TextField,        Help::Export},

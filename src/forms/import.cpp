@@ -36,9 +36,9 @@ constexpr FormPart Parts[] = {
     {LabelItem,          {38, 91, 236, 107},     {},                     u"all",                       Align::Left},
     {LabelItem,          {38, 116, 236, 132},    {},                     u"newer than in the account", Align::Left},
     {LabelItem,          {38, 141, 236, 157},    {},                     u"after (& inc)",             Align::Left},
-    {FirstChoiceItem,    {},                     {17, 91, 168, 107},     nullptr},
-    {SecondChoiceItem,   {},                     {17, 116, 168, 132},    nullptr},
-    {ThirdChoiceItem,    {},                     {17, 141, 168, 157},    nullptr},
+    {FirstChoiceItem,    {},                     {17, 91, 168, 107},     u"all entries"},
+    {SecondChoiceItem,   {},                     {17, 116, 168, 132},    u"entries newer than in the account"},
+    {ThirdChoiceItem,    {},                     {17, 141, 168, 157},    u"entries from the date on"},
 };
 constexpr FieldHelp FieldHelps[] = {
     {FileField,        Help::ImportFile},

@@ -4,6 +4,7 @@
 #include "drawing/geometry.h"
 #include "drawing/mixing.h"
 #include "drawing/palette.h"
+#include "forms/palette_places.h"
 #include "frame/message_window.h"
 #include "frame/refusal.h"
 #include "platform/shell.h"
@@ -25,38 +26,7 @@ CatRec &Category() {
     return state.FormRow.Category;
 }
 
-// --- Places, in HostWindow. All of it ends above the message window.
-
 enum HeldPart : int32_t { NothingHeld, ConeHeld, SliderHeld };
-
-constexpr int Shades = 5, SquarePitch = 15, SquareSize = 14, SquaresLeft = 4, SquaresTop = 4;
-constexpr int ConeSize = 100, SliderRows = 101;
-constexpr Rect ConeBox = {86, 4, 86 + ConeSize, 4 + ConeSize}, SliderBox = {200, 4, 220, 4 + SliderRows},
-               SwatchBox = {201, 131, 238, 149}, CategoryBox = {84, 154, 238, 184};
-
-constexpr Rect SquareBox(int entry) { // entry from 1: a row for each hue
-    const int left = SquaresLeft + (entry - 1) % Shades * SquarePitch,
-              top = SquaresTop + (entry - 1) / Shades * SquarePitch;
-    return {left, top, left + SquareSize, top + SquareSize};
-}
-
-struct ParameterPart {
-    int32_t Link;
-    Rect Box;
-    const char16_t *Letter;
-    Help Lines;
-};
-// clang-format off
-constexpr ParameterPart Parameters[] = { // ORDER COLOURLINK
-    {LinkRed,        { 84, 110, 121, 128}, u"R", Help::RedParameter},
-    {LinkGreen,      {123, 110, 160, 128}, u"G", Help::GreenParameter},
-    {LinkBlue,       {162, 110, 199, 128}, u"B", Help::BlueParameter},
-    {LinkContrast,   {201, 110, 238, 128}, u"C", Help::ContrastParameter},
-    {LinkHue,        { 84, 131, 121, 149}, u"H", Help::HueParameter},
-    {LinkLuminosity, {123, 131, 160, 149}, u"L", Help::LuminosityParameter},
-    {LinkSaturation, {162, 131, 199, 149}, u"S", Help::SaturationParameter},
-};
-// clang-format on
 
 int SquareAt(int x, int y) {
     for (int entry = 1; entry <= OwnerEntries; ++entry)

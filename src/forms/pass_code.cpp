@@ -3,6 +3,7 @@
 #include "care/pass_code.h"
 #include "drawing/colours.h"
 #include "drawing/geometry.h"
+#include "forms/pass_code_places.h"
 #include "frame/form.h"
 #include "frame/message_window.h"
 #include "platform/cipher.h"
@@ -20,76 +21,18 @@
 
 namespace {
 
-// --- Spots. A digit stands on the ring as on the dial of a telephone, in the middle the circle.
-
-constexpr int PassDigits = 4, DigitKeys = 10, Nothing = -1, CircleSpot = 10, LifterSpot = 11;
-
-struct Spot {
-    int What; // a digit, CircleSpot or LifterSpot
-    Rect Box;
-};
-// clang-format off
-constexpr Spot Spots[] = {
-    {0,          { 72,  58, 102,  88}},
-    {1,          {105,  47, 135,  77}},
-    {2,          {138,  58, 168,  88}},
-    {3,          {158,  86, 188, 116}},
-    {4,          {158, 120, 188, 150}},
-    {5,          {138, 148, 168, 178}},
-    {6,          {105, 159, 135, 189}},
-    {7,          { 72, 148, 102, 178}},
-    {8,          { 52, 120,  82, 150}},
-    {9,          { 52,  86,  82, 116}},
-    {CircleSpot, { 84,  82, 156, 154}},
-    {LifterSpot, {210,   5, 234,  29}},
-};
-// clang-format on
-constexpr Rect DigitCircles[PassDigits] = {
-    {78, 24, 96, 42}, {100, 24, 118, 42}, {122, 24, 140, 42}, {144, 24, 162, 42}};
-constexpr Rect TitleLine = {10, 4, 205, 20}, WrongLine = {4, 214, 236, 228}, WhyLine = {4, 230, 236, 244};
-
 constexpr FormControl LongCodeControls[] = {
-    {TextField, ControlKind::Edit, 40, 24, 160, 20, PassRoom - 1, u"Pass code"}};
+    {TextField, ControlKind::Secret, 40, 24, 160, 20, PassRoom - 1, u"Pass code"}};
 constexpr FormTemplate LongCodeTemplate = TemplateOf(146, LongCodeControls);
-
-// ORDER PASSCODEMODE
-constexpr const char16_t *Titles[] = {u"Enter pass code", u"Enter new pass code", u"Confirm new pass code", u"",
-                                      u"Decrypting",      u"Encrypting"};
 
 constexpr Colour FailureColour = AlertRed, EntryColour = Rgb(0, 39, 159), RightColour = Green,
                  PaleGold = Rgb(255, 232, 160), DialColour = Rgb(223, 232, 251);
 
-int ShowsDial() {
-    return !state.StrongMode && state.CipherProgress < 0;
-}
-
-// The long code's box is a real control and stands in a form; the dial has the page behind it for itself.
-Window PassWindow() {
-    return state.StrongMode ? DialogWindow : HostWindow;
-}
-
-// With the message window closed there is room, and the dial stands lower.
-Rect Placed(Rect box) {
-    constexpr int Drop = 16;
-    if (!state.MessageWindowOn && box.Top > TitleLine.Top + 20) {
-        box.Top += Drop;
-        box.Bottom += Drop;
-    }
-    return box;
-}
-
-const Rect &BoxOf(int what) {
-    for (const Spot &spot : Spots)
-        if (spot.What == what)
-            return spot.Box;
-    return Spots[0].Box;
-}
-
 int SpotAt(int x, int y) {
-    for (const Spot &spot : Spots)
+    for (const PassSpot &spot : PassSpots)
         if (Inside(spot.What == LifterSpot ? spot.Box : Placed(spot.Box), x, y))
             return spot.What;
-    return Nothing;
+    return NoPassSpot;
 }
 
 // --- Painting
@@ -140,7 +83,7 @@ void PaintDigitCircles() {
 }
 
 void PaintDial() {
-    for (const Spot &spot : Spots) {
+    for (const PassSpot &spot : PassSpots) {
         if (spot.What >= DigitKeys)
             continue;
         const Rect box = Placed(spot.Box);
@@ -164,7 +107,7 @@ void PaintWhy() {
 void PassCodeScreen(int mode) {
     const bool working = state.CipherProgress >= 0;
     FillRect(PassWindow(), {0, 0, ScreenWidth, state.MessageWindowOn ? MessageTopInForm : BarTop}, White);
-    PaintText(PassWindow(), Titles[mode], TitleLine, Align::Centre, Font::Bold, Black);
+    PaintText(PassWindow(), PassTitles[mode], TitleLine, Align::Centre, Font::Bold, Black);
     if (!working) {
         const int cell = state.StrongMode ? 24 : 0;
         CopyImage(PassWindow(), {BoxOf(LifterSpot).Left, BoxOf(LifterSpot).Top}, WeightLifter,
@@ -225,7 +168,7 @@ void ShowWindows() {
 void ClosePassCode() {
     const bool gate = state.PassMode == EnterCode;
     ResetInput();
-    state.HeldDigit = Nothing;
+    state.HeldDigit = NoPassSpot;
     Wipe(state.FirstEntry, sizeof state.FirstEntry);
     state.CipherProgress = -1;
     ShowWindow(HostWindow, 0);
@@ -358,11 +301,11 @@ void ResetByCircle() {
 void TouchDigit(int spot) {
     if (!ShowsDial())
         return;
-    const int digit = spot >= 0 && spot < DigitKeys ? spot : Nothing;
+    const int digit = spot >= 0 && spot < DigitKeys ? spot : NoPassSpot;
     if (digit == state.HeldDigit)
         return;
     state.HeldDigit = digit;
-    if (digit != Nothing)
+    if (digit != NoPassSpot)
         TakeDigit(digit);
     else
         PaintPassCode();
@@ -429,7 +372,7 @@ int StartScreen(int mode) {
     state.PassMode = mode;
     state.StrongMode = 0;
     state.CipherProgress = -1;
-    state.HeldDigit = Nothing;
+    state.HeldDigit = NoPassSpot;
     ResetInput();
     ShowWindows();
     SetGreys(NoList);
@@ -465,7 +408,7 @@ int HandlePassCodeEvent(const Event &event) {
             TouchDigit(SpotAt(event.X, event.Y));
         return 1;
     case EventKind::PointerUp:
-        state.HeldDigit = Nothing;
+        state.HeldDigit = NoPassSpot;
         PaintPassCode();
         return 1;
     case EventKind::Key:

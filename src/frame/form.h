@@ -79,6 +79,7 @@ struct Form {
     int KeysStep = 0;                     // 1: the keys Up and Down are taps on the arrows
     const char16_t *(*Title)() = nullptr; // what the device's title bar calls it
     void (*Again)() = nullptr;            // after a tick that is to be followed by a new form; null: nothing follows
+    void (*Spoken)(struct SpotList *list) = nullptr; // what it paints beyond the parts, in words
 };
 
 // Opens a form: ActiveDialog, controls and their lists, Fill(1), background and parts, room for the message window,

@@ -45,7 +45,7 @@ Hint HintOfForm(int x, int y) {
         return {};
     for (const MarkWords &mark : Marks)
         if (mark.Item == part->Item)
-            return {SignWords(mark, mark.Word && state.*(mark.Word)), mark.Pressed};
+            return {part->Text ? part->Text : SignWords(mark, mark.Word && state.*(mark.Word)), mark.Pressed};
     const char16_t *field = FieldName(part->Field);
     return {field ? field : part->Text};
 }

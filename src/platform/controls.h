@@ -7,6 +7,7 @@
 
 enum class ControlKind : uint8_t {
     Edit,      // one line
+    Secret,    // one line, shown as typed and read out to nobody
     Number,    // one line, for whole numbers: a handheld shows its digit panel
     MultiLine, // the notepad
     Combo,     // an edit box with a list

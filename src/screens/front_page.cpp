@@ -17,7 +17,6 @@ constexpr int PageBottom = BarTop - TitleHeight;
 constexpr Rect WholePage = {0, 0, ScreenWidth, PageBottom};
 constexpr Colour VersionInk = Rgb(185, 196, 228);
 
-constexpr int FastestMovie = 45, SpeedStep = 5;
 constexpr int TrackX = 226, KnobWidth = 16, KnobHeight = 7;
 constexpr int TrackTop = TrackerBox.Top + 1; // the knob's middle at the fastest; a pixel is a unit
 constexpr Colour TrackDark = Rgb(10, 14, 28), TrackLight = Rgb(70, 92, 150);
@@ -32,7 +31,7 @@ void DrawPart(int image, const Rect &place, const Rect &box) {
 }
 
 void SetSpeed(int speed) {
-    state.MovieSpeed = std::clamp(speed / SpeedStep * SpeedStep, 0, FastestMovie);
+    state.MovieSpeed = std::clamp(speed / MovieSpeedStep * MovieSpeedStep, 0, FastestMovie);
     DrawTracker();
     StartMovie(); // also one that had come to rest
 }
@@ -55,7 +54,7 @@ void ClosePage() {
 }
 
 void SpeedUnder(int y) {
-    SetSpeed(TrackTop + FastestMovie - y + SpeedStep / 2);
+    SetSpeed(TrackTop + FastestMovie - y + MovieSpeedStep / 2);
 }
 
 void Press(const Event &event) {
@@ -69,7 +68,7 @@ void Press(const Event &event) {
 void PressKey(Key key) {
     const bool about = state.PageShown == Page::About;
     if (key == Key::Up || key == Key::Down)
-        SetSpeed(state.MovieSpeed + (key == Key::Up ? SpeedStep : -SpeedStep));
+        SetSpeed(state.MovieSpeed + (key == Key::Up ? MovieSpeedStep : -MovieSpeedStep));
     else if (!about || (key != Key::Enter && key != Key::Help))
         ClosePage();
 }

@@ -30,7 +30,6 @@
 
 namespace {
 
-constexpr int IconLeft = 3, IconPitch = 20, IconSize = 19, ModeIcons = 5, CountIcon = 6;
 constexpr int ValueLeft = 124, BalanceLeft = 173;
 
 // --- The modes

@@ -59,31 +59,6 @@ void DrawPointer(const Point &at) {
     DrawPolyline(ListWindow, line, 3, PointerPen);
 }
 
-// What the pointer tells.
-struct Told {
-    RecDate Day;
-    FixedAmount Amount;
-    char16_t Title[TextRoom];
-};
-
-Told ToldByPointer() {
-    Told told = {};
-    if (state.GraphMode == Extrapolation) {
-        told.Day = state.PointerDate;
-        told.Amount = PredictValue(state.PointerDate.DayNumber) * Thousand;
-        return told;
-    }
-    const TRec &row = state.SampleRow[state.SelectedSample];
-    told.Day = row.Date;
-    told.Amount = GetGraphValue(row);
-    CopyText(told.Title, TextRoom, row.Name);
-    return told;
-}
-
-int PointerTells() {
-    return state.PointerOn && !ChartShown() && state.SelectedSample > 0 && state.SampleCount >= 2;
-}
-
 Point PointOfPointer() {
     if (state.GraphMode == Extrapolation)
         return {state.PointerX, PlotRow(state.PointerY)};
@@ -130,6 +105,25 @@ void DrawTitle(const char16_t *title, const Point &at) {
 }
 
 } // namespace
+
+int PointerTells() {
+    return state.PointerOn && !ChartShown() && state.SelectedSample > 0 && state.SampleCount >= 2;
+}
+
+PlotPoint PointOfPlot() {
+    PlotPoint point = {};
+    point.At = PointOfPointer();
+    if (state.GraphMode == Extrapolation) {
+        point.Day = state.PointerDate;
+        point.Amount = PredictValue(state.PointerDate.DayNumber) * Thousand;
+        return point;
+    }
+    const TRec &row = state.SampleRow[state.SelectedSample];
+    point.Day = row.Date;
+    point.Amount = GetGraphValue(row);
+    CopyText(point.Title, TextRoom, row.Name);
+    return point;
+}
 
 void DrawRibbon(const Point *points, int count, int brush) {
     const int depth = state.DrawDepth;
@@ -207,8 +201,8 @@ void ShowGraphPtr() {
     if (!PointerTells())
         return;
     const PointerPlace place = PlaceOfPointer();
-    const Told told = ToldByPointer();
-    DrawDay(told.Day, place.Day);
-    DrawAmount(told.Amount, place.Amount);
-    DrawTitle(told.Title, place.At);
+    const PlotPoint point = PointOfPlot();
+    DrawDay(point.Day, place.Day);
+    DrawAmount(point.Amount, place.Amount);
+    DrawTitle(point.Title, point.At);
 }

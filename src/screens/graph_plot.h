@@ -3,12 +3,24 @@
 #pragma once
 
 #include "platform/surface.h"
+#include "records/records.h"
 #include "values/amounts.h"
+#include "values/dates.h"
 
 // What stands on the outline of the plots of modes 1 and 2: curve, line of best fit, axes again, mark and pointer.
 void DrawGraph();
 // The same for an extrapolation: its line and its pointer.
 void DrawExtrapolation();
+// 1 while the pointer is shown and tells of its point.
+int PointerTells();
+// The entry marked on the plot, of an extrapolation the point of its line.
+struct PlotPoint {
+    Point At;
+    RecDate Day;
+    FixedAmount Amount;
+    char16_t Title[TextRoom];
+};
+PlotPoint PointOfPlot();
 // Day, amount and title at the pointer.
 void ShowGraphPtr();
 // Where the pointer's day and amount stand while it is on; empty boxes otherwise. Labels that they would cut are left

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr Rect PanelDisplay = {18, 42, 111, 76};
-constexpr Rect CalculatorDisplay = {40, 5, 234, 97};
 constexpr Rect EqualsBox = {42, 67, 66, 95}; // before the result
 constexpr Colour Glass = Rgb(246, 250, 255), ActiveGlass = Rgb(255, 240, 178), GlassEdge = Rgb(16, 25, 58),
                  LineInk = Rgb(110, 124, 160);

@@ -4,6 +4,8 @@
 
 #include "resources/hub_keys.h"
 
+inline constexpr Rect PanelDisplay = {18, 42, 111, 76}, CalculatorDisplay = {40, 5, 234, 97};
+
 // The key under a point of the panel, or of the calculator. NoHubKey between the keys, AboveHub over the panel.
 int HubHit(int x, int y);
 

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int LeastDelay = 15, FastestMovie = 45; // milliseconds a step at the tracker's top; a unit below it costs one
+constexpr int LeastDelay = 15; // milliseconds a step at the tracker's top; a unit below it costs one
 constexpr int OpeningScene = -1;
 constexpr int PauseFrames = 24; // between two scenes
 

@@ -2,6 +2,9 @@
 // nor thread; once its scenes are over it rests, and nothing moves until it is started again.
 #pragma once
 
+// Of the tracker: state.MovieSpeed is 0 to 45, a unit is a millisecond less for each step.
+inline constexpr int FastestMovie = 45, MovieSpeedStep = 5;
+
 // Begins anew when it has not begun or has come to rest; a movie that runs goes on.
 void StartMovie();
 void StopMovie();

@@ -10,6 +10,7 @@
 #include "state/state.h"
 #include <QAccessible>
 #include <QApplication>
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <functional>
 #include <gtest/gtest.h>
@@ -44,6 +45,16 @@ const char *WordOf(QAccessible::Role role) {
         return "box ";
     case QAccessible::StaticText:
         return "text ";
+    case QAccessible::Slider:
+        return "slider ";
+    case QAccessible::ProgressBar:
+        return "progress ";
+    case QAccessible::Graphic:
+        return "picture ";
+    case QAccessible::List:
+    case QAccessible::Table:
+    case QAccessible::Tree:
+        return "list ";
     default:
         return "";
     }
@@ -51,8 +62,11 @@ const char *WordOf(QAccessible::Role role) {
 
 std::string Words(QAccessibleInterface *one) {
     const QAccessible::State now = one->state();
+    const QAccessibleValueInterface *const value = now.disabled ? nullptr : one->valueInterface();
+    const bool steps = one->role() == QAccessible::Slider;
     return WordOf(one->role()) + one->text(QAccessible::Name).toStdString() + (now.selected ? " (selected)" : "") +
-           (now.checked ? " (on)" : "");
+           (now.checked ? " (on)" : "") + (now.disabled ? " (off)" : "") +
+           (steps ? " = " + value->currentValue().toString().toStdString() : "");
 }
 
 // Every object below one that is seen and has a role of the list, in reading order.
@@ -172,7 +186,7 @@ TEST(Speech, EachScreenIsReadWithItsRowsAmountsTabsAndTitles) {
     };
     Sitting([&] {
         const std::vector<std::string> page = Tree();
-        EXPECT_TRUE(Has(page, "heading Zentrik") && Has(page, "text Speed of the movie, 20")) << All(page);
+        EXPECT_TRUE(Has(page, "heading Zentrik") && Has(page, "slider Speed of the movie = 20")) << All(page);
         EXPECT_FALSE(Has(page, "tab Accounts (selected)"));
         PressKey(Qt::Key_Escape);
         for (const ScreenWords &screen : screens) {
@@ -242,6 +256,150 @@ TEST(Speech, MarksAndBoxesOfAFormAreNamedByTheirLabels) {
         const std::vector<std::string> after = Tree();
         EXPECT_TRUE(Has(after, "button Flag, red")) << All(after);
         EXPECT_TRUE(Has(after, "check Reconciled (on)")) << All(after);
+    });
+}
+
+// Keys in words, one after the other.
+void Keys(const char *words) {
+    for (const QString &word : QString::fromUtf8(words).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        const QKeyCombination key = QKeySequence(word)[0];
+        PressKey(key.key(), key.keyboardModifiers());
+    }
+}
+
+struct Stop {
+    const char *Keys;
+    std::vector<std::string> Told, NotTold = {};
+};
+
+TEST(Speech, WhatIsPaintedByHandIsToldOnEveryPage) {
+    const Stop stops[] = {
+        {"Esc Ctrl+3 Right",
+         {"button Graph (selected)", "button Taps on boxes count up (off)",
+          "picture Graph, 4 entries, from 0.00, to 9000.00"}},
+        {"Down", {"text You've selected a transaction"}},
+        {"F2",
+         {"button Regression (selected)",
+          "picture Regression, 4 entries, from 0.00, to 9000.00, line from 8506, 5 Nov 2026, to 5546, 19 Nov 2026"}},
+        {"F2 Return Right",
+         {"button Day, 19 Nov 2026", "button Month, 19 Nov 2026 (selected)", "button Tens, value 5546",
+          "button Percentage, 0", "button Percentage acts on the value (selected)", "button Taps on boxes count up"}},
+        {"F2",
+         {"row Opening balance, 9000.00, 74.8% (selected)", "row Car deposit, -3000.00, 24.9%",
+          "button Value, 9000.00 (selected)", "button Segments by, name", "picture Bars, 3 segments"}},
+        {"Down F2 Return",
+         {"picture Pie, 3 segments", "button category", "button name (selected)", "button Order, largest first"}},
+        {"Up", {}},
+        {"Esc Ctrl+2 Home Ctrl+H",
+         {"text Hub, 0.000", "button Cone: hub or calculator", "button 7", "button Point", "tab Bin", "title Date"},
+         {"text HUB is the Zent focus for data control"}},
+        {"Ctrl+K",
+         {"heading Calculator", "button X, 0.000 (selected)", "button Operator, Plus", "button Square root"},
+         {"tab Bin", "title Date"}},
+        {"9 9 9 9 9 9 9 * 9 9 9 9 =", {"button Z, too large (selected)"}},
+        {"Ctrl+H Ctrl+7 Ctrl+M", {"button Category before", "button Colour of the category", "text Entry 3", "box Name"}},
+        {"F2",
+         {"heading Palette, red 0, green 0, blue 200", "button Colour 60, red 140, green 0, blue 70",
+          "button Red, 0 (selected)", "slider Red = 0", "picture Cone of hues, hue 170, saturation 254"}},
+        {"Up", {"slider Red = 1"}},
+        {"Esc Esc Ctrl+4 Ctrl+M",
+         {"button First: used next (selected)", "button Then: used from then on", "check Gratis", "combo Unit"}},
+    };
+    Sitting([&] {
+        for (const Stop &stop : stops) {
+            Keys(stop.Keys);
+            const std::vector<std::string> tree = Tree();
+            for (const std::string &line : stop.Told)
+                EXPECT_TRUE(Has(tree, line)) << stop.Keys << " lacks '" << line << "' among\n" << All(tree);
+            for (const std::string &line : stop.NotTold)
+                EXPECT_FALSE(Has(tree, line)) << stop.Keys << " tells '" << line << "'";
+        }
+    });
+}
+
+TEST(Speech, EachFormHasNamesForAllOfIt) {
+    const struct {
+        int Command;
+        std::vector<std::string> Told;
+    } forms[] = {{CommandNotepad, {"box Notepad"}},
+                 {CommandGeneral, {"check Display startup screen (on)", "combo Look ahead"}},
+                 {CommandImport, {"button entries newer than in the account (selected)", "combo File name"}},
+                 {CommandExport, {"button all entries (selected)", "progress Progress"}},
+                 {CommandBackup, {"button The directory above", "text \\", "list Directories"}},
+                 {CommandAbout, {"heading Zentrik", "slider Speed of the movie = 20"}},
+                 {CommandInsertReconcile, {"button Sign of Amount, plus", "box Date"}}};
+    Sitting([&] {
+        Keys("Esc Ctrl+2");
+        for (const auto &form : forms) {
+            HandleEvent({.Kind = EventKind::Command, .Code = form.Command});
+            Settle();
+            const std::vector<std::string> tree = Tree();
+            for (const std::string &line : form.Told)
+                EXPECT_TRUE(Has(tree, line)) << "'" << line << "' is not among\n" << All(tree);
+            for (const char *nameless : {"button ", "check ", "combo ", "box ", "slider ", "list ", "progress "})
+                EXPECT_FALSE(Has(tree, nameless)) << nameless << "has no name among\n" << All(tree);
+            Keys("Esc");
+        }
+    });
+}
+
+bool Holds(QAccessibleInterface *below, const QString &secret) {
+    for (int i = 0; i < below->childCount(); ++i) {
+        QAccessibleInterface *const child = below->child(i);
+        QString all = child->text(QAccessible::Name) + child->text(QAccessible::Value);
+        if (QAccessibleTextInterface *const text = child->textInterface())
+            all += text->text(0, text->characterCount());
+        if (all.contains(secret) || Holds(child, secret))
+            return true;
+    }
+    return false;
+}
+
+TEST(Speech, AllButTheCodeIsToldOfThePassCodeScreen) {
+    Sitting([] {
+        Keys("Esc");
+        HandleEvent({.Kind = EventKind::Command, .Code = CommandPasswordOn});
+        Settle();
+        EXPECT_TRUE(Has(Tree(), "heading Enter new pass code") && Has(Tree(), "button 7") &&
+                    Has(Tree(), "check Long code") && Has(Tree(), "button Clear, wrong codes so far 0"))
+            << All(Tree());
+        told.clear();
+        Keys("7");
+        EXPECT_TRUE(Has(told, "alert text 1 of 4 digits entered")) << All(told);
+        EXPECT_FALSE(Holds(QAccessible::queryAccessibleInterface(host.Windows[HostWindow]), QStringLiteral("7 ")));
+        Press("Long code");
+        EXPECT_TRUE(Has(Tree(), "check Long code (on)") && Has(Tree(), "box Pass code")) << All(Tree());
+        Type("sesame");
+        EXPECT_EQ(qobject_cast<QLineEdit *>(Control("Pass code"))->text(), QStringLiteral("sesame"));
+        EXPECT_FALSE(
+            Holds(QAccessible::queryAccessibleInterface(static_cast<QWidget *>(host.Frame)), QStringLiteral("sesame")));
+    });
+}
+
+TEST(Speech, WhatKeysChangeIsTold) {
+    const struct {
+        const char *Before, *Keys, *Told;
+    } rows[] = {
+        {"Esc Ctrl+2 Ctrl+H", "5", "alert text Hub, 5.000"},
+        {"Ctrl+K", "7", "focus button X, 7.000 (selected)"},
+        {"Ctrl+H Ctrl+3 Right", "Up", "focus row 15 Nov 2026, 6000.00, Car deposit (selected)"},
+        {"F2 F2 Return", "Up", "focus button Day, 20 Nov 2026 (selected)"},
+        {"F2", "Down", "focus row Car deposit, -3000.00, 24.9% (selected)"},
+        {"Ctrl+7 Ctrl+M F2", "Right", "focus slider Green = 0"},
+    };
+    Sitting([&] {
+        for (const auto &row : rows) {
+            Keys(row.Before);
+            told.clear();
+            Keys(row.Keys);
+            EXPECT_TRUE(Has(told, row.Told)) << "'" << row.Told << "' is not among\n" << All(told);
+        }
+        QAccessibleInterface *const slider =
+            Find(QAccessible::queryAccessibleInterface(host.Windows[HostWindow]), QStringLiteral("Green"));
+        ASSERT_TRUE(slider && slider->valueInterface());
+        slider->valueInterface()->setCurrentValue(90);
+        Settle();
+        EXPECT_EQ(state.Mixed.ColG, 90);
     });
 }
 

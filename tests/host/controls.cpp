@@ -33,6 +33,7 @@ std::vector<std::string> ControlItems(int id) {
 static bool TakesText(const ControlState &control) {
     switch (control.Template.Kind) {
     case ControlKind::Edit:
+    case ControlKind::Secret:
     case ControlKind::Number:
     case ControlKind::MultiLine:
     case ControlKind::Combo:

@@ -1,11 +1,13 @@
 // The keyboard, the command bar and its menus: everything can be reached without a stylus, and nothing twice.
 #include "host_qt/little_program.h"
 #include "resources/art.h"
+#include "resources/key_guide.h"
 #include "resources/menus.h"
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMenu>
 #include <QTreeWidget>
+#include <set>
 
 using namespace little;
 
@@ -192,6 +194,19 @@ TEST(Menus, LettersChoose) {
     EXPECT_EQ(Told(), "");
 }
 
+// The keys that --help, the manual and README.md name; "F2 to F5" are four.
+std::set<QString> KeysOfGuide() {
+    std::set<QString> keys;
+    for (const KeyWords &row : KeyGuide)
+        for (const QString &part : QString::fromUtf8(row.Keys).replace("Enter", "Return").split(", ")) {
+            const QStringList ends = part.split(" to ");
+            const auto last = (ends.size() > 1 ? ends[1] : part).back();
+            for (QString name = ends[0]; name.back() <= last; name.back() = QChar(name.back().unicode() + 1))
+                keys.insert(QKeySequence(name).toString(QKeySequence::NativeText));
+        }
+    return keys;
+}
+
 TEST(Keys, TheListOfThemIsReadOnTheScreen) {
     BeginBar();
     PressKey(Qt::Key_F12);
@@ -199,6 +214,8 @@ TEST(Keys, TheListOfThemIsReadOnTheScreen) {
     ASSERT_TRUE(list);
     EXPECT_EQ(list->findItems(QStringLiteral("Ctrl+N"), Qt::MatchExactly).size(), 1);
     EXPECT_EQ(list->findItems(QStringLiteral("F12"), Qt::MatchExactly).size(), 1);
+    for (int i = 0; i < list->topLevelItemCount(); ++i)
+        EXPECT_TRUE(KeysOfGuide().count(list->topLevelItem(i)->text(0))) << qPrintable(list->topLevelItem(i)->text(0));
     QTest::keyClick(list, Qt::Key_Down); // its own
     QTest::keyClick(list, Qt::Key_Escape);
     EXPECT_FALSE(QApplication::activePopupWidget());

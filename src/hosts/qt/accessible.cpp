@@ -1,4 +1,5 @@
 #include "hosts/qt/accessible.h"
+#include "hosts/qt/delivery.h"
 #include "hosts/qt/device.h"
 #include "hosts/qt/pointer.h"
 #include "platform/shell.h"
@@ -37,14 +38,32 @@ public:
 
 // ORDER SPOTKIND
 constexpr QAccessible::Role Roles[] = {
-    QAccessible::Heading,    QAccessible::StaticText, QAccessible::ColumnHeader, QAccessible::ListItem,
-    QAccessible::PageTab,    QAccessible::PushButton, QAccessible::CheckBox,     QAccessible::PushButton,
-    QAccessible::StaticText, QAccessible::Graphic,    QAccessible::StaticText,
+    QAccessible::Heading, QAccessible::StaticText,  QAccessible::ColumnHeader, QAccessible::ListItem,
+    QAccessible::PageTab, QAccessible::PushButton,  QAccessible::CheckBox,     QAccessible::PushButton,
+    QAccessible::Slider,  QAccessible::ProgressBar, QAccessible::Graphic,      QAccessible::StaticText,
 };
 static_assert(std::size(Roles) == static_cast<size_t>(SpotKind::Message) + 1);
 
+bool HasValue(SpotKind kind) {
+    return kind == SpotKind::Slider || kind == SpotKind::Progress;
+}
 bool Tappable(SpotKind kind) {
-    return kind != SpotKind::Text && kind != SpotKind::Message && kind != SpotKind::Slider;
+    return kind != SpotKind::Text && kind != SpotKind::Message && !HasValue(kind);
+}
+
+// A tap on the middle of a spot, or a key for it, after the helper's call has ended.
+void SendTap(const QPoint &middle) {
+    QTimer::singleShot(0, host.Frame, [middle] {
+        SendPointer(EventKind::PointerDown, middle);
+        SendPointer(EventKind::PointerUp, middle);
+    });
+}
+void SendSteps(int steps) {
+    const Key key = steps > 0 ? Key::Up : Key::Down;
+    QTimer::singleShot(0, host.Frame, [key, left = std::abs(steps)] {
+        for (int i = 0; i < left; ++i)
+            Deliver({.Kind = EventKind::Key, .Code = static_cast<int>(key)});
+    });
 }
 
 QRect OnScreen(const Spot &spot) {
@@ -54,7 +73,7 @@ QRect OnScreen(const Spot &spot) {
 
 // --- A spot: the n-th of those that stand in one window. It reads the present list whenever it is asked.
 
-class SpotObject : public QAccessibleInterface, public QAccessibleActionInterface {
+class SpotObject : public QAccessibleInterface, public QAccessibleActionInterface, public QAccessibleValueInterface {
 public:
     SpotObject(Window where, int index) : Where(where), Index(index) {}
 
@@ -93,9 +112,11 @@ public:
         if (!spot || !host.Windows[Where])
             return now;
         now.invisible = host.Windows[Where]->isHidden();
-        now.selectable = now.focusable = spot->Selectable;
+        now.selectable = spot->Selectable;
+        now.focusable = spot->Selectable || spot->Focused;
         now.selected = spot->Selected;
-        now.focused = spot->Selected && spot->Kind == SpotKind::Row && host.Frame->isActiveWindow();
+        now.focused = spot->Focused && host.Frame->isActiveWindow();
+        now.disabled = spot->Disabled;
         now.checkable = spot->Kind == SpotKind::Check;
         now.checked = spot->On;
         now.readOnly = spot->Kind == SpotKind::Text || spot->Kind == SpotKind::Message;
@@ -103,22 +124,37 @@ public:
     }
 
     void *interface_cast(QAccessible::InterfaceType type) override {
+        const Spot *const spot = Now();
+        if (type == QAccessible::ValueInterface && spot && HasValue(spot->Kind))
+            return static_cast<QAccessibleValueInterface *>(this);
         return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface *>(this) : nullptr;
     }
     QStringList actionNames() const override {
         const Spot *const spot = Now();
-        return spot && Tappable(spot->Kind) ? QStringList{pressAction()} : QStringList();
+        if (spot && spot->Kind == SpotKind::Slider)
+            return {increaseAction(), decreaseAction()};
+        return spot && Tappable(spot->Kind) && !spot->Disabled ? QStringList{pressAction()} : QStringList();
     }
     QStringList keyBindingsForAction(const QString &) const override { return {}; }
     void doAction(const QString &action) override {
         const Spot *const spot = Now();
         if (!spot || !actionNames().contains(action))
             return;
-        const QPoint middle = OnScreen(*spot).center();
-        QTimer::singleShot(0, host.Frame, [middle] { // not within the helper's call
-            SendPointer(EventKind::PointerDown, middle);
-            SendPointer(EventKind::PointerUp, middle);
-        });
+        if (spot->Kind == SpotKind::Slider)
+            SendSteps(action == increaseAction() ? 1 : -1);
+        else
+            SendTap(OnScreen(*spot).center());
+    }
+
+    // Of a slider and of progress.
+    QVariant currentValue() const override { return Now() ? Now()->Value : 0; }
+    QVariant minimumValue() const override { return Now() ? Now()->Least : 0; }
+    QVariant maximumValue() const override { return Now() ? Now()->Most : 0; }
+    QVariant minimumStepSize() const override { return Now() ? Now()->Step : 1; }
+    void setCurrentValue(const QVariant &value) override {
+        const Spot *const spot = Now();
+        if (spot && spot->Kind == SpotKind::Slider)
+            SendSteps((std::clamp(value.toInt(), spot->Least, spot->Most) - spot->Value) / spot->Step);
     }
 
 private:
@@ -151,10 +187,11 @@ int IndexInWindow(int spot) {
         std::count_if(spots, spots + spot, [spot](const Spot &one) { return one.Where == spots[spot].Where; }));
 }
 
-int SelectedRow() {
+// The one that the arrow keys act on; -1 for none.
+int FocusedSpot() {
     Refresh();
     for (int i = 0; i < spotCount; ++i)
-        if (spots[i].Kind == SpotKind::Row && spots[i].Selected)
+        if (spots[i].Focused)
             return i;
     return -1;
 }
@@ -189,9 +226,9 @@ public:
         return nullptr;
     }
     QAccessibleInterface *focusChild() const override {
-        const int row = SelectedRow();
-        return Which == ListWindow && row >= 0 ? ObjectOf(ListWindow, IndexInWindow(row))
-                                               : QAccessibleWidget::focusChild();
+        const int spot = FocusedSpot();
+        return spot >= 0 && spots[spot].Where == Which ? ObjectOf(Which, IndexInWindow(spot))
+                                                       : QAccessibleWidget::focusChild();
     }
 
 private:
@@ -221,6 +258,20 @@ private:
     QComboBox *Box;
 };
 
+// A box for a secret: that it is there, and nothing of what is typed.
+class SecretObject : public QAccessibleWidget {
+public:
+    explicit SecretObject(QWidget *widget) : QAccessibleWidget(widget, QAccessible::EditableText) {}
+    QString text(QAccessible::Text which) const override {
+        return which == QAccessible::Value ? QString() : QAccessibleWidget::text(which);
+    }
+    QAccessible::State state() const override {
+        QAccessible::State now = QAccessibleWidget::state();
+        now.passwordEdit = now.editable = true;
+        return now;
+    }
+};
+
 // A line that only parts two groups of buttons is nothing to be told of.
 class NothingObject : public QAccessibleWidget {
 public:
@@ -241,6 +292,8 @@ QAccessibleInterface *MakeObject(const QString &, QObject *object) {
     QWidget *const widget = static_cast<QWidget *>(object);
     if (widget->parentWidget() == host.Frame->Stage) // where nothing else stands
         return new WindowObject(static_cast<ProgramWindow *>(widget));
+    if (widget->property(ReadToNobody).toBool())
+        return new SecretObject(widget);
     if (auto *combo = qobject_cast<QComboBox *>(widget))
         return new ComboObject(combo);
     if (widget->parentWidget() == host.Frame->Bar && widget->accessibleName().isEmpty())
@@ -269,10 +322,15 @@ void TellOther(const Spot &before, int spot) {
     const Spot &now = spots[spot];
     if (!SameName(before, now))
         Tell(now.Kind == SpotKind::Message ? QAccessible::Alert : QAccessible::NameChanged, spot);
-    if (before.On != now.On || before.Selected != now.Selected) {
+    if (HasValue(now.Kind) && before.Value != now.Value) {
+        QAccessibleValueChangeEvent event(ObjectOf(now.Where, IndexInWindow(spot)), now.Value);
+        SendSpeech(&event);
+    }
+    if (before.On != now.On || before.Selected != now.Selected || before.Disabled != now.Disabled) {
         QAccessible::State changed;
         changed.checked = before.On != now.On;
         changed.selected = before.Selected != now.Selected;
+        changed.disabled = before.Disabled != now.Disabled;
         QAccessibleStateChangeEvent event(ObjectOf(now.Where, IndexInWindow(spot)), changed);
         SendSpeech(&event);
     }
@@ -306,7 +364,7 @@ void TellChanges() {
         stale = true;
         return;
     }
-    const int count = spotCount, rowBefore = SelectedRow();
+    const int count = spotCount, focusBefore = FocusedSpot();
     std::copy(spots, spots + count, before);
     ReadSpots();
     const bool same = SamePlaces(before, count);
@@ -314,9 +372,10 @@ void TellChanges() {
         TellOther(before[i], i);
     if (!same)
         TellAnew();
-    const int row = SelectedRow();
-    if (row < 0 || (same && row == rowBefore && SameName(before[row], spots[row])))
+    const int focus = FocusedSpot();
+    if (focus < 0 || (same && focus == focusBefore && SameName(before[focus], spots[focus])))
         return;
-    Tell(QAccessible::Selection, row);
-    Tell(QAccessible::Focus, row);
+    if (spots[focus].Selected)
+        Tell(QAccessible::Selection, focus);
+    Tell(QAccessible::Focus, focus);
 }

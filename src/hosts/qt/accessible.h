@@ -2,6 +2,9 @@
 // an object with name, role, states and an action, beside the real controls.
 #pragma once
 
+// Property of a control of which nothing is told but that it is there.
+inline constexpr char ReadToNobody[] = "readToNobody";
+
 class QAccessibleEvent;
 
 // Once, before the first window.

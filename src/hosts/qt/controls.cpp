@@ -1,6 +1,7 @@
 // controls.h with the toolkit's own controls, children of the form's window. What the owner does is told after the
 // control has done its own work; what the program does tells nothing.
 #include "platform/controls.h"
+#include "hosts/qt/accessible.h"
 #include "hosts/qt/controls.h"
 #include "hosts/qt/date_box.h"
 #include "hosts/qt/delivery.h"
@@ -215,10 +216,12 @@ QWidget *MakeText(QWidget *parent, const FormControl &control) {
 QWidget *Make(QWidget *parent, const FormControl &control) {
     switch (control.Kind) {
     case ControlKind::Edit:
+    case ControlKind::Secret:
     case ControlKind::Number: {
         QLineEdit *const edit =
             control.Kind == ControlKind::Number ? new NumberLine(parent, control.Id) : new QLineEdit(parent);
         TellTexts(edit, control.Id);
+        edit->setProperty(ReadToNobody, control.Kind == ControlKind::Secret);
         return edit;
     }
     case ControlKind::MultiLine:

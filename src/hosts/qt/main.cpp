@@ -66,11 +66,29 @@ int ReadArguments(int count, char **words, Arguments *to) {
     return 1;
 }
 
+// Words in a column, broken where a line of 100 would be too short for the next one.
+void PrintWrapped(const QString &text) {
+    constexpr int Left = 34, Right = 100;
+    int at = Left;
+    for (const QString &word : text.split(QLatin1Char(' '))) {
+        const int length = static_cast<int>(word.size()) + 1;
+        if (at > Left && at + length > Right) {
+            printf("\n%*s", Left, "");
+            at = Left;
+        }
+        printf(" %s", qPrintable(word));
+        at += length;
+    }
+    printf("\n");
+}
+
 void ShowUsage() {
     fputs(Usage, stdout);
     fputs("\nKeys\n", stdout);
-    for (const KeyWords &row : KeyGuide)
-        printf("  %-20s %s\n", row.Keys, row.Does);
+    for (const KeyWords &row : KeyGuide) {
+        printf("  %-32s", row.Keys);
+        PrintWrapped(QString::fromUtf8(row.Does));
+    }
 }
 
 int DisplayNamed() {

@@ -1,0 +1,6 @@
+// What stands on the palette, in words.
+#pragma once
+
+#include "drawing/spots.h"
+
+void ListPaletteSpots(SpotList *list);
