@@ -164,7 +164,7 @@ int CopyBetween(int source, int target) {
     static char buffer[CopyBytes];
     const int64_t length = FileLength(source);
     if (length > 0 && Open[source].Disk >= 0 && Open[target].Disk >= 0 && !Open[target].InActions)
-        return DiskCopy(Open[source].Disk, Open[target].Disk, length);
+        return DiskCopy(Open[source].Disk, Open[target].Disk, 0, length);
     for (int64_t at = 0; at < length;) {
         const int64_t bytes = ReadFileAt(source, at, buffer, CopyBytes);
         if (bytes <= 0 || !WriteFileAt(target, at, buffer, bytes))
