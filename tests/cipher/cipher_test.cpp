@@ -129,10 +129,10 @@ struct Hooks : testing::TestWithParam<int> {
     // A record full of a pattern, with a text in it and an empty tail.
     static Bytes Record(FileKind kind) {
         Bytes record(static_cast<size_t>(RecordSize(kind)));
+        const auto *text = reinterpret_cast<const uint8_t *>(u"Savings account");
         for (int n = 0; n < PayloadSize(kind); ++n)
-            record[static_cast<size_t>(n)] = static_cast<uint8_t>(n % 8);
+            record[static_cast<size_t>(n)] = n >= 20 && n < 50 ? text[n - 20] : static_cast<uint8_t>(n % 8);
         record[0] = RecordVersion;
-        memcpy(&record[20], u"Savings account", 30);
         return record;
     }
 };
