@@ -1,4 +1,5 @@
 #include "care/migration.h"
+#include "platform/action.h"
 #include "platform/text.h"
 #include "records/fields.h"
 #include "state/error_log.h"
@@ -223,6 +224,20 @@ int ReadableToTheEnd(const char *path) {
     return length >= 0 && read == length;
 }
 
+// Within the action that runs, or as one of its own, which brings the directory with the first file: a machine that
+// reads nothing leaves none, which would hide the old data from the next start.
+int ConvertWhole(FileKind kind, const char *fileName) {
+    if (ActionRuns())
+        return ConvertFile(kind, fileName);
+    BeginAction();
+    ActionLeavesNoHistory();
+    const int made = DirectoryThere(DataDirectory) == 1 || MakeDirectory(DataDirectory);
+    if (made && ConvertFile(kind, fileName) && CommitAction())
+        return 1;
+    AbortAction();
+    return 0;
+}
+
 int CountUnreadable(FileKind, const char *fileName) {
     char path[PathRoom];
     OldPath(path, fileName);
@@ -324,9 +339,9 @@ int OldDataReadable() {
 int MigrateDataDirectory() {
     int converted = 0;
     for (const char *tag : AccountTags)
-        converted += ForEachTransactionFile(tag, ConvertFile);
+        converted += ForEachTransactionFile(tag, ConvertWhole);
     for (size_t kind = 0; kind < std::size(OldKinds); ++kind)
         if (OldKinds[kind].Name)
-            converted += ConvertFile(static_cast<FileKind>(kind), OldKinds[kind].Name);
+            converted += ConvertWhole(static_cast<FileKind>(kind), OldKinds[kind].Name);
     return converted;
 }

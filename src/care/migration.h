@@ -7,8 +7,9 @@
 // 1 when the older directory holds at least one file of the older generation; the error log alone is none.
 int OldDataThere();
 
-// Converts every file of the older directory into the data directory, which exists and is empty. Returns how many were
-// converted. A file that can't be read is reported and skipped, and the others go on.
+// Converts every file of the older directory into the data directory. Returns how many were converted. Within an action
+// the directory exists and is empty, and all of it or nothing is done; outside any, each file is one, a file that can't
+// be read is reported and skipped, and the directory comes with the first that can.
 int MigrateDataDirectory();
 
 // 1 when every old file can be read to its end. A failed read would refuse an action, so that with 0 the files are

@@ -1,4 +1,5 @@
 #include "care/pass_code.h"
+#include "cipher/hooks.h"
 #include "cipher/keys.h"
 #include "state/error_log.h"
 #include "store/catalogue.h"
@@ -35,7 +36,9 @@ int CheckRecordStands() {
         return 0;
     }
     ConfRecFile record;
-    const int there = ReadRecord(file, FileKind::Check, 1, &record);
+    // By hand: with a wrong code the record is not broken.
+    const int there = ReadFileAt(file, 0, &record, sizeof record) == sizeof record &&
+                      DecipherUnder(state.CurrentKey, FileKind::Check, &record);
     CloseFile(file);
     return there && HoldsCheckText(record);
 }

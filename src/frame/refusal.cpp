@@ -105,6 +105,16 @@ template <typename Words> void GiveUp(const Words &tell) {
     state.ShownUnread = unread;
 }
 
+constexpr struct {
+    FileKind Kind;
+    AddedLine Line;
+} BrokenLines[] = {
+    {FileKind::Notepad, AddedLine::BrokenInNotepad},   {FileKind::Accounts, AddedLine::BrokenInAccounts},
+    {FileKind::Recurring, AddedLine::BrokenInItems},   {FileKind::Templates, AddedLine::BrokenInTemplates},
+    {FileKind::Bin, AddedLine::BrokenInBin},           {FileKind::Categories, AddedLine::BrokenInCategories},
+    {FileKind::Conversions, AddedLine::BrokenInRates},
+};
+
 // The list or the account that a data file belongs to, as a line of its own.
 AddedLine PlaceOfFile(const char *name) {
     uint32_t accountID;
@@ -113,9 +123,13 @@ AddedLine PlaceOfFile(const char *name) {
             NameMessage(static_cast<int>(AddedLine::BrokenInAccount), AccountIdToName(accountID));
         return AddedLine::BrokenInAccount;
     }
-    const int kind = name[4] - '0';
-    return static_cast<AddedLine>(static_cast<int>(kind < 2 ? AddedLine::BrokenInNotepad : AddedLine::BrokenInItems) +
-                                  (kind < 2 ? kind : kind - static_cast<int>(FileKind::Recurring)));
+    for (const auto &[kind, line] : BrokenLines) {
+        char path[PathRoom];
+        DataPath(path, kind);
+        if (std::strcmp(std::strrchr(path, '\\') + 1, name) == 0)
+            return line;
+    }
+    return AddedLine::None;
 }
 
 // The file that holds the record, and that it has been told of.

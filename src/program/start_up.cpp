@@ -8,11 +8,11 @@
 #include "drawing/palette.h"
 #include "forms/due_items.h"
 #include "forms/pass_code.h"
-#include "frame/refusal.h"
 #include "frame/changes.h"
 #include "frame/command_bar.h"
 #include "frame/header.h"
 #include "frame/message_window.h"
+#include "frame/refusal.h"
 #include "frame/scroll.h"
 #include "ledger/account_window.h"
 #include "ledger/balance.h"
@@ -41,14 +41,15 @@ namespace {
 // --- Before the windows
 
 // Takes over the data of the generation before into the directory just made: all of it or nothing of it, as long as all
-// of it can be read.
+// of it can be read. When nothing comes over the data are refused, and the next start tries again.
 void TakeOverOldData() {
     const int whole = OldDataReadable();
     if (whole)
         BeginAction();
-    int made = MakeDirectory(DataDirectory);
+    int made = !whole || MakeDirectory(DataDirectory);
+    if (made)
+        made = MigrateDataDirectory() > 0 || whole;
     if (made) {
-        MigrateDataDirectory();
         CreateSampleData(FileKind::Check);
         char accounts[PathRoom];
         DataPath(accounts, FileKind::Accounts);
@@ -59,6 +60,10 @@ void TakeOverOldData() {
     if (whole)
         made = CommitAction() && made;
     state.Migrated = made == 1;
+    if (!made) {
+        state.DataUsable = 0;
+        state.Refusal = DataRefusal::Unreadable;
+    }
 }
 
 void MakeDirectories() {

@@ -33,9 +33,13 @@ enum class AddedLine : int16_t {
     PercentOfBars    = 432,
     Filtered         = 462,
     BrokenInAccount  = 561, // where the record is that can't be read
-    BrokenInNotepad  = 564, // of the lists, in the order of their files; the transactions have none
+    BrokenInNotepad  = 564,
     BrokenInAccounts = 565,
     BrokenInItems    = 566,
+    BrokenInTemplates = 567,
+    BrokenInBin      = 568,
+    BrokenInCategories = 569,
+    BrokenInRates    = 570,
 };
 
 // ORDER HELP

@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "platform/shell.h"
 #include "platform/text.h"
+#include "state/state.h"
 #include <cstdio>
 #include <cstring>
 
@@ -69,5 +70,5 @@ void TraceNarrow(const char *text) {
 
 void ReportDamagedRow(const char16_t *name) {
     Beep();
-    TraceWide(name);
+    TraceWide(state.CurrentKey == NoKey ? name : u""); // under a code no name goes into a plain file
 }

@@ -1,5 +1,6 @@
 #include "store/catalogue.h"
 #include "cipher/hooks.h"
+#include "platform/cipher.h"
 #include "state/error_log.h"
 #include "state/state.h"
 #include <cstdio>
@@ -110,7 +111,8 @@ int ReadRecord(int handle, FileKind kind, int32_t position, void *record, Broken
 }
 
 int IsBroken(const void *record) {
-    return state.CurrentKey != NoKey && *static_cast<const uint8_t *>(record) == 0;
+    return state.CurrentKey != NoKey && CipherOfKey(state.CurrentKey) == Cipher::Sealed &&
+           *static_cast<const uint8_t *>(record) == 0;
 }
 
 int32_t ReadRecords(int handle, FileKind kind, int32_t first, int32_t most, void *records, Broken then) {
@@ -127,8 +129,7 @@ int MayGo(int handle, FileKind kind, int32_t first, int32_t last) {
     alignas(8) uint8_t record[LargestRecord];
     const int size = RecordSize(kind);
     for (; state.CurrentKey != NoKey && first <= last; ++first)
-        if (ReadFileAt(handle, (first - int64_t{1}) * size, record, size) == size &&
-            !DecipherRecord(kind, record))
+        if (ReadFileAt(handle, (first - int64_t{1}) * size, record, size) == size && !DecipherRecord(kind, record))
             return 0;
     return 1;
 }

@@ -176,3 +176,24 @@ TEST_F(Migration, DamagedOldFilesDoNotStopTheRest) {
         }
     }
 }
+
+// A machine that stops reading in the middle may not leave a data directory that hides the old data for good.
+TEST_F(Migration, AStartThatCouldNotReadIsMadeUpForByTheNext) {
+    int met = 1, n = 1;
+    for (; met && n < 400; n += 1 + n / 6) {
+        SCOPED_TRACE(n);
+        fs::remove_all(root.DataFile(""));
+        WriteAll();
+        met = WithFailingDisk({.FailOnward = true, .FailRead = n}, [] {
+            static_cast<void>(StartProgram());
+            QuitProgram();
+        });
+        fs::remove(Old + "/ZentErrorLog.txt");
+        ASSERT_TRUE(StartProgram());
+        const auto accounts = RecordsIn<ARec>(root.DataFile("E1_01IND"));
+        EXPECT_EQ(accounts.empty() ? "" : Utf8(accounts[0].Name), "Purse");
+        QuitProgram();
+    }
+    EXPECT_GT(n, 20);
+    EXPECT_FALSE(met);
+}
