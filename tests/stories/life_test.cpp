@@ -7,6 +7,7 @@
 //     ZENTRIK_LIVES=37-37     the 37th alone
 #include "life.h"
 #include "resources/hub_keys.h"
+#include <span>
 
 using namespace stories;
 
@@ -133,12 +134,13 @@ protected:
         const uint32_t own = Own();
         const int count = int(Shown().size()), first = Once(4) ? 1 : 1 + Any(count),
                   last = std::min(count, first + Any(5));
-        const std::vector<TRec> rows(Shown().begin() + first - 1, Shown().begin() + last);
-        if (std::any_of(rows.begin(), rows.end(), [](const TRec &row) { return row.RowKind == ArchiveMarker; }))
+        const auto inRange = [&] { return std::span(Shown()).subspan(size_t(first) - 1, size_t(last - first) + 1); };
+        if (std::any_of(Shown().begin(), Shown().begin() + last,
+                        [](const TRec &row) { return row.RowKind == ArchiveMarker; }))
             return;
-        const auto change = [&](Books &all) {
+        const auto change = [&](Books &all) { // a Day marker may have moved since
             const Sums money = all.Money[own];
-            for (const TRec &row : rows)
+            for (const TRec &row : inRange())
                 all.Discard(own, row);
             if (Archived() && first == 1) // a Deleted marker keeps it
                 all.Money[own] = money;
