@@ -230,7 +230,6 @@ int ConvertWhole(FileKind kind, const char *fileName) {
     if (ActionRuns())
         return ConvertFile(kind, fileName);
     BeginAction();
-    ActionLeavesNoHistory();
     const int made = DirectoryThere(DataDirectory) == 1 || MakeDirectory(DataDirectory);
     if (made && ConvertFile(kind, fileName) && CommitAction())
         return 1;

@@ -121,6 +121,18 @@ TEST_F(AccountForm, AChangeOfKindKeepsTheRowsAndReadsThemAnew) {
     EXPECT_EQ(ReadBytes(root.DataFile("E1_01IND")), before);
 }
 
+TEST_F(AccountForm, LimitsAreWatchedInTheLiveRowsWhateverIsShown) {
+    ShowScreen(AccountList);
+    SendKey(Key::Header); // the archives
+    for (const char *most : {"100", "900"}) {
+        Modify(AccountList, 1);
+        Check(MaxCheck, true);
+        SetText(MaxField, most);
+        Tick();
+        EXPECT_EQ(Accounts()[0].BalanceInJeopardy, most[0] == '1');
+    }
+}
+
 TEST_F(AccountForm, ATotalMarkerHasANameAndNoKind) {
     state.SelectedPos[AccountList] = state.EntryCount[AccountList] + 1;
     ASSERT_TRUE(SendCommand(CommandInsertTotal));

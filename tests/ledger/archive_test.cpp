@@ -1,4 +1,5 @@
 // Old rows move away and back, and no balance moves with them.
+#include "ledger/entries.h"
 #include "ledger/ledger_test.h"
 
 namespace {
@@ -116,6 +117,44 @@ TEST_F(Ledger, ARowBeforeTheMarkerIsArchivedWithEveryBalance) {
     EXPECT_EQ(Balances(bank), balances);
 }
 
+// What stands in an archive counts through the live file's marker, and no longer when its owner deletes that.
+TEST_F(Ledger, AnArchiveCountsThroughItsMarkerOrNotAtAll) {
+    for (const uint32_t type : {+BankAccount, +ShareValue}) {
+        SCOPED_TRACE(type);
+        const int binned = static_cast<int>(Bin().size());
+        const uint32_t account = NewAccount(type, {{-9, "a", 1000}, {-8, "b", 1000, 2}, {-7, "c", 1000}});
+        const Place live = LiveRows(account), archive = RowsOf(account, View::Archive);
+        TRec row = RowOf({-20, "old", 1000, 4, 1});
+        ASSERT_GT(EnterEntry(archive, 0, &row), 0);
+        EXPECT_EQ(Rows(account)[0].RowKind, ArchiveMarker);
+        EXPECT_EQ(Rows(account)[3].RunTotal, IsShare(type) ? -8000 : 8000);
+        const std::string whole = Balances(account);
+        ASSERT_EQ(Archived(account, 2), 1);
+        EXPECT_EQ(Balances(account), whole);
+
+        ASSERT_EQ(DeleteToBin(live, 1), 1);
+        CalcTotals(live);
+        const std::string left = Balances(account);
+        const auto expectLeft = [&] {
+            CalcTotals(archive);
+            EXPECT_EQ(Balances(account), left);
+        };
+        expectLeft();
+        ASSERT_EQ(Archived(account, 1), 1);
+        expectLeft();
+        ASSERT_EQ(DeleteToBin(live, 1), 1);
+        CalcTotals(live);
+        ASSERT_EQ(Unarchived(account, 3), 1);
+        const int64_t sign = IsShare(type) ? -1 : 1;
+        EXPECT_EQ(Rows(account).back().RunTotal, sign * 1000); // c
+        // What the first marker stood for comes back as money: the archive has a marker again.
+        ASSERT_EQ(Restored(binned + 1), 1);
+        EXPECT_EQ(Rows(account).back().RunTotal, sign * 6000);
+        EXPECT_EQ(Rows(account)[0].RowKind, ArchiveMarker);
+        EXPECT_EQ(Rows(account)[1].RowKind, DeletedMarker);
+    }
+}
+
 TEST_F(Ledger, AShareAccountKeepsItsWorthThroughTheArchive) {
     const uint32_t shares = NewAccount(ShareValue, {{-9, "in", 1000000, 1, 1, EntryRow, 1},
                                                     {-8, "buy", 2500, 100, 1},
@@ -145,10 +184,10 @@ TEST_F(Ledger, AnArchiveCutInARecordIsContinuedBehindTheLastWholeOne) {
     std::vector<uint8_t> bytes = File(bank, true);
     bytes.resize(608 + 300);
     WriteBytes(Root.DataFile("E1_02R1"), bytes);
-    Fill(bank, {{-7, "c", 4000}, {-6, "d", 8000}});
-    ASSERT_EQ(Archived(bank, 1), 1);
+    Fill(bank, {{-9, "Archived", 1000, 1, 1, ArchiveMarker}, {-7, "c", 4000}, {-6, "d", 8000}});
+    ASSERT_EQ(Archived(bank, 2), 1);
     EXPECT_EQ(Names(bank, true), "a 1, c 5");
-    EXPECT_EQ(Names(bank), "Archived 4, d 12"); // the rows that stay keep theirs
+    EXPECT_EQ(Names(bank), "Archived 5, d 13");
     GoTo(bank, true);
     ASSERT_EQ(Unarchived(bank, 2), 1);
     EXPECT_EQ(Names(bank), "Archived 1, c 5, d 13");

@@ -133,6 +133,14 @@ TEST_F(Ledger, AnItemComesBackByItsDateAndAnAccountBehindTheLast) {
     EXPECT_EQ(Account(bank).Balance, 5000);
 }
 
+TEST_F(Ledger, ARestoredAccountHasTodaysBalance) {
+    const uint32_t bank = NewAccount(BankAccount, {{0, "now", 1000}, {3, "soon", 500}});
+    ASSERT_EQ(DeleteToBin(Place{AccountList}, IDtoRec(bank)), 1);
+    SetClock(2026, 3, 9);
+    ASSERT_GT(Restored(1), 0);
+    EXPECT_EQ(Account(bank).Balance, 1500);
+}
+
 TEST_F(Ledger, RowsOfNoListOrNoAccountStayInTheBin) {
     const uint32_t bank = NewAccount(BankAccount, {{-3, "a", 1000}});
     DeleteRecMem(1);
