@@ -69,8 +69,8 @@ TEST(Keys, EveryKeyOfTheTableIsSentAndNoOther) {
         {Qt::Key_Plus, Qt::KeypadModifier, "character +", "control 1002 Text"},
         {Qt::Key_K, Qt::ControlModifier, "hub 35", "hub 35"},
         {Qt::Key_F, Qt::ControlModifier, "key Find", ""},
-        {Qt::Key_Z, Qt::ControlModifier, "key Undo", ""},
-        {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, "key Redo", ""},
+        {Qt::Key_Z, Qt::ControlModifier, "key Undo", "control 1002 Text"},
+        {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, "key Redo", "control 1002 Text"},
         {Qt::Key_Return, Qt::ShiftModifier, "", "key TickAndNext"},
     };
     for (const auto &row : Keys) {

@@ -216,13 +216,20 @@ void TypeText(const char *text) {
         Stroke(QChar::fromLatin1(*text).toUpper().unicode(), Qt::NoModifier, QString(QLatin1Char(*text)));
 }
 
-// What stands on the screen now, menus and lists that are open included.
+// What stands on the screen now, menus and lists that are open included, also where they reach out of the device.
 int SavePicture(const QString &path) {
-    QPixmap picture = host.Frame->grab();
-    QPainter painter(&picture);
+    QList<QWidget *> windows = {host.Frame};
+    QRect whole = host.Frame->geometry();
     for (QWidget *window : QApplication::topLevelWidgets())
-        if (window != host.Frame && window->isVisible())
-            painter.drawPixmap(host.Frame->mapFromGlobal(window->geometry().topLeft()), window->grab());
+        if (window != host.Frame && window->isVisible()) {
+            windows.append(window);
+            whole |= window->geometry();
+        }
+    QPixmap picture(whole.size());
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    for (QWidget *window : windows)
+        painter.drawPixmap(window->geometry().topLeft() - whole.topLeft(), window->grab());
     painter.end();
     if (!picture.save(path)) {
         fprintf(stderr, "zentrik: can't write the picture %s\n", qPrintable(path));
