@@ -168,6 +168,7 @@ constexpr Form FormOf(int dialog) {
             .Changed = Changed,
             .Tapped = Tapped,
             .Decor = Decor,
+            .Title = [] { return Restores() ? u"Restore" : u"Backup"; },
             .Spoken = SpeakPath};
 }
 constexpr Form BackupForm = FormOf(BackupDialog), RestoreForm = FormOf(RestoreDialog);

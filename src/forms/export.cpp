@@ -104,7 +104,8 @@ constexpr Form ExportForm = {.Dialog = ExportDialog,
                              .Cross = nullptr,
                              .Changed = Changed,
                              .Tapped = TapChoice,
-                             .Decor = PaintChoices};
+                             .Decor = PaintChoices,
+                             .Title = [] { return u"Export"; }};
 
 } // namespace
 

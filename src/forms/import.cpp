@@ -238,7 +238,8 @@ constexpr Form ImportForm = {.Dialog = ImportDialog,
                              .Cross = nullptr,
                              .Changed = Changed,
                              .Tapped = TapChoice,
-                             .Decor = PaintChoices};
+                             .Decor = PaintChoices,
+                             .Title = [] { return u"Import"; }};
 
 } // namespace
 

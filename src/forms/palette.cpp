@@ -132,6 +132,7 @@ void PaintCone() {
     FillEllipse(HostWindow, {ConeBox.Left - 1, ConeBox.Top - 1, ConeBox.Right + 1, ConeBox.Bottom + 1}, Black, Black);
     PaintRim();
     PaintHues(ConeBox);
+    DrawEllipse(HostWindow, {ConeBox.Left - 1, ConeBox.Top - 1, ConeBox.Right + 1, ConeBox.Bottom + 1}, Black, 2);
     PaintMark();
 }
 

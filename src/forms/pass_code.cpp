@@ -66,11 +66,13 @@ void PaintCircle() {
             FillEllipse(PassWindow(), circle, EntryColour, Black);
         else if (state.CipherProgress > 0)
             PaintPiece(circle, 0, state.CipherProgress, EntryColour);
+        DrawEllipse(PassWindow(), circle, Black, 1);
         return;
     }
     FillEllipse(PassWindow(), circle, ground, Black);
     for (int n = 0; n <= state.FailedTries % MostTries; ++n)
         PaintPiece(circle, n * 100 / MostTries, (n + 1) * 100 / MostTries, sector);
+    DrawEllipse(PassWindow(), circle, Black, 1);
 }
 
 void PaintDigitCircles() {

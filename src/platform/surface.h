@@ -31,6 +31,8 @@ void FillRect(Window window, const Rect &box, Colour fill);
 void DrawPolyline(Window window, const Point *points, int count, Colour pen, int width = 1);
 void FillPolygon(Window window, const Point *points, int count, Colour fill, Colour outline);
 void FillEllipse(Window window, const Rect &box, Colour fill, Colour outline);
+// The outline alone, `width` pixels wide and within the box.
+void DrawEllipse(Window window, const Rect &box, Colour pen, int width);
 
 // One line of text, clipped to the box. `fit` 1 draws it narrower until it fits, so that no digit is ever cut.
 void PaintText(Window window, const char16_t *text, const Rect &box, Align align, Font font, Colour ink, int fit = 0);

@@ -282,6 +282,7 @@ void DrawPie() {
         }
         at = sector.End;
     }
+    DrawEllipse(ListWindow, rim, Rim, 2); // the corners of the sectors are whole pixels, the rim is smooth
     if (chosenFrom < chosenTo) {
         const Point sides[] = {pie.Outline[chosenFrom], pie.Middle, pie.Outline[chosenTo]};
         DrawPolyline(ListWindow, sides, 3, InkOn(EmptyPie), 2);

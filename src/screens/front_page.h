@@ -8,7 +8,7 @@
 
 // Where it stands in HostWindow: the name on the banner, the version, and what answers the stylus as tracker.
 inline constexpr Rect BannerBox = {0, 222, 212, 222 + 78}, NameBox = {50, 224, 180, 250},
-                      VersionBox = {86, 247, 206, 263},
+                      VersionBox = {86, 250, 206, 266},
                       TrackerBox = {BannerBox.Right, BannerBox.Top, ScreenWidth, BarTop - TitleHeight};
 
 // Shows the page before the data are read; its end is NextStep::LeaveFrontPage.

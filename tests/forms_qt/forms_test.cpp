@@ -11,14 +11,17 @@
 #include "resources/menus.h"
 #include "state/state.h"
 #include "store/windows.h"
+#include <QAbstractEventDispatcher>
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEventLoop>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <functional>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -543,6 +546,22 @@ TEST_P(Forms, AnAccountGoesOutAndComesInAgain) {
         EXPECT_EQ(state.DateOption, 1);
         Cross();
         EXPECT_EQ(state.EntryCount[TransactionList], 10);
+    });
+}
+
+TEST_P(Forms, AtRestNothingWakesTheProgram) {
+    Sitting([] {
+        constexpr int AfterTheLastWork = 1500, Watched = 500; // milliseconds
+        const auto wait = [](int milliseconds) {
+            QEventLoop loop;
+            QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+            loop.exec();
+        };
+        wait(AfterTheLastWork);
+        int woken = 0;
+        QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, [&] { ++woken; });
+        wait(Watched);
+        EXPECT_LE(woken, 4) << "by the clock at the most, and by this wait";
     });
 }
 

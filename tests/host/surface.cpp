@@ -250,7 +250,8 @@ void FillPolygon(Window window, const Point *points, int count, Colour fill, Col
     ForgetCovered(canvas);
 }
 
-void FillEllipse(Window window, const Rect &box, Colour fill, Colour outline) {
+// Without a fill the outline alone.
+static void PaintEllipse(Window window, const Rect &box, const Colour *fill, Colour outline, int width) {
     ++painted[window].Shapes;
     Canvas &canvas = CanvasOf(window);
     const double middleX = (box.Left + box.Right) / 2.0, middleY = (box.Top + box.Bottom) / 2.0;
@@ -259,11 +260,20 @@ void FillEllipse(Window window, const Rect &box, Colour fill, Colour outline) {
         const double up = (y + 0.5 - middleY) / halfHeight;
         const double across = halfWidth * std::sqrt(std::max(0.0, 1 - up * up));
         const int left = Clamped(std::lround(middleX - across)), right = Clamped(std::lround(middleX + across));
-        Paint(canvas, {left, y, right, y + 1}, y == box.Top || y == box.Bottom - 1 ? outline : fill);
-        Paint(canvas, {left, y, left + 1, y + 1}, outline);
-        Paint(canvas, {right - 1, y, right, y + 1}, outline);
+        const bool edge = y < box.Top + width || y >= box.Bottom - width;
+        if (edge || fill)
+            Paint(canvas, {left, y, right, y + 1}, edge ? outline : *fill);
+        Paint(canvas, {left, y, left + width, y + 1}, outline);
+        Paint(canvas, {right - width, y, right, y + 1}, outline);
     }
     ForgetCovered(canvas);
+}
+
+void FillEllipse(Window window, const Rect &box, Colour fill, Colour outline) {
+    PaintEllipse(window, box, &fill, outline, 1);
+}
+void DrawEllipse(Window window, const Rect &box, Colour pen, int width) {
+    PaintEllipse(window, box, nullptr, pen, width);
 }
 
 int TextWidth(const char16_t *text, Font font) {

@@ -173,7 +173,8 @@ public:
                 Field(painter, *option);
                 const QRect inside = option->rect.adjusted(Px(2), Px(2), -Px(2), -Px(2));
                 const int whole = std::max(1, bar->maximum - bar->minimum);
-                const int width = inside.width() * (bar->progress - bar->minimum) / whole;
+                const int done = std::max(0, bar->progress - bar->minimum); // a bar at rest stands before its start
+                const int width = inside.width() * done / whole;
                 painter->fillRect(inside.x(), inside.y(), width, inside.height(), QColor(style::Focus));
             }
             return;

@@ -220,6 +220,13 @@ void FillEllipse(Window window, const Rect &box, Colour fill, Colour outline) {
     PaintPath(window, path, ScaledPen(outline, 1), QColor(fill));
 }
 
+void DrawEllipse(Window window, const Rect &box, Colour pen, int width) {
+    const double inset = width * host.Factor / 2;
+    QPainterPath path;
+    path.addEllipse(QRectF(PixelBox(box)).adjusted(inset, inset, -inset, -inset));
+    PaintPath(window, path, ScaledPen(pen, width), Qt::NoBrush);
+}
+
 void PaintText(Window window, const char16_t *text, const Rect &box, Align align, Font font, Colour ink, int fit) {
     QImage *const image = ImageOf(window);
     const QRect pixels = PixelBox(box);

@@ -105,6 +105,9 @@ constexpr Step Steps[] = {
     Press(Qt::Key_F10), Press(Qt::Key_Return), Picture("notepad"), Press(Qt::Key_Escape),
     Press(Qt::Key_F10), Press(Qt::Key_Down), Press(Qt::Key_Right), Press(Qt::Key_Return), Picture("settings"),
     Press(Qt::Key_Escape),
+    Press(Qt::Key_F10), Press(Qt::Key_Down), Press(Qt::Key_Down), Press(Qt::Key_Right), Press(Qt::Key_Return), Type("12"),
+    Picture("pass-code"), Press(Qt::Key_F2), Picture("long-pass-code"), Press(Qt::Key_Escape),
+    Press(Qt::Key_F10), Press(Qt::Key_Right), Type("b"), Picture("backup"), Press(Qt::Key_Escape),
     Show(GraphList), Press(Qt::Key_Right), Picture("graph"), Tap(97, PlotY + 52), Picture("graph-point"),
     Tap(33, IconY), Picture("regression"),
     Tap(53, IconY), Picture("extrapolation"), Tap(83, PlotY + 12), Tap(189, PlotY + 12), Tap(130, PlotY + 12),
@@ -131,7 +134,8 @@ constexpr Step Steps[] = {
     Press(Qt::Key_Return, Qt::ControlModifier), Press(Qt::Key_F1),
     Press(Qt::Key_F10), Press(Qt::Key_Right), Press(Qt::Key_Down), Press(Qt::Key_Down), Press(Qt::Key_Return),
     Picture("import"), Tap(110, 61), Press(Qt::Key_Down), Press(Qt::Key_Down), Press(Qt::Key_Return),
-    Picture("import-of-the-export"), Press(Qt::Key_Return, Qt::ControlModifier), Picture("imported"), Press(Qt::Key_F1),
+    Press(Qt::Key_F2), Picture("import-of-the-export"), Press(Qt::Key_Return, Qt::ControlModifier), Picture("imported"),
+    Press(Qt::Key_Z, Qt::ControlModifier), Picture("taken-back"), Press(Qt::Key_F1),
     Tap(60, RowY(2)), Press(Qt::Key_F10), Press(Qt::Key_Right), Press(Qt::Key_Down), Press(Qt::Key_Down),
     Press(Qt::Key_Down), Press(Qt::Key_Down), Press(Qt::Key_Down), Press(Qt::Key_Right), Picture("archive-menu"),
     Press(Qt::Key_Return), Picture("archived"),
@@ -216,13 +220,20 @@ void TypeText(const char *text) {
         Stroke(QChar::fromLatin1(*text).toUpper().unicode(), Qt::NoModifier, QString(QLatin1Char(*text)));
 }
 
-// What stands on the screen now, menus and lists that are open included.
+// What stands on the screen now, menus and lists that are open included, also where they reach out of the device.
 int SavePicture(const QString &path) {
-    QPixmap picture = host.Frame->grab();
-    QPainter painter(&picture);
+    QList<QWidget *> windows = {host.Frame};
+    QRect whole = host.Frame->geometry();
     for (QWidget *window : QApplication::topLevelWidgets())
-        if (window != host.Frame && window->isVisible())
-            painter.drawPixmap(host.Frame->mapFromGlobal(window->geometry().topLeft()), window->grab());
+        if (window != host.Frame && window->isVisible()) {
+            windows.append(window);
+            whole |= window->geometry();
+        }
+    QPixmap picture(whole.size());
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    for (QWidget *window : windows)
+        painter.drawPixmap(window->geometry().topLeft() - whole.topLeft(), window->grab());
     painter.end();
     if (!picture.save(path)) {
         fprintf(stderr, "zentrik: can't write the picture %s\n", qPrintable(path));
