@@ -8,7 +8,7 @@ namespace {
 
 constexpr uint32_t HeadMark = 0x4A31455A, RecordMark = 0x5231455A; // "ZE1J", "ZE1R"
 constexpr int64_t HeadDistance = 4096, FirstRecord = 2 * HeadDistance;
-constexpr int64_t RecordBytes = 256 * 1024;
+constexpr int64_t RecordBytes = 1 << 20; // an action of no more is applied from the memory it was written from
 // Written with zeros before it is used, so that a sync of small actions has no lengths or blocks of the file to write.
 constexpr int64_t PreparedStep = 256 * 1024;
 constexpr uint64_t Generation = uint64_t{1} << 32; // of numbers: one for each time the journal was read
