@@ -198,7 +198,7 @@ ArchiveResult Archive(uint32_t accountID, int32_t position, ProgressTeller tell)
         CopyRows<Copying>(account.Live, 1, position, account.Archive, before + 1, ChooseRow, &copying);
     if (copied == 0 && before == 0) { // markers alone are nothing to archive
         CloseAccount(account);
-        return ArchiveResult::Refused;
+        return ArchiveResult::NotYet;
     }
     int done = copied >= 0;
     if (done && OutOfOrder(account, copying, before))

@@ -7,7 +7,7 @@
 inline constexpr int32_t ShowProgressFrom = 11; // rows; a smaller job is silent
 
 // Refused: no such account, a filter hides rows of it, nothing to do, or the disk (then the action is refused too).
-// NotYet: no row up to the position is dated up to today.
+// NotYet: no entry up to the position is dated up to today.
 enum class ArchiveResult : uint8_t { Refused, NotYet, Done };
 
 // Archives rows 1 to `position` of an account's live file, but none from the first one dated after today on, so that

@@ -290,11 +290,31 @@ TEST_F(TransactionForm, AnEntryChangedKeepsItsPartnerAndMakesNoCounterEntry) {
     New(TransactionList);
     ASSERT_TRUE(Choose(TitleField, "Standing"));
     Cross();
+    EXPECT_EQ(state.FormTransfer, 0U);
     note("noted once more", savings, 5);
     for (const TRec &row : Rows(savings))
         EXPECT_EQ(Fields(row, "FITID"), "") << "the bank's identity is the row's own";
     EXPECT_EQ(Fields(Row("Move"), "FITID"), "bank 77");
     EXPECT_EQ(Accounts().back().Balance, 25000); // 10 and 20 came, 5 went, each once
+}
+
+TEST_F(TransactionForm, APickedPartnerEndsWithTheEntryItWasPickedFor) {
+    const uint32_t savings = MakeAccount("Savings", BankRow);
+    New(TemplateList);
+    Fill({{TitleField, "Standing"}, {WholeField, "5"}, {TransferField, "Savings"}});
+    Tick();
+    ShowAccount(purse);
+    MakeEntry("a", "1", true);
+    ModifyEntry("a");
+    ASSERT_TRUE(Choose(TitleField, "Standing"));
+    TapPart(DownItem);
+    TapPart(DuplicateItem);
+    Tick();
+    SendCommand(CommandInsertReconcile);
+    ASSERT_EQ(form.Resource, 149);
+    state.FormTransfer = savings; // a statement's balance has none
+    Tick();
+    EXPECT_EQ(Entries(savings), "Opening balance,Monday");
 }
 
 TEST_F(TransactionForm, CashStaysCash) {
@@ -410,6 +430,38 @@ TEST_F(TransactionForm, AListKeepsItsOwnersOrder) {
     SetText(TitleField, "copy");
     Tick();
     EXPECT_EQ(Entries(list), "Opening balance,copy,a,b");
+}
+
+TEST_F(TransactionForm, AnArrowOverAFilterLiftsItAndSavesTheEntry) {
+    MakeEntry("a", "1", true);
+    MakeEntry("b", "2", true);
+    state.SelectedPos[TransactionList] = 2;
+    ASSERT_TRUE(SendCommand(ExcludeName));
+    Modify(TransactionList, 2);
+    SetText(WholeField, "7");
+    TapPart(UpItem);
+    EXPECT_EQ(state.FilterShown, 0U);
+    EXPECT_EQ(ControlText(TitleField), "a");
+    Cross();
+    EXPECT_EQ(Fields(Row("a"), "Value RunTotal"), "1000, 1000");
+    EXPECT_EQ(Fields(Row("b"), "Value RunTotal"), "7000, 8000");
+}
+
+TEST_F(TransactionForm, ADeletedCategoryGoesWithATemplateThatHasOne) {
+    New(TemplateList);
+    Fill({{TitleField, "Bread"}, {TextField, "daily"}});
+    Choose(CategoryField, 1);
+    Tick();
+    ShowAccount(purse);
+    MakeEntry("a", "1", true);
+    TRec row = Row("a");
+    row.CatID = 77777;
+    PutRow(PositionOf("a"), row);
+    ModifyEntry("a");
+    ASSERT_EQ(ControlText(CategoryField), "category deleted");
+    const size_t items = ControlItems(CategoryField).size();
+    ASSERT_TRUE(Choose(TitleField, "Bread"));
+    EXPECT_EQ(ControlItems(CategoryField).size(), items - 1);
 }
 
 TEST_F(TransactionForm, ATickOverAFilterLiftsItAndSavesTheEntry) {

@@ -1,7 +1,9 @@
 // A statement's balance finds the entries that explain it.
 #include "host/fuzz.h"
+#include "ledger/entries.h"
 #include "ledger/ledger_test.h"
 #include "ledger/reconcile.h"
+#include <functional>
 
 namespace {
 
@@ -95,4 +97,34 @@ TEST_F(Ledger, AnAppliedSolutionIsReconciled) {
     EXPECT_EQ(Selected(), "2 ");
     Put(bank, {-9, "older", 1000});
     EXPECT_EQ(Selected(), "");
+}
+
+// A solution and a range half chosen are of the rows as they stood.
+TEST_F(Ledger, FindingsEndWithAnyChangeOfTheRows) {
+    const uint32_t bank = NewAccount(BankAccount, {{-3, "a", 5000}, {-2, "b", 3000}, {-1, "c", 2000}});
+    const Place live = LiveRows(bank);
+    const TRec row = RowOf({-1, "d", 1000});
+    const struct {
+        const char *What;
+        bool KeepsRange;
+        std::function<int()> Do;
+    } changes[] = {
+        {"a row changed", true, [&] { return ChangeRecord(live, 1, row); }},
+        {"a row added", false, [&] { return AddRecord(live, 1, row) > 0; }},
+        {"a row removed", false, [&] { return RemoveRecord(live, 1); }},
+        {"a row moved", false, [&] { return MoveRecord(live, 1, 3) > 0; }},
+        {"entries posted", false, [&] { return QueueEntry(live, row) && PlaceQueuedEntries(); }},
+        {"archived", false, [&] { return Archived(bank, 1); }},
+        {"unarchived", false, [&] { return Unarchived(bank, 1); }},
+    };
+    for (const auto &change : changes) {
+        SCOPED_TRACE(change.What);
+        RunReconcile(live, Account(bank).ClearedBalance);
+        ASSERT_EQ(state.ReconcileState, ReconcileStep::Solved);
+        state.RangeStart = 2;
+        state.RangeStartPlace = live;
+        EXPECT_EQ(change.Do(), 1);
+        EXPECT_EQ(state.ReconcileState, ReconcileStep::Idle);
+        EXPECT_EQ(state.RangeStartPlace.List == NoList && state.RangeStart == 0, !change.KeepsRange);
+    }
 }

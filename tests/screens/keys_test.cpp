@@ -132,6 +132,17 @@ TEST_F(Device, ArchiveAndUnarchiveKeepEveryBalance) {
     EXPECT_EQ(Accounts()[0].Balance, 516000);
 }
 
+TEST_F(Device, WhatIsStillToComeIsNotArchivedAndTheOwnerHearsIt) {
+    SetClock(2026, 1, 2);
+    OpenRow(1);
+    TapRow(2);
+    machine.Beeps = 0;
+    ASSERT_TRUE(SendCommand(CommandArchive));
+    EXPECT_GT(machine.Beeps, 0);
+    EXPECT_EQ(Ids(), "0,542,543,0,0,0");
+    EXPECT_EQ(Names<TRec>("E1_02R1"), "");
+}
+
 TEST_F(Device, ABigArchiveShowsItsProgressAndClosesItself) {
     OpenRow(1);
     for (int i = 0; i < 12; ++i)

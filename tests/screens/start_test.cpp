@@ -61,6 +61,19 @@ TEST(Start, ATabThatShowsNothingNewWritesNothing) {
         }
 }
 
+TEST_F(Device, AnOwnerWhoseAccountsLieInTheBinIsNoNewOne) {
+    ShowScreen(AccountList);
+    for (int n = 0; n < 3; ++n) {
+        state.SelectedPos[AccountList] = 1;
+        SendKey(Key::Delete);
+    }
+    QuitProgram();
+    ASSERT_TRUE(StartProgram());
+    EXPECT_EQ(AccountNames(), "");
+    EXPECT_EQ(Rows().size(), 5U);
+    EXPECT_EQ(state.DataUsable, 1U);
+}
+
 TEST(Start, DataThatCanNotBeUsedAreRefusedInWordsAndLeftAlone) {
     static constexpr char Future[] = "Warning! | Wrong (future) version data | Can't use xx_Data directory | "
                                      "To exit Help mode, tap the eyes below";
