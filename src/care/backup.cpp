@@ -143,7 +143,6 @@ int ReplaceData(const char *backup, CopyTeller tell) {
 // One action: until it is committed, the data stand as they were; from then on they are the restored ones.
 CopyResult RestoreAll(const char *backup, CopyTeller tell) {
     BeginAction();
-    ActionLeavesNoHistory();
     if (!ReplaceData(backup, tell)) {
         AbortAction();
         return CopyResult::Unwritten;
@@ -206,7 +205,6 @@ int FinishRestore() {
     if (DirectoryThere(TransferDirectory) != 1 || CountFiles(TransferDirectory) < FewestFiles)
         return 0;
     BeginAction();
-    ActionLeavesNoHistory();
     const int moved = MakeDirectory(DataDirectory) && CopyFiles(TransferDirectory, DataDirectory, [](int) {}) &&
                       DeleteDirectory(TransferDirectory);
     if (!moved)

@@ -156,7 +156,6 @@ int IsCodeInForce(const char16_t *text) {
 // Outside any action; is one.
 KeyChange ChangeAll(Change *change, int on, const uint8_t *salt) {
     BeginAction();
-    ActionLeavesNoHistory();
     RekeyAll(change);
     if (change->Result == KeyChange::Done && !WriteSettings(on, salt))
         change->Result = KeyChange::Unwritten;

@@ -101,6 +101,7 @@ int ClearFilters() {
         selection = static_cast<int32_t>(std::min<uint32_t>(row.ParentRow, INT32_MAX));
     if (!RemoveFilterFiles())
         return 0;
+    NameDeed(Deed::Unfiltered);
     const uint32_t wasShown = state.FilterView;
     state.FilterView = state.FilterShown = 0;
     std::fill_n(state.AccFiltered, MostRows + 1, uint8_t{0});

@@ -18,7 +18,6 @@ struct Shown {
     int32_t TopPos[ScreenCount + 1], SelectedPos[ScreenCount + 1];
 };
 Shown noted;
-bool named; // the action that runs
 
 void FindAccountAgain() {
     const int32_t position = IDtoRec(noted.AccountID);
@@ -39,17 +38,10 @@ void HoldInside(int list) {
 } // namespace
 
 void NameDeed(Deed deed) {
-    named = true;
     NameAction(static_cast<int>(deed));
 }
 
-void KeepNamedDeed() {
-    if (!named)
-        ActionLeavesNoHistory();
-}
-
 void NoteShown() {
-    named = false;
     noted.CurrentScreen = state.CurrentScreen;
     noted.AccountID = state.CurAccount.ID;
     std::copy(std::begin(state.TopPos), std::end(state.TopPos), noted.TopPos);
@@ -84,7 +76,6 @@ void ReloadShown() {
 }
 
 int FinishAction() {
-    KeepNamedDeed();
     if (!CommitAction()) {
         GiveActionUp();
         return 0;
@@ -101,7 +92,6 @@ void GiveActionUp() {
 void GiveActionUp(Help help) {
     AbortAction();
     BeginAction();
-    named = false;
     ReloadShown();
     if (state.ActiveDialog == NoDialog && state.FileAccessReady) {
         SetGreys(state.CurrentScreen);

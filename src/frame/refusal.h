@@ -9,8 +9,6 @@ enum class Deed : uint8_t; // resources/deeds.h
 // Says what the action that runs is, for whoever takes it back. The last word holds. What nobody names has only looked
 // (a file that came to be, the marker of today, totals of a new day): nobody expects an undo to take that back.
 void NameDeed(Deed deed);
-// Before the action is committed: keeps it for the undo when it has a name.
-void KeepNamedDeed();
 
 // Notes where the owner is: screen, account and positions. At the begin of each action that an owner's event
 // starts.

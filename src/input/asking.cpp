@@ -1,5 +1,5 @@
-// A question before what can't be taken back: the command is told in the message window, and done when it comes again.
-// Anything else that the owner does meanwhile is a no.
+// A question before what leaves the bin for good: the command is told in the message window, and done when it comes
+// again. Anything else that the owner does meanwhile is a no.
 #include "input/asking.h"
 #include "frame/message_window.h"
 #include "platform/shell.h"

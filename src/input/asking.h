@@ -1,10 +1,10 @@
-// A question before what can't be taken back, and what the owner must see.
+// A question before what leaves the bin for good, and what the owner must see.
 #pragma once
 
 #include "platform/event.h"
 #include "resources/help_lines.h"
 
-// 1 when the command, which can't be taken back, came a second time; else the owner has been asked.
+// 1 when the command, which takes what stands in the bin for good, came a second time; else the owner has been asked.
 int Confirmed(int command);
 // Says something that the owner must see: the message window is open until he does the next thing.
 void Tell(Help help, AddedLine added);

@@ -55,7 +55,6 @@ void ReleaseEdge() {
     state.ColumnDragScreen = 0;
     state.ColumnGrab = 0;
     state.ColumnRepaintGate = 1;
-    ActionLeavesNoHistory(); // it only concerns how things look
     if (screen == TransactionList && state.CurrentScreen == TransactionList)
         KeepAccountEdges();
     else if (screen == state.CurrentScreen)

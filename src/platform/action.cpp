@@ -13,7 +13,6 @@ struct Running {
     int Begun;
     ActionRefusal Refusal;
     int Label;
-    Keeping Kept;
 };
 Running action;
 uint32_t Number;
@@ -50,17 +49,19 @@ int ReserveRoom() {
 
 constexpr int64_t PieceBytes = 16384;
 
-void KeepBytes(OverlayFile *file, int64_t from, int64_t end) {
+// 0: they can't be read, and an action that can't be taken back any more is none that should be done.
+int KeepBytes(OverlayFile *file, int64_t from, int64_t end) {
     static uint8_t piece[PieceBytes];
     while (from < end) {
         const int64_t bytes = end - from < PieceBytes ? end - from : PieceBytes;
         if (OverlayDisk(file) < 0 || DiskRead(file->Disk, from, piece, bytes) != bytes) {
-            KeepNothing();
-            return;
+            RefuseActionFor(ReadRefused);
+            return 0;
         }
         KeepReplaced({Change::Write, file->Path, from, piece, bytes});
         from += bytes;
     }
+    return 1;
 }
 
 int KeepPage(OverlayFile *file, const PageChange &change) {
@@ -71,25 +72,25 @@ int KeepPage(OverlayFile *file, const PageChange &change) {
     return 1;
 }
 
-void KeepFile(OverlayFile *file) {
+int KeepFile(OverlayFile *file) {
     if (file->Shadow) {
         KeepNothing();
-        return;
+        return 1;
     }
     if (file->OnDisk == Stands::Nothing) {
         if (file->Now == Stands::File)
             KeepReplaced({Change::Delete, file->Path, 0, nullptr, 0});
-        return;
+        return 1;
     }
     if (file->Emptied) {
         KeepReplaced({Change::Empty, file->Path, 0, nullptr, 0});
-        KeepBytes(file, 0, file->DiskLength);
-        return;
+        return KeepBytes(file, 0, file->DiskLength);
     }
     if (file->Length != file->DiskLength || file->BaseLength != file->DiskLength) {
         KeepReplaced({Change::Length, file->Path, file->DiskLength, nullptr, 0});
-        KeepBytes(file, file->BaseLength, file->DiskLength);
+        return KeepBytes(file, file->BaseLength, file->DiskLength);
     }
+    return 1;
 }
 
 // --- Into the journal
@@ -100,7 +101,8 @@ int AppendPage(OverlayFile *file, const PageChange &change) {
 }
 
 int AppendFile(OverlayFile *file) {
-    KeepFile(file);
+    if (!KeepFile(file))
+        return 0;
     const auto append = [file](Change what, int64_t offset) {
         return AppendChange({what, file->Path, offset, nullptr, 0});
     };
@@ -208,7 +210,7 @@ int CommitAction() {
     }
     int anything = 0;
     const int alone = OverlayStandsAlone();
-    BeginKeeping(action.Kept);
+    BeginKeeping(action.Label ? Keeping::Kept : Keeping::Silent);
     if (!WriteAction(&anything)) {
         EndKeeping(0, 0);
         RefuseActionFor(WriteRefused);
@@ -263,8 +265,4 @@ int ActionChanged() {
 
 void NameAction(int label) {
     action.Label = label;
-}
-
-void ActionLeavesNoHistory() {
-    action.Kept = Keeping::Silent;
 }

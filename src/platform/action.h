@@ -50,7 +50,6 @@ uint32_t ActionNumber();
 // 1 when the action that runs has changed anything.
 int ActionChanged();
 
-// A small number that says what the action was, for whoever offers to undo it; 0 at its begin.
+// A small number that says what the action was, for whoever offers to undo it. 0 at its begin: an action that nobody
+// names, as what the program does by itself or what only concerns how things look, is not kept for the undo.
 void NameAction(int label);
-// The action is not kept for the undo: what the program does by itself, or what only concerns how things look.
-void ActionLeavesNoHistory();

@@ -1,7 +1,7 @@
 // The bytes that the last actions replaced, kept in memory for the run of the program: the undo.
 //
 // Kept are 100 actions, or 16 MB of what they replaced. An action that is larger than that empties the history, and so
-// does one that leaves no history (platform/action.h) but changes bytes that a kept action has changed as well:
+// does one without a name (platform/action.h) that changes bytes that a kept action has changed as well:
 // otherwise an undo would take away what nobody undid.
 #pragma once
 

@@ -30,7 +30,6 @@ void HandleEvent(const Event &event) {
     BeginAction();
     NoteShown();
     WndProc(event);
-    KeepNamedDeed();
     if (!CommitAction()) {
         GiveActionUp();
         AbortAction(); // what the reading anew would set right waits for a machine that takes it

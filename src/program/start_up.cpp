@@ -42,10 +42,8 @@ namespace {
 // of it can be read.
 void TakeOverOldData() {
     const int whole = OldDataReadable();
-    if (whole) {
+    if (whole)
         BeginAction();
-        ActionLeavesNoHistory();
-    }
     int made = MakeDirectory(DataDirectory);
     if (made) {
         MigrateDataDirectory();
@@ -88,12 +86,6 @@ void TakeData() {
                                    : DataRefusal::Unrecovered;
     TellTerminal(locked == 0 ? "zentrik: another program uses the data"
                              : "zentrik: the data can't be taken for this program alone, or the journal not applied");
-}
-
-// The start is several actions, none of which an undo takes back.
-void BeginStep() {
-    BeginAction();
-    ActionLeavesNoHistory();
 }
 
 void AskForNames() {
@@ -139,7 +131,7 @@ int NextAction() {
     const int done = CommitAction();
     if (!done && ActionRefused() == ReadRefused && state.DataUsable)
         RefuseData(DataRefusal::Unreadable);
-    BeginStep();
+    BeginAction();
     return done;
 }
 
@@ -310,7 +302,7 @@ int StartUp() {
     SetPaintProcedures();
     TakeData();
     MakeDataDirectory();
-    BeginStep();
+    BeginAction();
     DefaultPalette();
     AskForNames();
     if (!CreateWindows()) {
@@ -333,7 +325,7 @@ int StartUp() {
 void GoOnFromPage() {
     state.Next = NextStep::None;
     if (!ActionRuns())
-        BeginStep();
+        BeginAction();
     OpenGate();
     static_cast<void>(CommitAction()); // what showing wrote is written again when it is needed
     static_cast<void>(LockFiles());    // with the data directory, which may be this start's
@@ -347,7 +339,7 @@ void StartAgain() {
     AskForNames();
     if (helped)
         OpenMessageWindow();
-    BeginStep();
+    BeginAction();
     ReadSettings();
     static_cast<void>(NextAction());
     OpenGate();
@@ -356,13 +348,13 @@ void StartAgain() {
 
 void LoadData() {
     state.Next = NextStep::None;
-    BeginStep();
+    BeginAction();
     ShowData();
     static_cast<void>(CommitAction());
 }
 
 void ShutDown(int keepFilters) {
-    BeginStep();
+    BeginAction();
     if (state.DataUsable) {
         if (!keepFilters && state.FileAccessReady) // behind the gate of the pass code no records are touched
             ClearFilters();

@@ -7,10 +7,12 @@
 #include "frame/changes.h"
 #include "frame/form.h"
 #include "frame/header.h"
+#include "frame/refusal.h"
 #include "frame/shown.h"
 #include "ledger/reconcile.h"
 #include "ledger/recurring.h"
 #include "platform/text.h"
+#include "resources/deeds.h"
 #include "screens/list_screen.h"
 #include "screens/screens.h"
 #include "screens/transactions.h"
@@ -330,6 +332,7 @@ bool HubWrite(FixedAmount value) {
     if (state.OpenedForm && !state.HubPicking)
         return FormHasAmount() && PutIntoForm(value);
     const HubSource &source = SourceShown();
+    NameDeed(Deed::Changed); // or the end of a filter, when there is one
     const bool written = source.Write && source.Write(value);
     if (written)
         ShowWritten();
@@ -353,6 +356,7 @@ int AddReconcileEntry() {
     const int32_t position = CpDates(row.Date, row.Rank);
     if (!AddRecFile(state.CurAccount.ID, position, &row, 0))
         return 0;
+    NameDeed(Deed::Added);
     state.SelectedPos[TransactionList] = position;
     RecomputeBalances();
     LoadShownRows(SetRecPosition(position, state.EntryCount[TransactionList]));

@@ -164,17 +164,17 @@ TEST_F(Actions, AreTakenBackAndDoneAgain) {
     }
     EXPECT_FALSE(RedoAction());
     ASSERT_TRUE(UndoAction());
-    // What leaves no history lets the others stand, unless it changed the same.
+    // What has no name lets the others stand, unless it changed the same.
     const int count = HistoryCount();
     for (const char *name : {"other", "b"}) {
-        ASSERT_TRUE(AsAction([&] {
-            ActionLeavesNoHistory();
-            EXPECT_TRUE(Put(name, 0, "silent"));
-        }));
+        ASSERT_TRUE(Put(name, 0, "silent"));
         EXPECT_EQ(HistoryCount(), name[0] == 'o' ? count : 0);
     }
     for (int n = 0; n < 150; ++n)
-        ASSERT_TRUE(Put("a", n, "."));
+        ASSERT_TRUE(AsAction([n] {
+            NameAction(1);
+            EXPECT_TRUE(Put("a", n, "."));
+        }));
     EXPECT_EQ(HistoryCount(), 100);
 }
 

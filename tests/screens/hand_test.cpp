@@ -1,4 +1,4 @@
-// What makes the program easy in the hand: search by typing, questions before what can't be taken back, rows that come
+// What makes the program easy in the hand: search by typing, questions before what leaves the bin for good, rows that come
 // into view before anything happens to them, columns that stay as they were drawn, the next entry of a pile.
 #include "frame/changes.h"
 #include "frame/shown.h"
@@ -115,7 +115,7 @@ TEST_F(Device, ARowOutOfViewComesIntoViewBeforeAnythingHappensToIt) {
     }
 }
 
-TEST_F(Device, WhatCanNotBeTakenBackIsAskedOnce) {
+TEST_F(Device, WhatLeavesTheBinForGoodIsAskedOnce) {
     ShowScreen(TemplateList);
     for (int n = 0; n < 3; ++n) {
         TapRow(1);

@@ -125,9 +125,9 @@ TEST_F(Device, EveryPlaceOfHeaderAndTitlesExplainsItself) {
                  {3, 173, 50, "64,65,66,67,56,0"},
                  {1, 30, 30, "71,72,74,0,75,76", Archived},
                  {1, 60, 30, "0,0,81,80,0,0", Archived},
-                 {1, 144, 50, "0,465,0,80,0,0", References},
-                 {1, 156, 50, "68,69,70,56,0,209", OnlyReconciled},
-                 {1, 156, 50, "64,65,66,67,56,0", Archived},
+                 {1, 144, 60, "0,465,0,80,0,0", References},
+                 {1, 156, 60, "68,69,70,56,0,209", OnlyReconciled},
+                 {1, 156, 60, "64,65,66,67,56,0", Archived},
                  {2, 189, 50, "0,68,69,70,56,0", OnlyReconciled},
                  {3, 124, 50, "0,228,0,0,0,0", OnlyReconciled},
                  {3, 173, 50, "68,69,70,56,0,0", OnlyReconciled}};

@@ -2,6 +2,7 @@
 #include "host/device.h"
 #include "platform/history.h"
 #include "resources/deeds.h"
+#include "resources/hub_keys.h"
 #include "state/messages.h"
 #include <functional>
 
@@ -19,18 +20,16 @@ bool Ticks(int id, const char *text) {
     const bool typed = SetText(id, text);
     return SendCommand(CommandTick) && typed;
 }
-// 1 January 2026 as a first date: due at once.
+// An item that is due since yesterday, on a day whose marker stands already.
 void MakeDue() {
+    SetClock(2026, 4, 2);
+    ShowScreen(TransactionList);
     ShowScreen(RecurringList);
     SendCommand(CommandNew);
     SetText(TitleField, "Rent due");
     Choose(AccountField, 1);
     SetDate(DateField, 2026, 4, 1);
     SendCommand(CommandTick);
-    ShowScreen(AccountList);
-    SetClock(2026, 4, 2);
-    ShowScreen(TransactionList); // the marker of today follows
-    ShowScreen(AccountList);
 }
 
 struct Step {
@@ -54,6 +53,26 @@ const Step Steps[] = {
      [] { Ticks(WholeField, "77"); }},
     {Deed::Deleted, "what was deleted", [] { Select(TransactionList, 2); }, [] { SendKey(Key::Delete); }},
     {Deed::Stroked, "the mark of a reconciled entry", [] { Select(TransactionList, 2); }, [] { SendKey(Key::Stroke); }},
+    {Deed::Changed, "a change of an entry",
+     [] {
+         Select(TransactionList, 2);
+         SendCommand(CommandHub);
+         state.CalcX = -9500;
+         state.CalcLine = LineXKey;
+     },
+     [] {
+         SendKey(static_cast<Key>(static_cast<int>(Key::HubKeys) + WriteKey));
+         SendKey(Key::Escape);
+     }},
+    {Deed::Added, "a new entry",
+     [] {
+         SendCommand(CommandHub);
+         Select(TransactionList, state.EntryCount[TransactionList] + 1);
+     },
+     [] {
+         SendKey(Key::Stroke); // with the hub open there is no form
+         SendKey(Key::Escape);
+     }},
     {Deed::Sent, "what went to another list", [] { Select(TransactionList, 1); }, [] { SendKey(Key::Drop5); }},
     {Deed::Marked, "a marker", [] { Select(TransactionList, 1); }, [] { SendCommand(CommandInsertDay); }},
     {Deed::Filtered, "the filter", [] { Select(TransactionList, 2); }, [] { SendCommand(ExcludeName); }},
@@ -94,11 +113,12 @@ const Step Steps[] = {
          EXPECT_TRUE(Check(FrontPageCheck, !state.ShowFrontPage));
          SendCommand(CommandTick);
      }},
-    {Deed::Posted, "what the recurring items posted", MakeDue, [] { ShowScreen(RecurringList); }},
+    {Deed::Posted, "what the recurring items posted", MakeDue, [] { ShowScreen(AccountList); }},
 };
 
 class Undo : public Device {
 protected:
+    Undo() { ForgetHistory(); } // what the fixture wrote is nobody's deed
     Files Now() const { return Snapshot(root.Path()); }
     std::string Said() const {
         std::string said;
