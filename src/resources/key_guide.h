@@ -16,7 +16,7 @@ inline constexpr KeyWords KeyGuide[] = {
     {"Ctrl+N, Ctrl+M",                 "a new entry; change the selected one"},
     {"Space",                          "the stroke on the selected row"},
     {"Delete",                         "the selected row to the bin; a row out of view first comes into view, as with Space"},
-    {"Ctrl+Z, Ctrl+Shift+Z",           "takes back the last change and says what it was; does it again; back to the start of the program"},
+    {"Ctrl+Z, Ctrl+Shift+Z",           "takes back the last change and says what it was; does it again; up to 100 changes of this run of the program"},
     {"Ctrl+F",                         "search: what is typed goes to the next row whose title, reference or amount holds it; Enter the next, Escape back"},
     {"Ctrl+Up, Ctrl+Down",             "moves the selected row, where rows can be moved; in a form the entry before and after"},
     {"Alt+1 to Alt+8",                 "takes the selected row to that tab: into the bin and out of it, to the templates, to the categories"},
