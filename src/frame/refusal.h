@@ -30,6 +30,6 @@ void ReloadShown();
 void GiveActionUp();
 // The same, told by lines of the caller's own: the trouble was with a file of the owner's, not with the records.
 void GiveActionUp(Help help);
-// GiveActionUp at the end of an event. A form that the event opened closes again: its lists may not be whole, and what it
-// was opened for is not selected any more. One that the event has led to another row shows again the row it showed.
+// GiveActionUp at the end of an event. A form that the event opened closes again: its lists may not be whole, and what
+// it was opened for is not selected any more. One that the event has led to another row shows again the row it showed.
 void GiveEventUp();

@@ -84,3 +84,28 @@ TEST_F(RefusedForm, AnEntryChangedOverMidnightIsTheOneThatWasOpened) {
     EXPECT_EQ(Entries(), "Opening balance,ATM,Rent,Visa payment,Tuesday");
     EXPECT_EQ(Rows()[3].Value, -1980);
 }
+
+TEST_F(RefusedForm, WhatIsTypedBackToTheFirstValueCounts) {
+    const std::string rent = Fields(Rows()[2], "Name Date Value");
+    Modify(TransactionList, 3);
+    SetText(WholeField, "50");
+    SetDate(DateField, 2026, 2, 25);
+    WithFailingDisk({.FailAt = 1}, [this] { Tick(); });
+    ASSERT_NE(form.Resource, 0);
+    SetText(WholeField, "248");
+    SetDate(DateField, 2026, 2, 23);
+    Tick();
+    EXPECT_EQ(Fields(Rows()[2], "Name Date Value"), rent);
+}
+
+TEST_F(RefusedForm, AnItemWithoutAnAccountKeepsTheFormOpen) {
+    New(RecurringList);
+    SetText(TitleField, "Where to");
+    SetText(AccountField, "");
+    Tick();
+    EXPECT_NE(form.Resource, 0);
+    EXPECT_EQ(Find<DDRec>("E1_04DD", "Where to"), 0);
+    Choose(AccountField, 0);
+    Tick();
+    EXPECT_NE(Find<DDRec>("E1_04DD", "Where to"), 0);
+}

@@ -252,3 +252,17 @@ TEST_F(Ledger, AFailingDiskPaysNoHalfTransfer) {
         WriteBytes(Root.DataFile("E1_04DD"), {});
     }
 }
+
+TEST_F(Ledger, AnItemOfAnUnknownPeriodEndsAndOneOfManyEntriesStaysTold) {
+    const uint32_t bank = NewAccount(BankAccount);
+    PutItem(ItemOf("odd", 0, bank, 1000, "Fortnight(s)", 1, 5));
+    CheckDDs();
+    EXPECT_EQ(Names(bank), "odd 1");
+    EXPECT_EQ(Items()[0].Remaining, 0);
+    PutItem(ItemOf("many", -60, bank, 0, "Day(s)", 1, 100));
+    CheckDDs();
+    for (int n = 0; n < 2; ++n) {
+        EXPECT_EQ(DDFileCheck(), 0);
+        EXPECT_EQ(Items().back().ItemStatus | Items().front().ItemStatus, GeneratesMany);
+    }
+}

@@ -289,4 +289,29 @@ TEST_F(Device, RowsOfAListAccountAreDraggedByTheOwner) {
     EXPECT_EQ(denormalise(account.ColumnPos[2]), 109);
 }
 
+TEST_F(Device, ARowHeldIsLetGoWhenAScreenOrAFormOpens) {
+    const std::string accounts = AccountNames(), entries = Entries();
+    Press(RowMiddle(1).X, RowMiddle(1).Y);
+    ShowScreen(TransactionList);
+    Release(TabMiddle(6).X, TabMiddle(6).Y);
+    Press(RowMiddle(1).X, RowMiddle(1).Y);
+    SendCommand(CommandNew);
+    Cross();
+    Release(TabMiddle(6).X, TabMiddle(6).Y);
+    EXPECT_EQ(AccountNames(), accounts);
+    EXPECT_EQ(Entries(), entries);
+}
+
+TEST_F(Device, AnItemHearsThatItsAccountHasGone) {
+    ShowScreen(AccountList);
+    const uint32_t account = Read<DDRec>("E1_04DD")[0].Block[0].Account;
+    while (account != Accounts()[0].ID) {
+        state.SelectedPos[AccountList] = 1;
+        SendKey(Key::RowDown);
+    }
+    state.SelectedPos[AccountList] = 1;
+    SendKey(Key::Delete);
+    EXPECT_EQ(Read<DDRec>("E1_04DD")[0].ItemStatus, 2U);
+}
+
 } // namespace

@@ -306,4 +306,41 @@ TEST_F(Device, PaintRequestsAreSwallowedAsOftenAsAsked) {
     }
 }
 
+TEST_F(Device, ASolutionIsSeenBeforeItIsApplied) {
+    OpenRow(1);
+    for (int n = 0; n < 12; ++n) {
+        New(TransactionList);
+        SetDate(DateField, 2026, 2, 26);
+        Tick();
+    }
+    SendCommand(CommandInsertReconcile);
+    Fill({{WholeField, std::to_string((Accounts()[0].ClearedBalance + 964000) / 1000)}});
+    Tick();
+    ASSERT_EQ(state.ReconcileState, ReconcileStep::Solved);
+    ASSERT_GT(state.TopPos[TransactionList], 1);
+    SendKey(Key::Stroke);
+    EXPECT_EQ(state.TopPos[TransactionList], 1);
+    EXPECT_EQ(Rows()[0].Cleared, 0U);
+    state.SelectedPos[TransactionList] = Find<TRec>("E1_02A1", "Reconcile");
+    SendKey(Key::Stroke);
+    EXPECT_EQ(Rows()[0].Cleared, 1U);
+    EXPECT_EQ(Find<TRec>("E1_02A1", "Reconcile"), 0);
+}
+
+TEST_F(Device, GreysFollowTheAccountOfAGraphAndALiftedFilter) {
+    MakeAccount("Shopping", ListRow);
+    ShowScreen(GraphList);
+    EXPECT_FALSE(CommandEnabled(ShowDate));
+    Tap(45, 33); // the account before
+    EXPECT_TRUE(CommandEnabled(ShowDate));
+    ShowScreen(AccountList);
+    OpenRow(1);
+    TapRow(2);
+    ASSERT_TRUE(SendCommand(ShowName));
+    ShowScreen(BinList);
+    EXPECT_TRUE(CommandEnabled(CommandFilterOff));
+    SendCommand(CommandEmptyBin);
+    EXPECT_FALSE(CommandEnabled(CommandFilterOff));
+}
+
 } // namespace

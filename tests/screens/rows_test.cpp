@@ -207,4 +207,14 @@ TEST_F(Device, TroubleWithRecurringItemsIsRed) {
     EXPECT_EQ(ColourAt(ListWindow, 60, 3), BrushColour(ExpiredBrush));
 }
 
+TEST_F(Device, AFilteredAccountIsRedInTheAccountList) {
+    OpenRow(1);
+    TapRow(2);
+    ASSERT_TRUE(SendCommand(ShowName));
+    ShowScreen(AccountList);
+    EXPECT_TRUE(ColourIn(ListWindow, Row(1, 155), BrushColour(RedBrush)));
+    EXPECT_FALSE(ColourIn(ListWindow, Row(2, 155), BrushColour(RedBrush)));
+    EXPECT_EQ(TextAt(ListWindow, Row(1)), "Current account | 516.00");
+}
+
 } // namespace

@@ -114,7 +114,8 @@ protected:
             SendEvent({.Kind = EventKind::Paint}); // anything reads anew what could not be read
             Look();
         }
-        if (done && !HasFailure() && !faulty && HistoryCount() == history + 1 && Once(6))
+        if (done && !HasFailure() && !faulty && HistoryCount() == history + 1 &&
+            HistoryCount() < 100 /* none was dropped */ && Once(6))
             TakeBack(bytes);
         return done;
     }
@@ -317,6 +318,7 @@ protected:
     }
     // The tick; refused, the form stays open with what was typed, and is ticked again.
     void TickForm(const std::string &what, const Change &change) {
+        Look(); // what was typed were events too
         for (int n = 0; n < 9 && form.Resource; ++n)
             Event(
                 n ? what + " once more" : what, [] { Tick(); }, change);
