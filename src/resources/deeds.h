@@ -30,7 +30,7 @@ enum class Deed : uint8_t {
 };
 
 // ORDER DEED: ids of resources/messages.h.
-inline constexpr int16_t DeedMessages[] = {0, 585, 586, 587, 588, 589, 590, 591, 592, 593,
+inline constexpr int16_t DeedMessages[] = {0,   585, 586, 587, 588, 589, 590, 591, 592, 593,
                                            594, 595, 596, 597, 598, 599, 600, 601, 602, 603};
 static_assert(std::size(DeedMessages) == static_cast<size_t>(Deed::Imported) + 1);
 

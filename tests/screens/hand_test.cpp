@@ -1,5 +1,5 @@
-// What makes the program easy in the hand: search by typing, questions before what leaves the bin for good, rows that come
-// into view before anything happens to them, columns that stay as they were drawn, the next entry of a pile.
+// What makes the program easy in the hand: search by typing, questions before what leaves the bin for good, rows that
+// come into view before anything happens to them, columns that stay as they were drawn, the next entry of a pile.
 #include "frame/changes.h"
 #include "frame/shown.h"
 #include "host/device.h"

@@ -75,6 +75,6 @@ void ShowDevice() {
         host.Frame->FillScreen(true);
     else
         host.Frame->show();
-    host.Frame->activateWindow(); // on a device without a window manager nobody else gives it the keys
+    host.Frame->activateWindow();                // on a device without a window manager nobody else gives it the keys
     QTimer::singleShot(0, host.Frame, ShowIcon); // the first screen does not wait for it
 }
