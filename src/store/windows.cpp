@@ -209,7 +209,7 @@ int64_t NewCatID() {
 int AcceptVersion(uint8_t version, In function) {
     if (version == RecordVersion)
         return 1;
-    if (ActionRefused() != NotRefused)
+    if (ActionRuns() && ActionRefused() != NotRefused)
         return 0; // what a refused action reads decides nothing
     ReportError(function, Trouble::WrongVersion);
     state.DataUsable = 0;

@@ -173,6 +173,7 @@ TEST_F(BrokenSeal, NoChangeRestsOnItOrLosesIt) {
         {"the bin emptied", bin, 1,
          [] {
              ShowScreen(BinList);
+             SendCommand(CommandEmptyBin); // asks
              SendCommand(CommandEmptyBin);
          },
          nullptr},

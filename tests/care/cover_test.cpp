@@ -229,6 +229,7 @@ const struct {
     {"the bin emptied",
      [] {
          ShowScreen(BinList);
+         SendCommand(CommandEmptyBin); // asks
          SendCommand(CommandEmptyBin);
      }},
 };

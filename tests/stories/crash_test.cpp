@@ -124,7 +124,7 @@ const Step Day[] = {
      Tick},
     {"an account moved", [] { Select(1); }, [] { PressKey("RowDown"); }},
     {"an account to the bin", [] { Select(3); }, [] { PressKey("Drop6"); }},
-    {"the bin emptied", Nothing, [] { SendCommand(CommandEmptyBin); }},
+    {"the bin emptied", [] { SendCommand(CommandEmptyBin); }, [] { SendCommand(CommandEmptyBin); }},
     {"leaving", Nothing, [] { QuitProgram(); }},
 };
 

@@ -169,6 +169,7 @@ protected:
         const int list = int(row.SourceList);
         const std::string name = Utf8(row.Name);
         if (Once(8)) {
+            Asked([] { SendKey(Key::Delete); });
             Event(
                 name + " for good", [] { SendKey(Key::Delete); }, [&](Books &all) { Erase(all, row); });
             return;
@@ -187,6 +188,11 @@ protected:
                     all.Note(whole[BinnedLine(list, name)]);
             });
     }
+    // What leaves the bin for good is asked for, also after a question that a failing disk took away.
+    void Asked(const std::function<void()> &act) {
+        for (int times = 0; times < 2 && !state.AskedCommand && !books.Bin.empty(); ++times)
+            Event("asked", act);
+    }
     void Leave(Books &all, const BinRec &row) {
         if (row.SourceList != TransactionList)
             all.Note(BinnedLine(int(row.SourceList), Utf8(row.Name)), -1);
@@ -203,6 +209,7 @@ protected:
         all.Money.erase(row.OwnerID);
     }
     void EmptyBin() {
+        Asked([] { SendCommand(CommandEmptyBin); });
         Event(
             "the bin emptied", [] { SendCommand(CommandEmptyBin); },
             [&](Books &all) {
