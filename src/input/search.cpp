@@ -237,7 +237,8 @@ int HearKey(Key key) {
 
 void BeginSearch() {
     const int screen = state.CurrentScreen;
-    if (screen == GraphList || !state.FrontPageDone || !state.DataUsable || state.EntryCount[screen] < 1) {
+    if (screen == GraphList || state.ActiveDialog != NoDialog || !state.FrontPageDone || !state.DataUsable ||
+        state.EntryCount[screen] < 1) {
         Beep();
         return;
     }

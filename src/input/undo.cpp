@@ -23,6 +23,10 @@ void ReadSettings() {
 } // namespace
 
 void TakeActionBack(bool again) {
+    if (state.ActiveDialog != NoDialog) { // what is on it was not written yet
+        Beep();
+        return;
+    }
     if (!state.DataUsable || !(again ? RedoCount() : HistoryCount())) {
         Beep();
         Tell(again ? Help::NothingToDoAgain : Help::NothingToTakeBack, AddedLine::None);

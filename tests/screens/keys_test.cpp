@@ -322,6 +322,7 @@ TEST_F(Device, ASolutionIsSeenBeforeItIsApplied) {
     EXPECT_EQ(state.TopPos[TransactionList], 1);
     EXPECT_EQ(Rows()[0].Cleared, 0U);
     state.SelectedPos[TransactionList] = Find<TRec>("E1_02A1", "Reconcile");
+    SendKey(Key::Stroke); // brings the row into view
     SendKey(Key::Stroke);
     EXPECT_EQ(Rows()[0].Cleared, 1U);
     EXPECT_EQ(Find<TRec>("E1_02A1", "Reconcile"), 0);
@@ -339,6 +340,7 @@ TEST_F(Device, GreysFollowTheAccountOfAGraphAndALiftedFilter) {
     ASSERT_TRUE(SendCommand(ShowName));
     ShowScreen(BinList);
     EXPECT_TRUE(CommandEnabled(CommandFilterOff));
+    SendCommand(CommandEmptyBin); // asks
     SendCommand(CommandEmptyBin);
     EXPECT_FALSE(CommandEnabled(CommandFilterOff));
 }
