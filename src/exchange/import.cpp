@@ -64,6 +64,10 @@ int ReadWhole(Reading read, const char *path, const ImportTask &task, In functio
     return whole;
 }
 
+bool Comes(const ReadEntry &entry) {
+    return entry.Result <= Outcome::BadlyFormed;
+}
+
 // --- What is known already
 
 bool IdentityBefore(int32_t a, int32_t b) {
@@ -101,6 +105,26 @@ void PassOverKnown(const TRec &row, int32_t count) {
         PassOver(ByIdentity[low]);
 }
 
+// The rows of an account from the last on, until the visit answers false. 0 when they can't be read.
+template <typename Visit> int VisitFromLast(const Place &place, const Visit &visit) {
+    const int handle = OpenPlace(place, OpenExisting);
+    int whole = handle != FailedOpen;
+    bool goesOn = true;
+    for (int32_t last = CountRecords(handle, Kind); last > 0 && whole && goesOn;) {
+        const int32_t first = std::max(1, last - RunLength(Kind) + 1);
+        const int32_t read = ReadRun(handle, Kind, first, last - first + 1);
+        whole = read == last - first + 1;
+        for (int32_t index = read; index > 0 && goesOn; --index) {
+            TRecFile *record = RunRecord<TRec>(index - 1);
+            whole = whole && DecipherRecord(Kind, record);
+            goesOn = visit(&record->Rec);
+        }
+        last = first - 1;
+    }
+    CloseFile(handle);
+    return whole;
+}
+
 // Entries of one day with the same identity of the bank are one and the same: in the account, and in the file. 0 when
 // the account can't be read.
 int PassOverDuplicates(const Place &place) {
@@ -115,32 +139,37 @@ int PassOverDuplicates(const Place &place) {
         if (SameIdentity(Batch.Entries[ByIdentity[i - 1]].Row, Batch.Entries[ByIdentity[i]].Row))
             PassOver(ByIdentity[i]);
     const uint32_t firstDay = Batch.Entries[ByIdentity[0]].Row.Date.DayNumber;
-    const int handle = OpenPlace(place, OpenExisting);
-    int whole = handle != FailedOpen;
-    bool earlier = false;
-    for (int32_t last = CountRecords(handle, Kind); last > 0 && whole && !earlier;) {
-        const int32_t first = std::max(1, last - RunLength(Kind) + 1);
-        const int32_t read = ReadRun(handle, Kind, first, last - first + 1);
-        whole = read == last - first + 1;
-        for (int32_t index = read; index > 0 && !earlier; --index) {
-            TRecFile *record = RunRecord<TRec>(index - 1);
-            whole = whole && DecipherRecord(Kind, record);
-            record->Rec.FITID[TextRoom - 1] = 0;
-            earlier = record->Rec.Date.DayNumber < firstDay;
-            if (*record->Rec.FITID && !earlier)
-                PassOverKnown(record->Rec, count);
-        }
-        last = first - 1;
+    return VisitFromLast(place, [firstDay, count](TRec *row) {
+        row->FITID[TextRoom - 1] = 0;
+        const bool earlier = row->Date.DayNumber < firstDay;
+        if (*row->FITID && !earlier)
+            PassOverKnown(*row, count);
+        return !earlier;
+    });
+}
+
+// An account has one Day marker, which follows the calendar: further ones stay outside. 0 when the account can't be
+// read.
+int PassOverDayMarkers(const Place &place) {
+    const auto isMarker = [](const ReadEntry &entry) { return Comes(entry) && entry.Row.RowKind == DayMarker; };
+    if (std::none_of(Batch.Entries, Batch.Entries + Batch.Count, isMarker))
+        return 1;
+    bool held = false;
+    const int whole = VisitFromLast(place, [&held](const TRec *row) {
+        held = row->RowKind == DayMarker;
+        return !held;
+    });
+    for (int32_t i = 0; i < Batch.Count && whole; ++i) {
+        if (!isMarker(Batch.Entries[i]))
+            continue;
+        if (held)
+            PassOver(i);
+        held = true;
     }
-    CloseFile(handle);
     return whole;
 }
 
 // --- Into the account
-
-bool Comes(const ReadEntry &entry) {
-    return entry.Result <= Outcome::BadlyFormed;
-}
 
 // An account at zero gets, the day before its first entry, what makes it end at the statement's balance. 0 when
 // refused.
@@ -247,6 +276,8 @@ int ImportCSVFile(const Place &place, const char *path, uint32_t firstDay, Excha
         CountOutcomes();
         return RefusalOf(Batch.Content);
     }
+    if (!PassOverDayMarkers(target.Rows))
+        return ImportUnwritten;
     return FinishImport(target);
 }
 

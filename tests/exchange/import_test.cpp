@@ -148,6 +148,15 @@ TEST_F(Imports, KindsOfAccountsChangeOnlyWhenTheyAreEmptyAndTheFileSaysSo) {
     EXPECT_EQ(Qif(""), "1: 0/0/0/0/0 of 0");
 }
 
+TEST_F(Imports, AnAccountHasOneDayMarkerHoweverManyAFileHolds) {
+    const std::string file = "1/3/2026,Sunday,a,0,0,0,F,t,0\n1/3/2026,b,c,1,5,5,F,n,5\n1/3/2026,Sunday,a,0,0,0,F,t,0\n";
+    EmptyAccount();
+    EXPECT_EQ(Csv(file), "1: 2/0/1/0/0 of 3");
+    EXPECT_EQ(Csv(file), "1: 1/0/2/0/0 of 3");
+    MakeAccount("Full", BankRow);
+    EXPECT_EQ(Csv(file), "1: 1/0/2/0/0 of 3");
+}
+
 TEST_F(Imports, EntriesLandWhereTheyWouldLandOneByOne) {
     for (const uint64_t seed : FuzzSeeds(12)) {
         SCOPED_TRACE(seed);
