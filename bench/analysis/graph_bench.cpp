@@ -19,14 +19,17 @@ struct Plotted : RowsOnDisk {
         for (char16_t const *&name : state.MonthNames)
             name = u"Mar";
         SetPaintProcedures();
+        ReloadList(GraphList, 1);
         doGraph(ListWindow, EveryBand);
     }
 };
 
 void Graph(benchmark::State &run) {
     const Plotted account(static_cast<int32_t>(run.range(0)), static_cast<int>(run.range(1)));
-    for (auto _ : run)
+    for (auto _ : run) { // as when the account or the mode changes
+        ReloadList(GraphList, 1);
         doGraph(ListWindow, EveryBand);
+    }
 }
 BENCHMARK(Graph)
     ->ArgNames({"rows", "mode"})

@@ -34,6 +34,9 @@ void TellTerminal(const char *line) {
     std::fputs(line, stderr);
     abort();
 }
+void TellTrouble(int, const char *, const char *line) {
+    TellTerminal(line);
+}
 
 namespace {
 

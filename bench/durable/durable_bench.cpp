@@ -42,6 +42,9 @@ void Beep(Sound) {}
 void TellTerminal(const char *line) {
     fprintf(stderr, "%s\n", line);
 }
+void TellTrouble(int, const char *, const char *line) {
+    TellTerminal(line);
+}
 
 // The linker leads the calls of the file layer here.
 int RealSync(int handle) asm("__real__Z8DiskSynci");
