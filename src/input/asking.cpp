@@ -1,9 +1,11 @@
 // A question before what leaves the bin for good: the command is told in the message window, and done when it comes
 // again. Anything else that the owner does meanwhile is a no.
 #include "input/asking.h"
+#include "frame/header.h"
 #include "frame/message_window.h"
 #include "platform/shell.h"
 #include "resources/menus.h"
+#include "screens/list_screen.h"
 #include "state/messages.h"
 #include "state/state.h"
 
@@ -54,12 +56,14 @@ int Confirmed(int command) {
 }
 
 void Tell(Help help, AddedLine added) {
-    ForgetQuestion();
-    const bool opens = !state.HelpMode;
-    if (opens)
-        ToggleEyes();
-    state.AskedCommand = OnlyTold;
-    state.AskOpenedHelp = opens;
+    if (state.AskedCommand != OnlyTold) {
+        ForgetQuestion();
+        const bool opens = !state.HelpMode;
+        if (opens)
+            ToggleEyes();
+        state.AskedCommand = OnlyTold;
+        state.AskOpenedHelp = opens;
+    }
     ShowHelp(help, added);
 }
 
@@ -72,15 +76,34 @@ void ForgetQuestion() {
     state.AskOpenedHelp = 0;
 }
 
+namespace {
+
+// The list in its full height begins with the same row: the one under the stylus is the one that was seen there.
+void ForgetUnderStylus() {
+    const int screen = state.CurrentScreen;
+    const int32_t top = state.TopPos[screen];
+    ForgetQuestion();
+    if (screen == GraphList || state.ActiveDialog != NoDialog || state.TopPos[screen] == top)
+        return;
+    LoadShownRows(top);
+    state.Paint[screen](ListWindow, PaintCounts | PaintRows);
+}
+
+} // namespace
+
 void HearAnswer(const Event &event) {
     const Key key = event.Kind == EventKind::Key ? static_cast<Key>(event.Code) : Key::None;
     switch (event.Kind) {
     case EventKind::PointerDown:
     case EventKind::DoubleTap:
+        ForgetUnderStylus();
+        return;
     case EventKind::Character:
         ForgetQuestion();
         return;
     case EventKind::Key: // the same key again comes as the same command
+        if (state.AskedCommand == OnlyTold && (key == Key::Undo || key == Key::Redo))
+            return; // it tells something new
         if (key != Key::Help && (state.AskedCommand == OnlyTold || (key != Key::Delete && key != Key::Drop6)))
             ForgetQuestion();
         else if (key == Key::Help)

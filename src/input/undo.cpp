@@ -27,6 +27,8 @@ void TakeActionBack(bool again) {
         Beep();
         return;
     }
+    if (ActionChanged() && !FinishAction()) // what the event did on the way here stands for itself
+        return;
     if (!state.DataUsable || !(again ? RedoCount() : HistoryCount())) {
         Beep();
         Tell(again ? Help::NothingToDoAgain : Help::NothingToTakeBack, AddedLine::None);

@@ -205,6 +205,22 @@ TEST_F(Undo, ShowsWhatThenStandsThere) {
     EXPECT_EQ(state.CurAccount.ID, Accounts()[static_cast<size_t>(state.SelectedPos[AccountList] - 1)].ID);
 }
 
+TEST_F(Undo, TheRowTappedUnderWhatWasToldIsTheRowSeen) {
+    for (int n = 0; n < 5; ++n) {
+        New(TransactionList);
+        SetText(WholeField, std::to_string(n + 1));
+        Ticks(TitleField, "Bread");
+    }
+    Select(TransactionList, 10);
+    SendKey(Key::Stroke);
+    SendKey(Key::Undo);
+    Scroll(ScrollCode::ThumbTrack, 3);
+    ASSERT_EQ(state.TopPos[TransactionList], 3);
+    TapRow(2);
+    EXPECT_FALSE(state.MessageWindowOn);
+    EXPECT_EQ(state.SelectedPos[TransactionList], 4);
+}
+
 TEST_F(Undo, LooksAndFormsAndRestartsHaveNothingToTakeBack) {
     for (int screen = ConversionList; screen >= AccountList; --screen)
         ShowScreen(screen);
