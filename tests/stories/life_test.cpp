@@ -188,10 +188,12 @@ protected:
                     all.Note(whole[BinnedLine(list, name)]);
             });
     }
-    // What leaves the bin for good is asked for, also after a question that a failing disk took away.
+    // What leaves the bin for good is asked for: here on a disk in health, as a failing one may ask again.
     void Asked(const std::function<void()> &act) {
+        const bool before = std::exchange(ill, false);
         for (int times = 0; times < 2 && !state.AskedCommand && !books.Bin.empty(); ++times)
             Event("asked", act);
+        ill = before;
     }
     void Leave(Books &all, const BinRec &row) {
         if (row.SourceList != TransactionList)
