@@ -1,5 +1,4 @@
 // Where the money goes: entries merged into segments, their shares and their order.
-#include "analysis/graph_value.h"
 #include "chart_account.h"
 #include "drawing/colour_model.h"
 #include "drawing/palette.h"
@@ -18,9 +17,7 @@ TEST_F(Charts, EntriesMeetInTheSegmentOfTheirGroup) {
     category.Green = 2;
     category.Blue = 3;
     category.CatID = 77;
-    std::vector<uint8_t> bytes(sizeof(CatRecFile));
-    std::memcpy(bytes.data(), &category, sizeof category);
-    WriteBytes(root.DataFile("E1_07CAT"), bytes);
+    WriteRecords<CatRec>(root.DataFile("E1_07CAT"), {category});
     Write({{"Food", -3000, 2025, 1, "card", 1, 77},
            {"Rent", -9000, 2026, 1, "", 0, 0},
            {"Day", 1, 2026, 1, "", 0, 0, 0, DayMarker},
@@ -143,61 +140,7 @@ TEST_F(Charts, SharesAreOfDebitsCreditsAndAll) {
     }
 }
 
-TEST_F(Charts, AnEntryCountsByTheMeasureAndTheView) {
-    TRec row;
-    InitTRec(&row);
-    row.Units = 3;
-    row.Value = 2000;
-    row.ClearedValue = 1500;
-    row.CashAmount = 70;
-    row.RunUnits = 10;
-    row.RunClearedUnits = 4;
-    row.RunTotal = 900;
-    row.RunCleared = 500;
-    struct {
-        int Kind;
-        FixedAmount Balance, BalanceCleared, Plain, PlainCleared, Unclear, Cash, CashInAnalysis, Free;
-    } const cases[] = {
-        // kind        balance, cleared; value, cleared, not cleared under the view; Cash, in an analysis; NoCash
-        {BankAccount, 900, 500, 6000, 6000, 0, 6000, 6000, 6000},
-        {ListAccount, 900, 500, 6000, 6000, 0, 6000, 6000, 6000},
-        {ShareNumber, 20900, 6500, 3000, 3000, 0, 3000, 0, 3000},
-        {SharePrice, 20900, 6500, 2000, 1500, 1500, 2000, 0, 2000},
-        {ShareTotal, 20900, 6500, 10000, 4000, 4000, 10000, 0, 10000},
-        {ShareValue, 20900, 6500, 6000, 6000, 0, 70, 70, 0},
-        {ShareCash, 20900, 6500, 900, 500, 500, 900, 900, 900},
-        {CashPart, 20900, 6500, 0, 0, 0, 70, 70, 0},
-    };
-    for (const auto &wanted : cases) {
-        SCOPED_TRACE(wanted.Kind);
-        state.CurrentScreen = GraphList;
-        state.AccountKind = wanted.Kind;
-        const auto value = [&](uint32_t balance, uint32_t reconciled, int mode, uint32_t cleared, uint32_t cash,
-                               uint32_t noCash) {
-            state.BalanceView = balance;
-            state.ReconciledView = reconciled;
-            state.GraphMode = mode;
-            TRec seen = row;
-            seen.Cleared = cleared;
-            seen.Cash = cash;
-            seen.NoCash = noCash;
-            return GetGraphValue(seen, ChartShown() ? CountedIn::Segment : CountedIn::Plot);
-        };
-        EXPECT_EQ(value(1, 0, 1, 0, 0, 0), wanted.Balance);
-        EXPECT_EQ(value(1, 1, 1, 0, 0, 0), wanted.BalanceCleared);
-        EXPECT_EQ(value(0, 0, 1, 0, 0, 0), wanted.Plain);
-        EXPECT_EQ(value(1, 0, 5, 0, 0, 0), wanted.Plain) << "charts are of the value column";
-        EXPECT_EQ(value(0, 1, 1, 1, 0, 0), wanted.PlainCleared);
-        EXPECT_EQ(value(0, 1, 1, 0, 0, 0), wanted.Unclear);
-        EXPECT_EQ(value(0, 0, 1, 0, 1, 0), wanted.Cash);
-        EXPECT_EQ(value(0, 0, 4, 0, 1, 0), wanted.CashInAnalysis);
-        EXPECT_EQ(value(0, 0, 1, 0, 0, 1), wanted.Free);
-    }
-    state.AccountKind = ShareNumber;
-    row.Units = 2147484; // wraps
-    EXPECT_EQ(GetGraphValue(row), -2147483296);
-
-    // Totals count as what each entry adds; of prices the last one stands.
+TEST_F(Charts, TotalsCountAsWhatEachEntryAddsAndOfPricesTheLastOneStands) {
     std::vector<TRec> rows = {RowOf({"IBM", 2000}), RowOf({"IBM", 3000}), RowOf({"IBM", 0})};
     rows[0].Units = 5;
     rows[1].Units = -2;
@@ -205,8 +148,7 @@ TEST_F(Charts, AnEntryCountsByTheMeasureAndTheView) {
     rows[2].CashAmount = 44;
     rows[2].RunTotal = 12345;
     Write(rows);
-    state.GraphMode = PieChart;
-    state.ReconciledView = 0;
+    Show(PieIconX);
     constexpr struct {
         int Kind;
         const char *Told;

@@ -28,9 +28,12 @@ template <typename Exchanging, typename... Arguments> int Exchanged(Exchanging e
     return durable ? result : -1;
 }
 
-inline std::string Sample(const std::string &name) {
-    const std::vector<uint8_t> bytes = ReadBytes(std::string(PROJECT_DIRECTORY) + "/tests/exchange/samples/" + name);
+inline std::string TextOf(const std::string &hostPath) {
+    const std::vector<uint8_t> bytes = ReadBytes(hostPath);
     return {bytes.begin(), bytes.end()};
+}
+inline std::string Sample(const std::string &name) {
+    return TextOf(std::string(PROJECT_DIRECTORY) + "/tests/exchange/samples/" + name);
 }
 
 // "well/badly/as requested/unreadable of total", then each entry as "date name memo units value", with '|' between.

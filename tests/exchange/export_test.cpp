@@ -10,8 +10,7 @@ protected:
     // The file that an exporter wrote.
     template <typename Exporter> std::string Written(Exporter exporter, uint32_t day = 0, int mode = ExportAll) {
         EXPECT_EQ(Exchanged(exporter, "\\out.txt", day, mode, nullptr), ExportDone);
-        const std::vector<uint8_t> bytes = ReadBytes(root.HostPath("\\out.txt"));
-        return {bytes.begin(), bytes.end()};
+        return TextOf(root.HostPath("\\out.txt"));
     }
     // A new account with the rows, as they come; its balances right.
     void Account(int type, const std::vector<TRec> &rows) {

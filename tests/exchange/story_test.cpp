@@ -19,10 +19,7 @@ protected:
             EXPECT_TRUE(Choose(FormatField, format));
         }
     }
-    std::string FileThatIs(const std::string &name) {
-        const std::vector<uint8_t> bytes = ReadBytes(root.HostPath("\\" + name));
-        return {bytes.begin(), bytes.end()};
-    }
+    std::string FileThatIs(const std::string &name) { return TextOf(root.HostPath("\\" + name)); }
     // The lines of the report as they stand under the list, with their inks.
     std::vector<StandingText> Report() { return TextsIn(ListWindow, {0, 150, 240, 262}); }
 };
