@@ -263,13 +263,16 @@ TEST_F(Imports, AFileThatBreaksOffInTheMiddleBringsNothing) {
 
 TEST_F(Imports, TheSummaryAccountsForEveryEntryOfABadFile) {
     using namespace std::string_literals;
-    std::string many = "!Type:Bank\n";
-    for (int i = 0; i < 6000; ++i)
-        many += "D1/3/2026\nT0.001\n^\n";
+    std::string manyQif = "!Type:Bank\n", manyOfx = "<OFX>", manyCsv;
+    for (int i = 0; i < 6000; ++i) {
+        manyQif += "D1/3/2026\nT0.001\n^\n";
+        manyOfx += "<STMTTRN><DTPOSTED>20260302</STMTTRN>";
+        manyCsv += "3/3/2026,a,b,1,5,5,F,n,5\n";
+    }
     const struct {
         std::string File, Result;
     } cases[] = {
-        {many, "1: 5000/0/0/0/1000 of 6000"},
+        {manyQif, "1: 5000/0/0/0/1000 of 6000"},
         {"!Type:Bank\nD1/3/2026\nT5\nP" + std::string(100000, 'x') + "\n^\n", "1: 1/0/0/0/0 of 1"},
         {"!Type:Bank\nD1/3/2026\nT5\nP" + std::string(100000, 'x'), "1: 1/0/0/0/0 of 1"},
         {"!Type:Bank\nD1/13/2026\nD13/13/2026\n^\n", "1: 0/0/0/1/0 of 1"},
@@ -290,12 +293,14 @@ TEST_F(Imports, TheSummaryAccountsForEveryEntryOfABadFile) {
         std::string File, Result;
     } ofx[] = {
         {"<OFX><STMTTRN><DTPOSTED><TRNAMT><NAME><MEMO><FITID></STMTTRN><STMTTRN>", "1: 0/0/0/2/0 of 2"},
+        {manyOfx, "1: 5000/0/0/0/1000 of 6000"},
         {"<OFX><STMTTRN><DTPOSTED>20261301</STMTTRN>", "1: 0/0/0/1/0 of 1"},
         {"<OFX><STMTTRN><DTPOSTED>20260301<TRNAMT>" + std::string(40, '9') + "</STMTTRN>", "1: 0/0/0/1/0 of 1"},
         {"", "1: 0/0/0/0/0 of 0"},
     };
     for (const auto &row : ofx)
         EXPECT_EQ(Ofx(row.File), row.Result) << row.File;
+    EXPECT_EQ(Csv(manyCsv), "1: 5000/0/0/0/1000 of 6000");
     EXPECT_EQ(Csv("\"\"\";;\";\",,\"\n;;;;;;;;\n\"\"\"\"\n1;2;3;4;5;6;7;8;9\n"), "1: 0/0/0/3/0 of 3");
     for (const char *sample : {"ofx-hostile-1.ofx", "ofx-hostile-2.ofx"}) {
         EmptyAccount();

@@ -206,21 +206,6 @@ TEST_F(Readers, ACsvColumnOfEachKindSetsItsField) {
     EXPECT_EQ((Csv(marker), Batch->Accepted), 0);
 }
 
-TEST_F(Readers, AFileOfMoreThanFiveThousandEntriesStopsThere) {
-    std::string qif = "!Type:Bank\n", ofx = "<OFX>", csv;
-    for (int i = 0; i < 6000; ++i) {
-        qif += "D1/1/2005\nT5\n^\n";
-        ofx += "<STMTTRN><DTPOSTED>20050101</STMTTRN>";
-        csv += "1/1/2005,a,b,1,5,5,F,n,5\n";
-    }
-    Qif(qif);
-    EXPECT_EQ(Counts(), "5000/0/0/0 of 6000");
-    Ofx(ofx);
-    EXPECT_EQ(Counts(), "5000/0/0/0 of 6000");
-    Csv(csv);
-    EXPECT_EQ(Counts(), "5000/0/0/0 of 6000");
-}
-
 TEST_F(Readers, AFileThatShrinksWhileItIsReadIsNotTakenForWhole) {
     std::string file = "!Type:Bank\n";
     while (file.size() < 200000)
