@@ -33,10 +33,7 @@ public:
     }
     // "Date Name RunTotal" of each row of the current account.
     std::string Rows(const std::string &fields = "Date Name RunTotal") {
-        std::string all;
-        for (const TRec &row : Device::Rows(state.CurAccount.ID))
-            all += (all.empty() ? "" : " | ") + Fields(row, fields);
-        return all;
+        return Told(Device::Rows(state.CurAccount.ID), fields);
     }
     // An account without any record.
     void EmptyAccount(int type = ListRow) {
@@ -161,10 +158,9 @@ TEST_F(Imports, EntriesLandWhereTheyWouldLandOneByOne) {
             old[n].Rec.Rank = seed % 4 ? 3 : 1 + static_cast<uint32_t>(dice.Below(4)); // each fourth is out of order
             old[n].Rec.Value = static_cast<int64_t>(n);
         }
-        const auto *bytes = reinterpret_cast<const uint8_t *>(old.data());
         const Place place = RowsOf(id, seed % 2 ? View::Live : View::Archive, Rows::All);
-        const std::string file = root.DataFile((seed % 2 ? "E1_02A" : "E1_02R") + std::to_string(id));
-        WriteBytes(file, {bytes, bytes + old.size() * sizeof(TRecFile)});
+        const std::string name = (seed % 2 ? "E1_02A" : "E1_02R") + std::to_string(id), file = root.DataFile(name);
+        PutRecords(root, name, old);
         std::vector<TRec> fresh(dice.Below(30) + 1);
         for (size_t n = 0; n < fresh.size(); ++n) {
             InitTRec(&fresh[n]);
