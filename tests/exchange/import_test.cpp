@@ -111,6 +111,10 @@ TEST_F(Imports, KindsOfAccountsChangeOnlyWhenTheyAreEmptyAndTheFileSaysSo) {
         {BankRow, nullptr, shares, ShareNumber, "12: 0/0/0/1/0 of 1"},
         {ListRow, nullptr, money, ListAccount, ""},
         {ShareRow, nullptr, money, BankAccount, "11: 0/0/0/1/0 of 1"},
+        {ListRow, nullptr, shares, ShareNumber, "12: 0/0/0/1/0 of 1"},
+        {ListRow, nullptr, "!Type:CASH\nD1/3/2026\nT5\n^\n", ListAccount, ""},
+        {ShareRow, nullptr, "!Type:ccard\nD1/3/2026\nT5\n^\n", BankAccount, "11: 0/0/0/1/0 of 1"},
+        {ListRow, nullptr, "!Type:AllXfr\n" + money, ListAccount, ""},
         {BankRow, &Imports::Csv, csvShares, ShareValue, "12: 0/0/0/1/0 of 1"},
         {ShareRow, &Imports::Csv, csvMoney, BankAccount, "11: 0/0/0/1/0 of 1"},
         {ListRow, &Imports::Csv, csvMoney, ListAccount, ""},
@@ -132,6 +136,9 @@ TEST_F(Imports, KindsOfAccountsChangeOnlyWhenTheyAreEmptyAndTheFileSaysSo) {
         EXPECT_EQ(import(), row.Refused) << row.File;
         EXPECT_EQ(Snapshot(root.DataFile("")), files) << row.File;
     }
+    MakeAccount("Full", ShareRow);
+    EXPECT_EQ(Qif(shares), "1: 1/0/0/0/0 of 1");
+    EXPECT_EQ(Account().AccType, uint32_t{ShareValue}) << "shares are welcome to shares, whatever they'd begin with";
     // What stands in the archive is of the account as well.
     EmptyAccount();
     const std::string live = root.DataFile("E1_02A" + std::to_string(state.CurAccount.ID));
@@ -141,6 +148,7 @@ TEST_F(Imports, KindsOfAccountsChangeOnlyWhenTheyAreEmptyAndTheFileSaysSo) {
     EXPECT_EQ(Csv(csvShares), "12: 0/0/0/1/0 of 1");
     EmptyAccount();
     EXPECT_EQ(Qif("D1/3/2026\nT5\n^\n"), "10: 0/0/0/1/0 of 1");
+    EXPECT_EQ(Qif("!Nothing\nD1/3/2026\nT5\n^\n"), "10: 0/0/0/1/0 of 1");
     EXPECT_EQ(Qif("!Type:Oth L\nD1/3/2026\nT5\n^\n"), "13: 0/0/0/1/0 of 1");
     EXPECT_EQ(Qif(""), "1: 0/0/0/0/0 of 0");
 }
