@@ -3,9 +3,6 @@
 #include "care/backup.h"
 #include "care/directories.h"
 
-namespace fs = std::filesystem;
-using namespace testhost;
-
 namespace {
 
 class Backup : public FullDevice {

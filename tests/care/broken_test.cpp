@@ -2,13 +2,9 @@
 #include "care.h"
 #include "exchange/export.h"
 #include "ledger/entries.h"
-#include "platform/text.h"
 #include "store/index.h"
 #include "store/operations.h"
 #include "store/windows.h"
-
-namespace fs = std::filesystem;
-using namespace testhost;
 
 namespace {
 

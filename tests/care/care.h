@@ -5,6 +5,9 @@
 #include <algorithm>
 #include <filesystem>
 
+namespace fs = std::filesystem;
+using namespace testhost;
+
 namespace testhost {
 
 // The middle of a digit of the dial, of the circle (10) and of the weight lifter (11), in device coordinates.

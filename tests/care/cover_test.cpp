@@ -3,14 +3,10 @@
 #include "care.h"
 #include "cipher/hooks.h"
 #include "exchange/import.h"
-#include "platform/text.h"
 #include "records/fields.h"
 #include "store/lists.h"
 #include "store/operations.h"
 #include <span>
-
-namespace fs = std::filesystem;
-using namespace testhost;
 
 namespace {
 

@@ -4,9 +4,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace fs = std::filesystem;
-using namespace testhost;
-
 namespace {
 
 constexpr char Rows[] = "Current account | 516.00";

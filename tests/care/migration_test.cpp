@@ -2,10 +2,6 @@
 #include "care.h"
 #include "care/migration.h"
 #include "host/fuzz.h"
-#include "platform/text.h"
-
-namespace fs = std::filesystem;
-using namespace testhost;
 
 namespace {
 

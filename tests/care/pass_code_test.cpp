@@ -3,11 +3,7 @@
 #include "cipher/hooks.h"
 #include "cipher/keys.h"
 #include "platform/cipher.h"
-#include "platform/text.h"
 #include <array>
-
-namespace fs = std::filesystem;
-using namespace testhost;
 
 namespace {
 
