@@ -22,6 +22,14 @@ struct Entry {
     uint8_t Kind = EntryRow;
 };
 
+// A file of these records, their tails empty.
+template <typename Record> void WriteRecords(const std::string &hostPath, const std::vector<Record> &records) {
+    std::vector<uint8_t> bytes(records.size() * sizeof(InFile<Record>));
+    for (size_t n = 0; n < records.size(); ++n)
+        std::memcpy(bytes.data() + n * sizeof(InFile<Record>), &records[n], sizeof(Record));
+    WriteBytes(hostPath, bytes);
+}
+
 inline TRec RowOf(const Entry &entry) {
     TRec row;
     InitTRec(&row);
@@ -40,12 +48,7 @@ inline TRec RowOf(const Entry &entry) {
 inline constexpr int BarIconX = 73, PieIconX = 93, IconY = 52, ListY = 62;
 
 struct Charts : Device {
-    void Write(const std::vector<TRec> &rows) const {
-        std::vector<uint8_t> bytes(rows.size() * sizeof(TRecFile));
-        for (size_t n = 0; n < rows.size(); ++n)
-            std::memcpy(bytes.data() + n * sizeof(TRecFile), &rows[n], sizeof(TRec));
-        WriteBytes(root.DataFile("E1_02A1"), bytes);
-    }
+    void Write(const std::vector<TRec> &rows) const { WriteRecords(root.DataFile("E1_02A1"), rows); }
     void Write(const std::vector<Entry> &entries) const {
         std::vector<TRec> rows;
         for (const Entry &entry : entries)

@@ -1,5 +1,4 @@
 // Where the money goes: entries merged into segments, their shares and their order.
-#include "analysis/graph_value.h"
 #include "chart_account.h"
 #include "drawing/colour_model.h"
 #include "drawing/palette.h"
@@ -18,9 +17,7 @@ TEST_F(Charts, EntriesMeetInTheSegmentOfTheirGroup) {
     category.Green = 2;
     category.Blue = 3;
     category.CatID = 77;
-    std::vector<uint8_t> bytes(sizeof(CatRecFile));
-    std::memcpy(bytes.data(), &category, sizeof category);
-    WriteBytes(root.DataFile("E1_07CAT"), bytes);
+    WriteRecords<CatRec>(root.DataFile("E1_07CAT"), {category});
     Write({{"Food", -3000, 2025, 1, "card", 1, 77},
            {"Rent", -9000, 2026, 1, "", 0, 0},
            {"Day", 1, 2026, 1, "", 0, 0, 0, DayMarker},
@@ -101,26 +98,24 @@ TEST_F(Charts, SegmentsStandInTheOrderAskedFor) {
 }
 
 TEST_F(Charts, SharesAreOfDebitsCreditsAndAll) {
-    Write({{"a", -3000}, {"b", -1000}, {"c", 12000}});
     Show(PieIconX);
     struct {
         std::vector<Entry> Entries;
-        int Order;
         std::vector<float> Debit, Credit, All;
         FixedAmount LargestDebit, LargestCredit;
     } const cases[] = {
         {{{"a", -3000}, {"b", -1000}, {"c", 12000}},
-         FromAToZ,
+
          {75, 25, 0},
          {0, 0, 100},
          {18.75f, 6.25f, 75},
          3000,
          12000},
-        {{{"a", 0}, {"b", 0}}, FromAToZ, {0, 0}, {0, 0}, {0, 0}, 0, 0},
-        {{{"a", 1}, {"b", 2}}, FromAToZ, {0, 0}, {33.3333321f, 66.6666641f}, {33.3333321f, 66.6666641f}, 0, 2},
-        {{{"a", INT64_MIN}, {"b", INT64_MAX}}, FromAToZ, {100, 0}, {0, 100}, {50, 50}, INT64_MAX, INT64_MAX},
+        {{{"a", 0}, {"b", 0}}, {0, 0}, {0, 0}, {0, 0}, 0, 0},
+        {{{"a", 1}, {"b", 2}}, {0, 0}, {33.3333321f, 66.6666641f}, {33.3333321f, 66.6666641f}, 0, 2},
+        {{{"a", INT64_MIN}, {"b", INT64_MAX}}, {100, 0}, {0, 100}, {50, 50}, INT64_MAX, INT64_MAX},
         {{{"a", INT64_MIN}, {"b", INT64_MAX}, {"c", INT64_MAX}},
-         FromAToZ,
+
          {100, 0, 0},
          {0, 50, 50},
          {50, 50, 50},
@@ -129,7 +124,7 @@ TEST_F(Charts, SharesAreOfDebitsCreditsAndAll) {
     };
     for (const auto &row : cases) {
         Write(row.Entries);
-        Build(ByName, row.Order);
+        Build(ByName, FromAToZ);
         doGraph(ListWindow, EveryBand); // however the shares add up, none is painted past the whole circle
         const std::vector<GRec> segments = Segments();
         ASSERT_EQ(segments.size(), row.All.size());
@@ -143,61 +138,7 @@ TEST_F(Charts, SharesAreOfDebitsCreditsAndAll) {
     }
 }
 
-TEST_F(Charts, AnEntryCountsByTheMeasureAndTheView) {
-    TRec row;
-    InitTRec(&row);
-    row.Units = 3;
-    row.Value = 2000;
-    row.ClearedValue = 1500;
-    row.CashAmount = 70;
-    row.RunUnits = 10;
-    row.RunClearedUnits = 4;
-    row.RunTotal = 900;
-    row.RunCleared = 500;
-    struct {
-        int Kind;
-        FixedAmount Balance, BalanceCleared, Plain, PlainCleared, Unclear, Cash, CashInAnalysis, Free;
-    } const cases[] = {
-        // kind        balance, cleared; value, cleared, not cleared under the view; Cash, in an analysis; NoCash
-        {BankAccount, 900, 500, 6000, 6000, 0, 6000, 6000, 6000},
-        {ListAccount, 900, 500, 6000, 6000, 0, 6000, 6000, 6000},
-        {ShareNumber, 20900, 6500, 3000, 3000, 0, 3000, 0, 3000},
-        {SharePrice, 20900, 6500, 2000, 1500, 1500, 2000, 0, 2000},
-        {ShareTotal, 20900, 6500, 10000, 4000, 4000, 10000, 0, 10000},
-        {ShareValue, 20900, 6500, 6000, 6000, 0, 70, 70, 0},
-        {ShareCash, 20900, 6500, 900, 500, 500, 900, 900, 900},
-        {CashPart, 20900, 6500, 0, 0, 0, 70, 70, 0},
-    };
-    for (const auto &wanted : cases) {
-        SCOPED_TRACE(wanted.Kind);
-        state.CurrentScreen = GraphList;
-        state.AccountKind = wanted.Kind;
-        const auto value = [&](uint32_t balance, uint32_t reconciled, int mode, uint32_t cleared, uint32_t cash,
-                               uint32_t noCash) {
-            state.BalanceView = balance;
-            state.ReconciledView = reconciled;
-            state.GraphMode = mode;
-            TRec seen = row;
-            seen.Cleared = cleared;
-            seen.Cash = cash;
-            seen.NoCash = noCash;
-            return GetGraphValue(seen, ChartShown() ? CountedIn::Segment : CountedIn::Plot);
-        };
-        EXPECT_EQ(value(1, 0, 1, 0, 0, 0), wanted.Balance);
-        EXPECT_EQ(value(1, 1, 1, 0, 0, 0), wanted.BalanceCleared);
-        EXPECT_EQ(value(0, 0, 1, 0, 0, 0), wanted.Plain);
-        EXPECT_EQ(value(1, 0, 5, 0, 0, 0), wanted.Plain) << "charts are of the value column";
-        EXPECT_EQ(value(0, 1, 1, 1, 0, 0), wanted.PlainCleared);
-        EXPECT_EQ(value(0, 1, 1, 0, 0, 0), wanted.Unclear);
-        EXPECT_EQ(value(0, 0, 1, 0, 1, 0), wanted.Cash);
-        EXPECT_EQ(value(0, 0, 4, 0, 1, 0), wanted.CashInAnalysis);
-        EXPECT_EQ(value(0, 0, 1, 0, 0, 1), wanted.Free);
-    }
-    state.AccountKind = ShareNumber;
-    row.Units = 2147484; // wraps
-    EXPECT_EQ(GetGraphValue(row), -2147483296);
-
-    // Totals count as what each entry adds; of prices the last one stands.
+TEST_F(Charts, TotalsCountAsWhatEachEntryAddsAndOfPricesTheLastOneStands) {
     std::vector<TRec> rows = {RowOf({"IBM", 2000}), RowOf({"IBM", 3000}), RowOf({"IBM", 0})};
     rows[0].Units = 5;
     rows[1].Units = -2;
@@ -205,8 +146,7 @@ TEST_F(Charts, AnEntryCountsByTheMeasureAndTheView) {
     rows[2].CashAmount = 44;
     rows[2].RunTotal = 12345;
     Write(rows);
-    state.GraphMode = PieChart;
-    state.ReconciledView = 0;
+    Show(PieIconX);
     constexpr struct {
         int Kind;
         const char *Told;

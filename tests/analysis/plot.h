@@ -5,14 +5,8 @@
 #include "analysis/graph_data.h"
 #include "analysis/graph_value.h"
 #include "analysis/regression.h"
-#include "host/test_host.h"
-#include "state/state.h"
+#include "chart_account.h"
 #include "store/catalogue.h"
-#include "store/windows.h"
-#include <cstring>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
 using namespace testhost;
 
@@ -43,10 +37,7 @@ protected:
         return rows;
     }
     void Write(const std::vector<TRec> &rows, const std::string &file = "E1_02A5") {
-        std::vector<uint8_t> bytes(rows.size() * sizeof(TRecFile));
-        for (size_t n = 0; n < rows.size(); ++n)
-            std::memcpy(bytes.data() + n * sizeof(TRecFile), &rows[n], sizeof(TRec));
-        WriteBytes(Root.DataFile(file), bytes);
+        WriteRecords(Root.DataFile(file), rows);
     }
     void Load(const std::vector<int64_t> &balances, int mode = PlainGraph, bool messages = false) {
         state.GraphMode = mode;

@@ -3,9 +3,6 @@
 #include "care/backup.h"
 #include "care/directories.h"
 
-namespace fs = std::filesystem;
-using namespace testhost;
-
 namespace {
 
 class Backup : public FullDevice {
@@ -14,23 +11,24 @@ protected:
 
     Backup() { fs::create_directories(Card); }
 
-    // "Backup ..." or "Restore ..." at the card, up to the tick.
-    static void Walk(int command) {
-        ASSERT_TRUE(SendCommand(command));
-        ASSERT_TRUE(Choose(DirectoryField, "Card"));
-    }
     static void Enter(const std::string &name) {
         ASSERT_TRUE(Choose(DirectoryField, name)) << name;
         SendEvent({.Kind = EventKind::Control, .Control = DirectoryField, .Change = ControlChange::DoublePressed});
     }
     static void MakeCopy() {
-        Walk(CommandBackup);
+        ASSERT_TRUE(AtCard(CommandBackup));
         SendCommand(CommandTick);
         EXPECT_EQ(state.ActiveDialog, NoDialog) << Lines();
     }
     static void BringBack() {
-        Walk(CommandRestore);
+        ASSERT_TRUE(AtCard(CommandRestore));
         SendCommand(CommandTick);
+    }
+    void PutCopy(const std::map<std::string, std::vector<uint8_t>> &files) const {
+        fs::remove_all(Copy);
+        fs::create_directories(Copy);
+        for (const auto &[name, bytes] : files)
+            WriteBytes(Copy + "/" + name, bytes);
     }
     // Changes that a restore takes back.
     void Spoil() {
@@ -55,10 +53,7 @@ TEST_F(Backup, TheDataAreCopiedAndComeBackAndWhatIsNoDataFileToo) {
     EXPECT_TRUE(Snapshot(Copy) == Snapshot(Data));
     EXPECT_EQ(fs::exists(Card + "/Zentk$B$zpy") || fs::exists(Card + "/Zentk$O$zpy"), false);
 
-    fs::remove_all(Copy);
-    fs::create_directories(Copy);
-    for (const auto &[name, bytes] : expected)
-        WriteBytes(Copy + "/" + name, bytes);
+    PutCopy(expected);
     BringBack();
     EXPECT_EQ(state.ActiveDialog, NoDialog);
     EXPECT_EQ(TextAt(ListWindow, Row(1)), "Current account | 516.00");
@@ -91,28 +86,19 @@ TEST_F(Backup, ACodeOfTheTimeOfTheBackupIsAskedForAtOnce) {
 TEST_F(Backup, OnlyABackupIsRestored) {
     MakeCopy();
     const auto good = Snapshot(Copy);
+    static const auto leave = [](const std::string &copy, int count, bool withConfiguration) {
+        for (const auto &[name, bytes] : Snapshot(copy))
+            if ((withConfiguration || name != "E1_03CON") && count-- <= 0)
+                fs::remove(copy + "/" + name);
+    };
     struct {
         const char *Why;
         void (*Spoil)(const std::string &copy);
         bool Valid;
     } const rows[] = {
         {"as it is", [](const std::string &) {}, true},
-        {"five files",
-         [](const std::string &copy) {
-             int left = 5;
-             for (const auto &[name, bytes] : Snapshot(copy))
-                 if (name != "E1_03CON" && left-- <= 1)
-                     fs::remove(copy + "/" + name);
-         },
-         false},
-        {"six files",
-         [](const std::string &copy) {
-             int left = 6;
-             for (const auto &[name, bytes] : Snapshot(copy))
-                 if (left-- <= 0)
-                     fs::remove(copy + "/" + name);
-         },
-         true},
+        {"five files", [](const std::string &copy) { leave(copy, 4, false); }, false},
+        {"six files", [](const std::string &copy) { leave(copy, 6, true); }, true},
         {"foreign files",
          [](const std::string &copy) {
              for (const auto &[name, bytes] : Snapshot(copy))
@@ -125,13 +111,10 @@ TEST_F(Backup, OnlyABackupIsRestored) {
     };
     for (const auto &row : rows) {
         SCOPED_TRACE(row.Why);
-        fs::remove_all(Copy);
-        fs::create_directories(Copy);
-        for (const auto &[name, bytes] : good)
-            WriteBytes(Copy + "/" + name, bytes);
+        PutCopy(good);
         row.Spoil(Copy);
         const auto before = Snapshot(Data);
-        Walk(CommandRestore);
+        ASSERT_TRUE(AtCard(CommandRestore));
         EXPECT_EQ(form.Controls[ProgressField].Progress, row.Valid ? 100 : 0);
         if (!row.Valid) {
             SendCommand(CommandTick);
@@ -147,7 +130,7 @@ TEST_F(Backup, AnInterruptedCopyIsToldAndAnInterruptedExchangeFound) {
     MakeCopy();
     const auto good = Snapshot(Copy);
     fs::create_directories(Card + "/Zentk$B$zpy");
-    Walk(CommandBackup);
+    ASSERT_TRUE(AtCard(CommandBackup));
     SendCommand(CommandTick);
     EXPECT_EQ(Lines(), "/An interrupted copy is in the way!/Remove Zentk$B$zpy/Zentk$D$ypz first///");
     EXPECT_TRUE(Snapshot(Copy) == good);
@@ -155,13 +138,13 @@ TEST_F(Backup, AnInterruptedCopyIsToldAndAnInterruptedExchangeFound) {
     fs::remove(Card + "/Zentk$B$zpy");
 
     fs::create_directories(root.HostPath("\\Program Files\\Zentrik\\Zentk$D$ypz"));
-    Walk(CommandRestore);
+    ASSERT_TRUE(AtCard(CommandRestore));
     SendCommand(CommandTick);
     EXPECT_EQ(Lines(), "/An interrupted copy is in the way!/Remove Zentk$B$zpy/Zentk$D$ypz first///");
     SendCommand(CommandCross);
 
     fs::rename(Copy, Card + "/Zentk$O$zpy"); // killed between the two renames
-    Walk(CommandRestore);
+    ASSERT_TRUE(AtCard(CommandRestore));
     EXPECT_EQ(form.Controls[ProgressField].Progress, 100);
     SendCommand(CommandCross);
     EXPECT_TRUE(Snapshot(Copy) == good);

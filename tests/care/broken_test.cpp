@@ -2,13 +2,9 @@
 #include "care.h"
 #include "exchange/export.h"
 #include "ledger/entries.h"
-#include "platform/text.h"
 #include "store/index.h"
 #include "store/operations.h"
 #include "store/windows.h"
-
-namespace fs = std::filesystem;
-using namespace testhost;
 
 namespace {
 
@@ -38,8 +34,7 @@ protected:
         ASSERT_EQ(state.DataUsable, 1U);
     }
     bool Holds(const char *name, const Bytes &record) const {
-        const Bytes bytes = ReadBytes(root.DataFile(name));
-        return std::search(bytes.begin(), bytes.end(), record.begin(), record.end()) != bytes.end();
+        return Contains(ReadBytes(root.DataFile(name)), record.data(), record.size());
     }
     // The data as they stand without anything broken.
     const std::string whole = root.Path() + "-whole";
@@ -108,6 +103,11 @@ TEST_F(BrokenSeal, NoChangeRestsOnItOrLosesIt) {
         SetText(field, "Changed");
         SendCommand(CommandTick);
     };
+    static const auto order = [](int account, int row, int command) {
+        OpenRow(account);
+        TapRow(row);
+        SendCommand(command);
+    };
     struct {
         const char *What;
         const CoveredFile &File;
@@ -130,27 +130,9 @@ TEST_F(BrokenSeal, NoChangeRestsOnItOrLosesIt) {
              SendKey(Key::Delete);
          },
          nullptr},
-        {"a range with it", current, 2,
-         [] {
-             OpenRow(1);
-             TapRow(3);
-             SendCommand(CommandDeletePreceding);
-         },
-         nullptr},
-        {"archived", current, 2,
-         [] {
-             OpenRow(1);
-             TapRow(3);
-             SendCommand(CommandArchive);
-         },
-         nullptr},
-        {"filtered", current, 3,
-         [] {
-             OpenRow(1);
-             TapRow(2);
-             SendCommand(ShowName);
-         },
-         nullptr},
+        {"a range with it", current, 2, [] { order(1, 3, CommandDeletePreceding); }, nullptr},
+        {"archived", current, 2, [] { order(1, 3, CommandArchive); }, nullptr},
+        {"filtered", current, 3, [] { order(1, 2, ShowName); }, nullptr},
         {"a new day", current, 2,
          [] {
              QuitProgram();

@@ -5,6 +5,9 @@
 #include <algorithm>
 #include <filesystem>
 
+namespace fs = std::filesystem;
+using namespace testhost;
+
 namespace testhost {
 
 // The middle of a digit of the dial, of the circle (10) and of the weight lifter (11), in device coordinates.
@@ -36,6 +39,10 @@ inline void SetLongCode(const std::string &code) {
     SetText(TextField, code);
     SendCommand(CommandTick);
 }
+// "Backup ..." or "Restore ..." up to the tick. False when the card could not be reached.
+inline bool AtCard(int command) {
+    return SendCommand(command) && Choose(DirectoryField, "Card");
+}
 inline std::string PassTitle() {
     return TextAt(state.StrongMode ? DialogWindow : HostWindow, {0, 0, 205, 21});
 }
@@ -52,6 +59,10 @@ inline int Sectors(Colour colour) {
     return sectors;
 }
 
+inline bool Contains(const std::vector<uint8_t> &bytes, const void *what, size_t count) {
+    const auto *from = static_cast<const uint8_t *>(what);
+    return std::search(bytes.begin(), bytes.end(), from, from + count) != bytes.end();
+}
 // The payloads of a record file; the spare tails mean nothing.
 inline std::vector<uint8_t> Payloads(const std::string &hostPath, FileKind kind) {
     const std::vector<uint8_t> bytes = ReadBytes(hostPath);

@@ -3,14 +3,10 @@
 #include "care.h"
 #include "cipher/hooks.h"
 #include "exchange/import.h"
-#include "platform/text.h"
 #include "records/fields.h"
 #include "store/lists.h"
 #include "store/operations.h"
 #include <span>
-
-namespace fs = std::filesystem;
-using namespace testhost;
 
 namespace {
 
@@ -19,11 +15,6 @@ using Bytes = std::vector<uint8_t>;
 constexpr int64_t MarkedAmount = 1234567890; // thousandths
 constexpr char MarkedText[] = "Zqx", MarkedWhole[] = "1234567", MarkedFraction[] = "89";
 constexpr char16_t MarkedUnits[] = u"Zqx";
-
-bool Contains(const Bytes &bytes, const void *what, size_t count) {
-    const auto *from = static_cast<const uint8_t *>(what);
-    return std::search(bytes.begin(), bytes.end(), from, from + count) != bytes.end();
-}
 
 // A record of the list with the marker in every text and amount.
 RecordBuffer Marked(int list) {
@@ -73,17 +64,24 @@ protected:
 void Tick() {
     SendCommand(CommandTick);
 }
-void Pick(int position) {
+// What a command or a key does to a row, from 1, of a list or of the one shown.
+template <typename What> void ToRow(int position, What what, int list = 0) {
+    if (list)
+        ShowScreen(list);
     state.SelectedPos[state.CurrentScreen] = position;
+    if constexpr (std::is_same_v<What, Key>)
+        SendKey(what);
+    else
+        SendCommand(what);
 }
-void FillEntry() {
-    SetText(TitleField, MarkedText);
+void FillEntry(int field = TitleField) {
+    SetText(field, MarkedText);
     SetText(WholeField, MarkedWhole);
     SetText(FractionField, MarkedFraction);
 }
-void NewEntry() {
+void NewEntry(int field = TitleField) {
     SendCommand(CommandNew);
-    FillEntry();
+    FillEntry(field);
 }
 void AddMarked() {
     for (const int list : {AccountList, RecurringList, TemplateList, BinList, CategoryList, ConversionList})
@@ -96,10 +94,7 @@ void Import() {
 }
 void NewRow(int list, int field) {
     ShowScreen(list);
-    SendCommand(CommandNew);
-    SetText(field, MarkedText);
-    SetText(WholeField, MarkedWhole);
-    SetText(FractionField, MarkedFraction);
+    NewEntry(field);
     Choose(AccountField, 1);
     Tick();
 }
@@ -130,70 +125,34 @@ const struct {
      }},
     {"an entry changed",
      [] {
-         Pick(4);
-         SendCommand(CommandModify);
+         ToRow(4, CommandModify);
          FillEntry();
          Tick();
      }},
     {"a stroke", [] { StrokeRow(3); }},
     {"a Reconcile entry",
      [] {
-         Pick(2);
-         SendCommand(CommandInsertReconcile);
+         ToRow(2, CommandInsertReconcile);
          Tick();
      }},
-    {"a Day marker",
-     [] {
-         Pick(2);
-         SendCommand(CommandInsertDay);
-     }},
-    {"into the bin",
-     [] {
-         Pick(5);
-         SendKey(Key::Delete);
-     }},
-    {"and back",
-     [] {
-         ShowScreen(BinList);
-         Pick(3);
-         SendKey(Key::Drop2);
-     }},
-    {"a filter",
-     [] {
-         ShowScreen(TransactionList);
-
-         Pick(2);
-         SendCommand(ExcludeName);
-     }},
+    {"a Day marker", [] { ToRow(2, CommandInsertDay); }},
+    {"into the bin", [] { ToRow(5, Key::Delete); }},
+    {"and back", [] { ToRow(3, Key::Drop2, BinList); }},
+    {"a filter", [] { ToRow(2, ExcludeName, TransactionList); }},
     {"no filter", [] { SendCommand(CommandFilterOff); }},
-    {"a template of an entry",
-     [] {
-         Pick(5);
-         SendKey(Key::Drop5);
-     }},
-    {"archived",
-     [] {
-         ShowScreen(TransactionList);
-         Pick(6);
-         SendCommand(CommandArchive);
-     }},
+    {"a template of an entry", [] { ToRow(5, Key::Drop5); }},
+    {"archived", [] { ToRow(6, CommandArchive, TransactionList); }},
     {"the archive filtered",
      [] {
          SendKey(Key::Header);
-         Pick(2);
-         SendCommand(ExcludeName);
+         ToRow(2, ExcludeName);
      }},
     {"unarchived",
      [] {
          SendCommand(CommandFilterOff);
-         Pick(2);
-         SendCommand(CommandUnarchive);
+         ToRow(2, CommandUnarchive);
      }},
-    {"a range deleted",
-     [] {
-         Pick(3);
-         SendCommand(CommandDeletePreceding);
-     }},
+    {"a range deleted", [] { ToRow(3, CommandDeletePreceding); }},
     {"an import", Import},
     {"a template", [] { NewRow(TemplateList, TitleField); }},
     {"a category", [] { NewRow(CategoryList, DescriptionField); }},
@@ -206,18 +165,9 @@ const struct {
          Tick();
      }},
     {"an account", [] { NewRow(AccountList, TextField); }},
-    {"an account moved",
-     [] {
-         ShowScreen(AccountList);
-         Pick(1);
-         SendKey(Key::RowDown);
-     }},
+    {"an account moved", [] { ToRow(1, Key::RowDown, AccountList); }},
     {"a Total marker", [] { StrokeRow(2); }},
-    {"an account deleted",
-     [] {
-         Pick(5);
-         SendKey(Key::Delete);
-     }},
+    {"an account deleted", [] { ToRow(5, Key::Delete); }},
     {"due items",
      [] {
          QuitProgram();

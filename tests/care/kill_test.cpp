@@ -4,9 +4,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace fs = std::filesystem;
-using namespace testhost;
-
 namespace {
 
 constexpr char Rows[] = "Current account | 516.00";
@@ -24,8 +21,7 @@ void TakeCodeOff() {
     SendCommand(CommandPasswordOff);
 }
 void CopyAway() {
-    SendCommand(CommandBackup);
-    Choose(DirectoryField, "Card");
+    AtCard(CommandBackup);
     SendCommand(CommandTick);
 }
 // Into data that the restore takes back.
@@ -36,8 +32,7 @@ void CopyAndSpoil() {
     SendKey(Key::Delete);
 }
 void BringBack() {
-    SendCommand(CommandRestore);
-    Choose(DirectoryField, "Card");
+    AtCard(CommandRestore);
     SendCommand(CommandTick);
 }
 constexpr Deed Deeds[] = {
@@ -135,8 +130,7 @@ protected:
         for (const auto &[list, count] : counts)
             EXPECT_EQ(state.EntryCount[list], count) << list;
         if (GetParam().Prepare == CopyAway || spoiled) {
-            SendCommand(CommandRestore);
-            Choose(DirectoryField, "Card");
+            AtCard(CommandRestore);
             EXPECT_EQ(form.Controls[ProgressField].Progress, 100) << "the backup is no backup any more";
             SendCommand(CommandCross);
         }
@@ -152,9 +146,7 @@ TEST_P(Kill, AtAnyWriteTheDataAreWhole) {
     // A change of key has as many writes as files and records: every one of the first and last, a sample between.
     for (int n = 1; n <= total; n += n < 6 || n > total - 12 ? 1 : 1 + total / 8) {
         SCOPED_TRACE(testing::Message() << "write " << n << " of " << total);
-        DiskSwitches switches;
-        switches.DieAt = n;
-        EndOn(switches, {});
+        EndOn({.DieAt = n}, {});
     }
     EXPECT_GE(kills, 3);
 }
@@ -183,25 +175,12 @@ TEST_P(Kill, WhateverALossOfPowerTakesTheDataAreWhole) {
 TEST_P(Kill, OnADiskThatRefusesOrIsFullTheDataAreWholeAndItIsTold) {
     Copied();
     const int total = DoOn(copy, {});
-    DiskSwitches full, unwritable;
-    full.Full = true;
-    unwritable.Unwritable = true;
-    std::vector<DiskSwitches> ways = {full, unwritable};
-    for (int n = 1; n <= total; n += n < 3 ? 1 : 1 + total / 5) {
-        DiskSwitches refusing;
-        refusing.FailAt = n;
-        refusing.FailOnward = n % 2 == 0;
-        refusing.TearWrite = true;
-        ways.push_back(refusing);
-    }
+    std::vector<DiskSwitches> ways = {{.Full = true}, {.Unwritable = true}};
+    for (int n = 1; n <= total; n += n < 3 ? 1 : 1 + total / 5)
+        ways.push_back({.FailAt = n, .FailOnward = n % 2 == 0, .TearWrite = true});
     for (const int n : {1, 4, 12, 40}) {
-        DiskSwitches blind;
-        blind.FailRead = n;
-        ways.push_back(blind);
-        blind.FailRead = 0;
-        blind.FailOpen = n;
-        blind.FailOnward = n == 12;
-        ways.push_back(blind);
+        ways.push_back({.FailRead = n});
+        ways.push_back({.FailOnward = n == 12, .FailOpen = n});
     }
     for (size_t n = 0; n < ways.size(); ++n) {
         SCOPED_TRACE(n);

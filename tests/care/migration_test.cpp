@@ -1,10 +1,7 @@
 // Data of the generation before, written byte by byte, and what an owner finds after the first start.
 #include "care.h"
 #include "care/migration.h"
-#include "platform/text.h"
-
-namespace fs = std::filesystem;
-using namespace testhost;
+#include "host/fuzz.h"
 
 namespace {
 
@@ -152,16 +149,15 @@ TEST_F(Migration, OnlyADirectoryJustMadeTakesOverAndOnlyFromOldData) {
 // Old files of noise, cut at odd places: they are taken over or refused, and nothing else happens.
 TEST_F(Migration, DamagedOldFilesDoNotStopTheRest) {
     const char *const names[] = {"IND", "A7", "R8", "NOT", "CON", "DD", "FAV", "BIN"};
-    uint32_t random = 1;
+    Dice dice(1);
     for (int round = 0; round < 24; ++round) {
         SCOPED_TRACE(round);
         fs::remove_all(root.DataFile(""));
         WriteAll();
         const std::string damaged = names[round % 8];
-        Bytes bytes = ReadBytes(Old + "/" + damaged);
+        Bytes bytes(ReadBytes(Old + "/" + damaged).size() * static_cast<size_t>(round % 3) / 2);
         for (uint8_t &byte : bytes)
-            byte = static_cast<uint8_t>((random = random * 1664525 + 1013904223) >> 24);
-        bytes.resize(bytes.size() * static_cast<size_t>(round % 3) / 2);
+            byte = static_cast<uint8_t>(dice.Below(256));
         WriteBytes(Old + "/" + damaged, bytes);
         fs::remove(Old + "/ZentErrorLog.txt");
         const auto before = Snapshot(Old);

@@ -110,15 +110,6 @@ TEST(Cipher, SealsAreTheKnownOnesAndBreakAtAnyChangedByte) {
     DropKey(key);
 }
 
-TEST(Cipher, AMachineWithoutTheOldCipherSaysSo) {
-    setenv("OPENSSL_MODULES", "/nowhere", 1);
-    EXPECT_FALSE(SuiteOffered(BlockSuite));
-    EXPECT_TRUE(SuiteOffered(SealedSuite));
-    EXPECT_EQ(DeriveKey(u"1234", BlockSuite, Salt), NoKey);
-    unsetenv("OPENSSL_MODULES");
-    EXPECT_TRUE(SuiteOffered(BlockSuite));
-}
-
 namespace {
 
 struct Hooks : testing::TestWithParam<int> {
@@ -169,13 +160,24 @@ TEST_P(Hooks, AnotherKeyAndAChangedRecordAreRefusedByTheVersionByte) {
     const Bytes plain = Record(FileKind::Accounts);
     Bytes covered = plain;
     ASSERT_TRUE(EncipherRecord(FileKind::Accounts, covered.data()));
-    const int32_t other = DeriveKey(u"1235", GetParam(), Salt);
-    Bytes read = covered;
-    EXPECT_EQ(DecipherUnder(other, FileKind::Accounts, read.data()), GetParam() == BlockSuite);
-    EXPECT_NE(read[0], RecordVersion);
-    ForgetKey(other);
+    Bytes read;
+    for (const char16_t *code : {u"1235", u"12345", u"", u"a code of thirty-one characters"}) {
+        const int32_t other = DeriveKey(code, GetParam(), Salt);
+        read = covered;
+        EXPECT_EQ(DecipherUnder(other, FileKind::Accounts, read.data()), GetParam() == BlockSuite);
+        EXPECT_NE(read[0], RecordVersion);
+        ForgetKey(other);
+    }
     if (GetParam() == BlockSuite)
-        return; // blocks notice nothing but this
+        return; // blocks notice nothing but this, and know no salt
+    constexpr uint8_t otherSalt[SaltBytes] = {};
+    const int32_t again = DeriveKey(u"1234", SealedSuite, Salt), salted = DeriveKey(u"1234", SealedSuite, otherSalt);
+    read = covered;
+    EXPECT_TRUE(DecipherUnder(again, FileKind::Accounts, read.data()));
+    read = covered;
+    EXPECT_FALSE(DecipherUnder(salted, FileKind::Accounts, read.data()));
+    ForgetKey(again);
+    ForgetKey(salted);
     for (const size_t at : {size_t{0}, size_t{300}, size_t{527}, size_t{528}, size_t{559}}) {
         read = covered;
         read[at] ^= 1;
@@ -188,23 +190,3 @@ TEST_P(Hooks, AnotherKeyAndAChangedRecordAreRefusedByTheVersionByte) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Suites, Hooks, testing::Values(+BlockSuite, +SealedSuite));
-
-TEST(Keys, AKeyIsOfItsCodeItsSaltAndItsSuite) {
-    const TestRoot root;
-    const char16_t *const codes[] = {u"1234", u"12345", u"", u"a code of thirty-one characters"};
-    uint8_t otherSalt[SaltBytes] = {};
-    for (const char16_t *code : codes) {
-        NoteFile note = {};
-        CopyText(note.Rec.Text, 100, u"the note");
-        const int32_t key = DeriveKey(code, SealedSuite, Salt);
-        ASSERT_TRUE(EncipherUnder(key, FileKind::Notepad, &note));
-        const int32_t again = DeriveKey(code, SealedSuite, Salt), salted = DeriveKey(code, SealedSuite, otherSalt);
-        NoteFile read = note;
-        EXPECT_FALSE(DecipherUnder(salted, FileKind::Notepad, &read));
-        read = note;
-        EXPECT_TRUE(DecipherUnder(again, FileKind::Notepad, &read));
-        EXPECT_EQ(Utf8(read.Rec.Text), "the note");
-        for (const int32_t used : {key, again, salted})
-            ForgetKey(used);
-    }
-}

@@ -19,6 +19,18 @@ inline void PutFile(const TestRoot &root, const std::string &name, const std::st
     WriteBytes(root.HostPath("\\" + name), {bytes.begin(), bytes.end()});
 }
 
+inline void PutRecords(const TestRoot &root, const std::string &name, const std::vector<TRecFile> &records) {
+    const auto *bytes = reinterpret_cast<const uint8_t *>(records.data());
+    WriteBytes(root.DataFile(name), {bytes, bytes + records.size() * sizeof(TRecFile)});
+}
+// These fields of each row, with '|' between the rows.
+inline std::string Told(const std::vector<TRec> &rows, const std::string &fields) {
+    std::string all;
+    for (const TRec &row : rows)
+        all += (all.empty() ? "" : " | ") + Fields(row, fields);
+    return all;
+}
+
 // An import or export into or out of the rows shown, as the one action that it is, and what the screens show after it.
 // What it came to; -1 when the action was refused.
 template <typename Exchanging, typename... Arguments> int Exchanged(Exchanging exchanging, Arguments... arguments) {
@@ -28,9 +40,12 @@ template <typename Exchanging, typename... Arguments> int Exchanged(Exchanging e
     return durable ? result : -1;
 }
 
-inline std::string Sample(const std::string &name) {
-    const std::vector<uint8_t> bytes = ReadBytes(std::string(PROJECT_DIRECTORY) + "/tests/exchange/samples/" + name);
+inline std::string TextOf(const std::string &hostPath) {
+    const std::vector<uint8_t> bytes = ReadBytes(hostPath);
     return {bytes.begin(), bytes.end()};
+}
+inline std::string Sample(const std::string &name) {
+    return TextOf(std::string(PROJECT_DIRECTORY) + "/tests/exchange/samples/" + name);
 }
 
 // "well/badly/as requested/unreadable of total", then each entry as "date name memo units value", with '|' between.

@@ -14,7 +14,6 @@ TEST(AmountForm, AnAmountIsReadForSureOrNotAtAll) {
     } cases[] = {
         {"", "0.0", "0.0"},
         {"12", "12.0", "12.0"},
-        {"-12", "-12.0", "-12.0"},
         {"  -12.5 ", "-12.5", "-12.5"},
         {"+7.25", "7.25", "7.25"},
         {".5", "0.5", "0.5"},
@@ -26,7 +25,6 @@ TEST(AmountForm, AnAmountIsReadForSureOrNotAtAll) {
         {"1,234", "1234.0", "1.234"},
         {"1.234", "1.234", "1.234"},
         {"12,50", "12.50", "12.50"},
-        {"12,5", "12.5", "12.5"},
         {"12,", "12.0", "12.0"},
         {"12,3456", nullptr, "12.3456"},
         {"1,234,567", "1234567.0", nullptr},
@@ -40,7 +38,6 @@ TEST(AmountForm, AnAmountIsReadForSureOrNotAtAll) {
          "1234.50", "1234.50"},
         {"12 34", nullptr, nullptr},
         {"10.00 5", nullptr, nullptr},
-        {"$1,000.00", "1000.00", nullptr},
         {"-$5.25", "-5.25", "-5.25"},
         {"\xE2\x82\xAC 5.25", "5.25", "5.25"},
         {"\xE2\x88\x92"
@@ -264,36 +261,25 @@ TEST_F(Lines, ACsvFileOfASpreadsheetGivesTheFormatsOwnLines) {
 }
 
 // The reference is the C library itself.
-int ScanByLibrary(const char *line, char (&fields)[9][1100], int (&numbers)[4]) {
+int ScanByLibrary(std::string line, char (&fields)[9][1100], int (&numbers)[4]) {
+    for (auto &field : fields)
+        field[0] = 0;
     char mark[2];
-    const auto scan = [&](const char *format, bool title, bool ref) {
-        for (auto &field : fields)
-            field[0] = 0;
-        char none[1100];
-        if (title && ref)
-            return std::sscanf(line, format, &numbers[0], &mark[0], &numbers[1], &mark[1], &numbers[2], fields[0],
-                               fields[1], &numbers[3], fields[2], fields[3], fields[4], fields[5], fields[6]);
-        char *text = title ? fields[0] : ref ? fields[1] : none;
-        if (title || ref)
-            return std::sscanf(line, format, &numbers[0], &mark[0], &numbers[1], &mark[1], &numbers[2], text,
-                               &numbers[3], fields[2], fields[3], fields[4], fields[5], fields[6]);
-        return std::sscanf(line, format, &numbers[0], &mark[0], &numbers[1], &mark[1], &numbers[2], &numbers[3],
-                           fields[2], fields[3], fields[4], fields[5], fields[6]);
-    };
-    const int whole = scan("%d%c%d%c%d,%[^,],%[^,],%d,%[^,],%[^,],%[^,],%[^,],%[^,]", true, true);
-    if (whole >= 10)
-        return whole;
-    if (whole == 6) {
-        const int count = scan("%d%c%d%c%d,%[^,],,%d,%[^,],%[^,],%[^,],%[^,],%[^,]", true, false);
-        return count >= 9 ? count + 1 : 0;
-    }
-    if (whole != 5)
+    int title = 0;
+    std::sscanf(line.c_str(), "%d%c%d%c%d,%n", &numbers[0], &mark[0], &numbers[1], &mark[1], &numbers[2], &title);
+    if (title == 0)
         return 0;
-    const int untitled = scan("%d%c%d%c%d,,%[^,],%d,%[^,],%[^,],%[^,],%[^,],%[^,]", false, true);
-    if (untitled != 5)
-        return untitled >= 9 ? untitled + 1 : 0;
-    const int bare = scan("%d%c%d%c%d,,,%d,%[^,],%[^,],%[^,],%[^,],%[^,]", false, false);
-    return bare >= 8 ? bare + 2 : 0;
+    // A scan takes no empty text: an empty title or reference gets one for it.
+    const bool untitled = line[static_cast<size_t>(title)] == ',';
+    line.insert(static_cast<size_t>(title), untitled ? "?" : "");
+    const size_t reference = line.find(',', static_cast<size_t>(title)) + 1;
+    const bool bare = reference > 0 && line[reference] == ',';
+    line.insert(reference, bare ? "?" : "");
+    const int count = std::sscanf(line.c_str(), "%d%c%d%c%d,%[^,],%[^,],%d,%[^,],%[^,],%[^,],%[^,],%[^,]", &numbers[0],
+                                  &mark[0], &numbers[1], &mark[1], &numbers[2], fields[0], fields[1], &numbers[3],
+                                  fields[2], fields[3], fields[4], fields[5], fields[6]);
+    fields[untitled ? 0 : 8][0] = fields[bare ? 1 : 8][0] = 0;
+    return count >= 10 ? count : 0;
 }
 
 TEST(Scans, TheSplitterAcceptsAndCountsWhatTheScansDo) {

@@ -33,10 +33,7 @@ public:
     }
     // "Date Name RunTotal" of each row of the current account.
     std::string Rows(const std::string &fields = "Date Name RunTotal") {
-        std::string all;
-        for (const TRec &row : Device::Rows(state.CurAccount.ID))
-            all += (all.empty() ? "" : " | ") + Fields(row, fields);
-        return all;
+        return Told(Device::Rows(state.CurAccount.ID), fields);
     }
     // An account without any record.
     void EmptyAccount(int type = ListRow) {
@@ -114,6 +111,10 @@ TEST_F(Imports, KindsOfAccountsChangeOnlyWhenTheyAreEmptyAndTheFileSaysSo) {
         {BankRow, nullptr, shares, ShareNumber, "12: 0/0/0/1/0 of 1"},
         {ListRow, nullptr, money, ListAccount, ""},
         {ShareRow, nullptr, money, BankAccount, "11: 0/0/0/1/0 of 1"},
+        {ListRow, nullptr, shares, ShareNumber, "12: 0/0/0/1/0 of 1"},
+        {ListRow, nullptr, "!Type:CASH\nD1/3/2026\nT5\n^\n", ListAccount, ""},
+        {ShareRow, nullptr, "!Type:ccard\nD1/3/2026\nT5\n^\n", BankAccount, "11: 0/0/0/1/0 of 1"},
+        {ListRow, nullptr, "!Type:AllXfr\n" + money, ListAccount, ""},
         {BankRow, &Imports::Csv, csvShares, ShareValue, "12: 0/0/0/1/0 of 1"},
         {ShareRow, &Imports::Csv, csvMoney, BankAccount, "11: 0/0/0/1/0 of 1"},
         {ListRow, &Imports::Csv, csvMoney, ListAccount, ""},
@@ -135,6 +136,9 @@ TEST_F(Imports, KindsOfAccountsChangeOnlyWhenTheyAreEmptyAndTheFileSaysSo) {
         EXPECT_EQ(import(), row.Refused) << row.File;
         EXPECT_EQ(Snapshot(root.DataFile("")), files) << row.File;
     }
+    MakeAccount("Full", ShareRow);
+    EXPECT_EQ(Qif(shares), "1: 1/0/0/0/0 of 1");
+    EXPECT_EQ(Account().AccType, uint32_t{ShareValue}) << "shares are welcome to shares, whatever they'd begin with";
     // What stands in the archive is of the account as well.
     EmptyAccount();
     const std::string live = root.DataFile("E1_02A" + std::to_string(state.CurAccount.ID));
@@ -144,6 +148,7 @@ TEST_F(Imports, KindsOfAccountsChangeOnlyWhenTheyAreEmptyAndTheFileSaysSo) {
     EXPECT_EQ(Csv(csvShares), "12: 0/0/0/1/0 of 1");
     EmptyAccount();
     EXPECT_EQ(Qif("D1/3/2026\nT5\n^\n"), "10: 0/0/0/1/0 of 1");
+    EXPECT_EQ(Qif("!Nothing\nD1/3/2026\nT5\n^\n"), "10: 0/0/0/1/0 of 1");
     EXPECT_EQ(Qif("!Type:Oth L\nD1/3/2026\nT5\n^\n"), "13: 0/0/0/1/0 of 1");
     EXPECT_EQ(Qif(""), "1: 0/0/0/0/0 of 0");
 }
@@ -170,10 +175,9 @@ TEST_F(Imports, EntriesLandWhereTheyWouldLandOneByOne) {
             old[n].Rec.Rank = seed % 4 ? 3 : 1 + static_cast<uint32_t>(dice.Below(4)); // each fourth is out of order
             old[n].Rec.Value = static_cast<int64_t>(n);
         }
-        const auto *bytes = reinterpret_cast<const uint8_t *>(old.data());
         const Place place = RowsOf(id, seed % 2 ? View::Live : View::Archive, Rows::All);
-        const std::string file = root.DataFile((seed % 2 ? "E1_02A" : "E1_02R") + std::to_string(id));
-        WriteBytes(file, {bytes, bytes + old.size() * sizeof(TRecFile)});
+        const std::string name = (seed % 2 ? "E1_02A" : "E1_02R") + std::to_string(id), file = root.DataFile(name);
+        PutRecords(root, name, old);
         std::vector<TRec> fresh(dice.Below(30) + 1);
         for (size_t n = 0; n < fresh.size(); ++n) {
             InitTRec(&fresh[n]);
@@ -272,13 +276,16 @@ TEST_F(Imports, AFileThatBreaksOffInTheMiddleBringsNothing) {
 
 TEST_F(Imports, TheSummaryAccountsForEveryEntryOfABadFile) {
     using namespace std::string_literals;
-    std::string many = "!Type:Bank\n";
-    for (int i = 0; i < 6000; ++i)
-        many += "D1/3/2026\nT0.001\n^\n";
+    std::string manyQif = "!Type:Bank\n", manyOfx = "<OFX>", manyCsv;
+    for (int i = 0; i < 6000; ++i) {
+        manyQif += "D1/3/2026\nT0.001\n^\n";
+        manyOfx += "<STMTTRN><DTPOSTED>20260302</STMTTRN>";
+        manyCsv += "3/3/2026,a,b,1,5,5,F,n,5\n";
+    }
     const struct {
         std::string File, Result;
     } cases[] = {
-        {many, "1: 5000/0/0/0/1000 of 6000"},
+        {manyQif, "1: 5000/0/0/0/1000 of 6000"},
         {"!Type:Bank\nD1/3/2026\nT5\nP" + std::string(100000, 'x') + "\n^\n", "1: 1/0/0/0/0 of 1"},
         {"!Type:Bank\nD1/3/2026\nT5\nP" + std::string(100000, 'x'), "1: 1/0/0/0/0 of 1"},
         {"!Type:Bank\nD1/13/2026\nD13/13/2026\n^\n", "1: 0/0/0/1/0 of 1"},
@@ -299,12 +306,14 @@ TEST_F(Imports, TheSummaryAccountsForEveryEntryOfABadFile) {
         std::string File, Result;
     } ofx[] = {
         {"<OFX><STMTTRN><DTPOSTED><TRNAMT><NAME><MEMO><FITID></STMTTRN><STMTTRN>", "1: 0/0/0/2/0 of 2"},
+        {manyOfx, "1: 5000/0/0/0/1000 of 6000"},
         {"<OFX><STMTTRN><DTPOSTED>20261301</STMTTRN>", "1: 0/0/0/1/0 of 1"},
         {"<OFX><STMTTRN><DTPOSTED>20260301<TRNAMT>" + std::string(40, '9') + "</STMTTRN>", "1: 0/0/0/1/0 of 1"},
         {"", "1: 0/0/0/0/0 of 0"},
     };
     for (const auto &row : ofx)
         EXPECT_EQ(Ofx(row.File), row.Result) << row.File;
+    EXPECT_EQ(Csv(manyCsv), "1: 5000/0/0/0/1000 of 6000");
     EXPECT_EQ(Csv("\"\"\";;\";\",,\"\n;;;;;;;;\n\"\"\"\"\n1;2;3;4;5;6;7;8;9\n"), "1: 0/0/0/3/0 of 3");
     for (const char *sample : {"ofx-hostile-1.ofx", "ofx-hostile-2.ofx"}) {
         EmptyAccount();

@@ -59,36 +59,7 @@ TEST_F(Readers, TheOrderOfDayAndMonthIsTheFilesElseTheDevices) {
     }
 }
 
-TEST_F(Readers, ContentThatDoesNotSuitTheAccountIsToldApart) {
-    const struct {
-        const char *Header;
-        int32_t Kind;
-        int Empty, Accepted;
-        ContentKind Content;
-        int32_t Becomes;
-    } cases[] = {
-        {"!Type:Bank", BankAccount, 0, 1, ContentKind::Money, BankAccount},
-        {"!Type:CASH", ListAccount, 0, 1, ContentKind::Money, ListAccount},
-        {"!Type:ccard", ShareCash, 1, 1, ContentKind::Money, BankAccount},
-        {"!Type:Bank", ShareCash, 0, 0, ContentKind::Money, ShareCash},
-        {"!Type:Invst", ShareCash, 0, 1, ContentKind::Shares, ShareCash},
-        {"!Type:Invst", BankAccount, 1, 1, ContentKind::Shares, ShareNumber},
-        {"!Type:Invst", ListAccount, 0, 0, ContentKind::Shares, ListAccount},
-        {"!Type:Oth A", BankAccount, 1, 0, ContentKind::Unsupported, BankAccount},
-        {"!Type:AllXfr\n!Type:Bank", BankAccount, 0, 1, ContentKind::Money, BankAccount},
-        {"!Nothing", BankAccount, 1, 0, ContentKind::Unknown, BankAccount},
-        {"", BankAccount, 1, 0, ContentKind::Unknown, BankAccount},
-    };
-    for (const auto &row : cases) {
-        Task.AccountKind = row.Kind;
-        Task.AccountEmpty = row.Empty;
-        Qif(std::string(row.Header) + "\nD1/1/2005\nT5\n^\n");
-        EXPECT_EQ(Batch->Accepted, row.Accepted) << row.Header;
-        EXPECT_EQ(Batch->Content, row.Content) << row.Header;
-        EXPECT_EQ(Batch->AccountKind, row.Becomes) << row.Header;
-        EXPECT_EQ(Counts(), row.Accepted ? "1/0/0/0 of 1" : "0/0/0/1 of 1") << row.Header;
-    }
-    // The section of another account in the same file is not mixed in.
+TEST_F(Readers, TheSectionOfAnotherAccountIsNotMixedIn) {
     Task = {.FirstDay = 0, .Security = u"", .AccountKind = 0, .AccountEmpty = 1, .DayFirst = 1, .Tell = nullptr};
     EXPECT_EQ(Qif("!Type:Bank\nD1/1/2005\n^\n!Type:Invst\nD1/1/2005\nNBuy\n^\n!Type:Bank\nD2/1/2005\n^\n"),
               "2/0/0/1 of 3: 2005-01-01, , , 1, 0 | 2005-01-02, , , 1, 0");
@@ -204,21 +175,6 @@ TEST_F(Readers, ACsvColumnOfEachKindSetsItsField) {
     EXPECT_EQ(Batch->Accepted, 0);
     Task.AccountKind = ShareCash;
     EXPECT_EQ((Csv(marker), Batch->Accepted), 0);
-}
-
-TEST_F(Readers, AFileOfMoreThanFiveThousandEntriesStopsThere) {
-    std::string qif = "!Type:Bank\n", ofx = "<OFX>", csv;
-    for (int i = 0; i < 6000; ++i) {
-        qif += "D1/1/2005\nT5\n^\n";
-        ofx += "<STMTTRN><DTPOSTED>20050101</STMTTRN>";
-        csv += "1/1/2005,a,b,1,5,5,F,n,5\n";
-    }
-    Qif(qif);
-    EXPECT_EQ(Counts(), "5000/0/0/0 of 6000");
-    Ofx(ofx);
-    EXPECT_EQ(Counts(), "5000/0/0/0 of 6000");
-    Csv(csv);
-    EXPECT_EQ(Counts(), "5000/0/0/0 of 6000");
 }
 
 TEST_F(Readers, AFileThatShrinksWhileItIsReadIsNotTakenForWhole) {
