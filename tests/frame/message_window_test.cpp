@@ -190,13 +190,6 @@ TEST_F(Messages, AnEmptyListAndTheGraphAreRepaintedWhole) {
     }
 }
 
-TEST_F(Messages, ARefusedDirectoryStaysExplained) {
-    EXPECT_EQ(AcceptVersion(2, In::LoadAccFile), 0);
-    EXPECT_EQ(TextAt(ListWindow, {0, 147, 240, 240}),
-              "Warning! | Wrong (future) version data | Can't use xx_Data directory | "
-              "To exit Help mode, tap the eyes below");
-}
-
 TEST_F(Messages, LeavingTheHubKeepsHelpAndItsLines) {
     ToggleEyes();
     ShowHelpMessage(1, 0, 466, 467, 470, 471, 0, 0);
