@@ -139,10 +139,18 @@ TEST_F(Device, WhatLeavesTheBinForGoodIsAskedOnce) {
     SendCommand(CommandEmptyBin);
     EXPECT_EQ(sizeAfter(Key::Drop6), 2);
     EXPECT_EQ(sizeAfter(Key::Drop6), 1);
+    SendCommand(CommandEmptyBin);
+    EXPECT_EQ(Ids(), "0,505,502,0,503,504"); // asked, in a window that opens for it
+    EXPECT_EQ(state.RowCount, 7);
+    EXPECT_EQ(sizeAfter(Key::Up), 1);
+    EXPECT_EQ(state.RowCount, 12);
     SendKey(Key::Help); // an owner's own help stays
     SendKey(Key::Delete);
     SendKey(Key::Escape);
     EXPECT_EQ(state.EntryCount[BinList], 1);
+    SendCommand(CommandEmptyBin);
+    SendCommand(CommandEmptyBin);
+    EXPECT_EQ(TextAt(TopWindow, {210, 0, 240, 15}), "0");
 }
 
 TEST_F(Device, ColumnsStayAsTheyWereDrawnWhateverEndsTheProgram) {
