@@ -7,7 +7,6 @@
 #include "host/test_host.h"
 #include "platform/shell.h"
 #include "platform/text.h"
-#include "state/error_log.h"
 #include "state/messages.h"
 #include "state/state.h"
 #include "store/windows.h"

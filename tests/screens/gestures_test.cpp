@@ -254,7 +254,7 @@ TEST_F(Device, ATransactionOfALostAccountStaysInTheBin) {
     EXPECT_EQ(AccountNames(), "Current account,Work expenses,Savings account");
 }
 
-TEST_F(Device, ColumnEdgesKeepTheirDistanceAndAreKept) {
+TEST_F(Device, ColumnEdgesKeepTheirDistance) {
     static constexpr struct {
         int Screen, Edge, From, To, Lands;
     } cases[] = {
@@ -269,11 +269,6 @@ TEST_F(Device, ColumnEdgesKeepTheirDistanceAndAreKept) {
         EXPECT_EQ(state.ColumnDragScreen, 0);
         EXPECT_TRUE(Remains(TopWindow).empty());
     }
-    QuitProgram();
-    ASSERT_TRUE(StartProgram());
-    ShowScreen(TransactionList);
-    for (const auto &row : {std::array{1, 1, 196}, std::array{2, 2, 74}, std::array{2, 3, 170}, std::array{5, 1, 77}})
-        EXPECT_NEAR(state.ColumnEdge[row[0]][row[1]], row[2], 1);
 }
 
 TEST_F(Device, RowsOfAListAccountAreDraggedByTheOwner) {

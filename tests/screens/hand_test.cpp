@@ -154,7 +154,7 @@ TEST_F(Device, WhatLeavesTheBinForGoodIsAskedOnce) {
 }
 
 TEST_F(Device, ColumnsStayAsTheyWereDrawnWhateverEndsTheProgram) {
-    constexpr int Screens[] = {AccountList, RecurringList, TemplateList, BinList, ConversionList};
+    constexpr int Screens[] = {AccountList, TransactionList, RecurringList, TemplateList, BinList, ConversionList};
     for (const int screen : Screens) {
         ShowScreen(screen);
         const int edge = state.ColumnEdge[screen][1];
@@ -165,10 +165,15 @@ TEST_F(Device, ColumnsStayAsTheyWereDrawnWhateverEndsTheProgram) {
     }
     int32_t drawn[ScreenCount + 1][5];
     std::memcpy(drawn, state.ColumnEdge, sizeof drawn);
-    ASSERT_TRUE(StartProgram()); // nobody closed it
-    for (const int screen : Screens)
-        for (int edge = 1; edge < 4; ++edge)
-            EXPECT_NEAR(state.ColumnEdge[screen][edge], drawn[screen][edge], 1) << screen;
+    for (const bool closed : {false, true}) {
+        if (closed)
+            QuitProgram();
+        ASSERT_TRUE(StartProgram());
+        ShowScreen(TransactionList);
+        for (const int screen : Screens)
+            for (int edge = 1; edge < 4; ++edge)
+                EXPECT_NEAR(state.ColumnEdge[screen][edge], drawn[screen][edge], 1) << screen;
+    }
 }
 
 TEST_F(Device, ShiftEnterTicksAndOpensTheNextEntryOfTheSameDay) {

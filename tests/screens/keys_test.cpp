@@ -2,7 +2,6 @@
 #include "device.h"
 #include "drawing/colours.h"
 #include "state/greys.h"
-#include <filesystem>
 
 namespace {
 
