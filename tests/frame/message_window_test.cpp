@@ -7,7 +7,6 @@
 #include "host/test_host.h"
 #include "platform/shell.h"
 #include "platform/text.h"
-#include "state/error_log.h"
 #include "state/messages.h"
 #include "state/state.h"
 #include "store/windows.h"
@@ -188,13 +187,6 @@ TEST_F(Messages, AnEmptyListAndTheGraphAreRepaintedWhole) {
         EXPECT_EQ(calls,
                   (std::vector<Call>{{ListWindow, PaintAll, screen, 7, 1}, {ListWindow, closing, screen, 12, 1}}));
     }
-}
-
-TEST_F(Messages, ARefusedDirectoryStaysExplained) {
-    EXPECT_EQ(AcceptVersion(2, In::LoadAccFile), 0);
-    EXPECT_EQ(TextAt(ListWindow, {0, 147, 240, 240}),
-              "Warning! | Wrong (future) version data | Can't use xx_Data directory | "
-              "To exit Help mode, tap the eyes below");
 }
 
 TEST_F(Messages, LeavingTheHubKeepsHelpAndItsLines) {

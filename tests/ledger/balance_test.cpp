@@ -1,5 +1,4 @@
 // Every stored total is the sum an owner would work out by hand.
-#include "host/fuzz.h"
 #include "input/commands.h"
 #include "ledger/jeopardy.h"
 #include "ledger/ledger_test.h"
@@ -210,21 +209,4 @@ TEST_F(Ledger, AWatchedLimitWarnsInTime) {
     state.ActiveDialog = AccountDialog;
     DoCommand(CommandJeopardyOn);
     EXPECT_EQ(Line(1), "First select a valid entry to modify!");
-}
-
-TEST_F(Ledger, RandomBytesInEveryFieldAreCountedAndKept) {
-    for (const uint32_t type : {+BankAccount, +ListAccount, +ShareValue, 0x80000005U}) {
-        const uint32_t account = NewAccount(type);
-        Dice dice(type);
-        std::vector<uint8_t> bytes(500 * 608 + 77);
-        for (uint8_t &byte : bytes)
-            byte = static_cast<uint8_t>(dice.Next());
-        bytes[0] = 1;
-        WriteBytes(Root.DataFile("E1_02A" + std::to_string(account)), bytes);
-        CalcBalance(account);
-        CheckT1totals();
-        for (int top = 1; top < 500; top += 37)
-            LoadTranFile(IDtoRec(account), top);
-        EXPECT_EQ(File(account).size() / 608, 500U);
-    }
 }

@@ -139,14 +139,22 @@ TEST_F(Device, WhatLeavesTheBinForGoodIsAskedOnce) {
     SendCommand(CommandEmptyBin);
     EXPECT_EQ(sizeAfter(Key::Drop6), 2);
     EXPECT_EQ(sizeAfter(Key::Drop6), 1);
+    SendCommand(CommandEmptyBin);
+    EXPECT_EQ(Ids(), "0,505,502,0,503,504"); // asked, in a window that opens for it
+    EXPECT_EQ(state.RowCount, 7);
+    EXPECT_EQ(sizeAfter(Key::Up), 1);
+    EXPECT_EQ(state.RowCount, 12);
     SendKey(Key::Help); // an owner's own help stays
     SendKey(Key::Delete);
     SendKey(Key::Escape);
     EXPECT_EQ(state.EntryCount[BinList], 1);
+    SendCommand(CommandEmptyBin);
+    SendCommand(CommandEmptyBin);
+    EXPECT_EQ(TextAt(TopWindow, {210, 0, 240, 15}), "0");
 }
 
 TEST_F(Device, ColumnsStayAsTheyWereDrawnWhateverEndsTheProgram) {
-    constexpr int Screens[] = {AccountList, RecurringList, TemplateList, BinList, ConversionList};
+    constexpr int Screens[] = {AccountList, TransactionList, RecurringList, TemplateList, BinList, ConversionList};
     for (const int screen : Screens) {
         ShowScreen(screen);
         const int edge = state.ColumnEdge[screen][1];
@@ -157,10 +165,15 @@ TEST_F(Device, ColumnsStayAsTheyWereDrawnWhateverEndsTheProgram) {
     }
     int32_t drawn[ScreenCount + 1][5];
     std::memcpy(drawn, state.ColumnEdge, sizeof drawn);
-    ASSERT_TRUE(StartProgram()); // nobody closed it
-    for (const int screen : Screens)
-        for (int edge = 1; edge < 4; ++edge)
-            EXPECT_NEAR(state.ColumnEdge[screen][edge], drawn[screen][edge], 1) << screen;
+    for (const bool closed : {false, true}) {
+        if (closed)
+            QuitProgram();
+        ASSERT_TRUE(StartProgram());
+        ShowScreen(TransactionList);
+        for (const int screen : Screens)
+            for (int edge = 1; edge < 4; ++edge)
+                EXPECT_NEAR(state.ColumnEdge[screen][edge], drawn[screen][edge], 1) << screen;
+    }
 }
 
 TEST_F(Device, ShiftEnterTicksAndOpensTheNextEntryOfTheSameDay) {

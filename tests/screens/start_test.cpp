@@ -77,41 +77,31 @@ TEST_F(Device, AnOwnerWhoseAccountsLieInTheBinIsNoNewOne) {
 TEST(Start, DataThatCanNotBeUsedAreRefusedInWordsAndLeftAlone) {
     static constexpr char Future[] = "Warning! | Wrong (future) version data | Can't use xx_Data directory | "
                                      "To exit Help mode, tap the eyes below";
-    constexpr struct {
-        const char *File;
-        size_t Offset;
-        uint8_t Byte;
-        const char *Told;
-    } cases[] = {
-        {"E1_01IND", 0, 2, Future}, {"E1_02A1", 0, 2, Future},  {"E1_04DD", 0, 2, Future},  {"E1_05FAV", 0, 2, Future},
-        {"E1_06BIN", 0, 2, Future}, {"E1_07CAT", 0, 2, Future}, {"E1_08CUR", 0, 2, Future},
-    };
     const auto told = [] { return TextAt(ListWindow, {0, 120, 240, 262}); };
-    for (const auto &row : cases) {
-        SCOPED_TRACE(row.File);
+    for (const char *file : {"E1_01IND", "E1_02A1", "E1_04DD", "E1_05FAV", "E1_06BIN", "E1_07CAT", "E1_08CUR"}) {
+        SCOPED_TRACE(file);
         TestRoot root;
         SetClock(2026, 3, 2);
         ASSERT_TRUE(StartProgram());
         ShowScreen(TemplateList);
         SendKey(Key::Delete); // something for the bin
         QuitProgram();
-        const std::vector<uint8_t> good = ReadBytes(root.DataFile(row.File));
+        const std::vector<uint8_t> good = ReadBytes(root.DataFile(file));
         std::vector<uint8_t> bytes = good;
-        ASSERT_GT(bytes.size(), row.Offset);
-        bytes[row.Offset] = row.Byte;
-        WriteBytes(root.DataFile(row.File), bytes);
+        bytes.at(0) = 2;
+        WriteBytes(root.DataFile(file), bytes);
         const auto before = Snapshot(root.Path());
         SetClock(2026, 3, 3); // a day on, totals and markers would move
         ASSERT_TRUE(StartProgram());
-        EXPECT_EQ(told(), row.Told);
+        EXPECT_EQ(told(), Future);
         EXPECT_EQ(state.RowCount, 7);
         EXPECT_FALSE(CommandEnabled(CommandEmptyBin));
         TryEverything();
-        EXPECT_EQ(told(), row.Told);
+        EXPECT_EQ(told(), Future);
         QuitProgram();
         EXPECT_FALSE(ProgramRuns());
         EXPECT_EQ(Snapshot(root.Path()), before);
-        WriteBytes(root.DataFile(row.File), good);
+        WriteBytes(root.DataFile(file), good);
         ASSERT_TRUE(StartProgram());
         EXPECT_EQ(state.DataUsable, 1U);
     }

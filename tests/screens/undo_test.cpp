@@ -12,9 +12,12 @@ namespace {
 
 using Files = std::map<std::string, std::vector<uint8_t>>;
 
-void Select(int screen, int position) {
+// Then the command, if any.
+void Select(int screen, int position, int command = 0) {
     ShowScreen(screen);
     state.SelectedPos[screen] = position;
+    if (command)
+        SendCommand(command);
 }
 bool Ticks(int id, const char *text) {
     const bool typed = SetText(id, text);
@@ -38,25 +41,14 @@ struct Step {
     std::function<void()> Before, Do;
 };
 const Step Steps[] = {
-    {Deed::Added, "a new entry",
-     [] {
-         Select(TransactionList, 1);
-         SendCommand(CommandNew);
-         SetText(WholeField, "12");
-     },
-     [] { Ticks(TitleField, "Bread"); }},
-    {Deed::Changed, "a change of an entry",
-     [] {
-         Select(TransactionList, 2);
-         SendCommand(CommandModify);
-     },
+    {Deed::Added, "a new entry", [] { Select(TransactionList, 1, CommandNew); }, [] { Ticks(TitleField, "Bread"); }},
+    {Deed::Changed, "a change of an entry", [] { Select(TransactionList, 2, CommandModify); },
      [] { Ticks(WholeField, "77"); }},
     {Deed::Deleted, "what was deleted", [] { Select(TransactionList, 2); }, [] { SendKey(Key::Delete); }},
     {Deed::Stroked, "the mark of a reconciled entry", [] { Select(TransactionList, 2); }, [] { SendKey(Key::Stroke); }},
     {Deed::Changed, "a change of an entry",
      [] {
-         Select(TransactionList, 2);
-         SendCommand(CommandHub);
+         Select(TransactionList, 2, CommandHub);
          state.CalcX = -9500;
          state.CalcLine = LineXKey;
      },
@@ -92,21 +84,12 @@ const Step Steps[] = {
      },
      [] { SendCommand(CommandDeletePreceding); }},
     {Deed::Sent, "what went to another list", [] { Select(BinList, 1); }, [] { SendKey(Key::Drop2); }},
-    {Deed::BinEmptied, "the emptying of the bin",
-     [] {
-         ShowScreen(BinList);
-         SendCommand(CommandEmptyBin);
-     },
+    {Deed::BinEmptied, "the emptying of the bin", [] { Select(BinList, 1, CommandEmptyBin); },
      [] { SendCommand(CommandEmptyBin); }},
     {Deed::Moved, "a move of a row", [] { Select(AccountList, 2); }, [] { SendKey(Key::RowUp); }},
     {Deed::Marked, "a marker", [] { Select(AccountList, 2); }, [] { SendKey(Key::Stroke); }},
     {Deed::Watched, "the watch on limits", [] { Select(AccountList, 1); }, [] { SendCommand(CommandJeopardyOn); }},
-    {Deed::Added, "a new entry",
-     [] {
-         ShowScreen(AccountList);
-         SendCommand(CommandNew);
-     },
-     [] { Ticks(TextField, "Cash"); }},
+    {Deed::Added, "a new entry", [] { Select(AccountList, 1, CommandNew); }, [] { Ticks(TextField, "Cash"); }},
     {Deed::Noted, "the notepad", [] { SendCommand(CommandNotepad); }, [] { Ticks(TextField, "Remember"); }},
     {Deed::Configured, "the settings", [] { SendCommand(CommandGeneral); },
      [] {

@@ -1,4 +1,5 @@
 // No entry is lost or doubled, whatever the disk does.
+#include "host/rows.h"
 #include "store/catalogue.h"
 #include "store/runs.h"
 #include "store/store_test.h"
@@ -17,10 +18,9 @@ TRec Entry(int number) {
 }
 
 std::vector<int> Numbers(const TestRoot &root, const char *file = "E1_02A5") {
-    const std::vector<uint8_t> bytes = ReadBytes(root.DataFile(file));
     std::vector<int> numbers;
-    for (size_t at = 0; at + 608 <= bytes.size(); at += 608)
-        numbers.push_back(bytes[at + 192] | bytes[at + 193] << 8);
+    for (const TRec &row : RecordsIn<TRec>(root.DataFile(file)))
+        numbers.push_back(static_cast<int>(row.Value));
     return numbers;
 }
 

@@ -25,6 +25,7 @@ TEST(Amounts, BoxesOfAFormAreReadToTheThousandth) {
         // clang-format off
         {u"", 0}, {u"12", 12}, {u"-12", 12}, {u"+12", 12}, {u"abc", 0}, {u"--3", 0}, {u"12345678", 12345678},
         {u"123456789", 12345678}, {u"-123456789", 12345678}, {u" 4", 4}, {u"4 4", 4},
+        {u"--5", 0}, {u"7.25", 7}, {u"1,000", 1}, {u"٣", 0},
         // clang-format on
     };
     for (const auto &c : wholes)
