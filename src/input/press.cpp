@@ -66,6 +66,8 @@ void SwitchArchiveView() {
     if (state.CurAccount.RowKind != HeadingRow && state.CurAccount.ID > 0) {
         LoadTranFile(state.SelectedPos[AccountList], 0);
         state.SelectedPos[TransactionList] = state.EntryCount[TransactionList];
+        if (screen == AccountList) // the marker of a new day may have moved, and brought its totals
+            ReloadList(AccountList, state.TopPos[AccountList]);
     } else {
         state.TranFileShown = 0; // the rows in memory are of the other view
     }
